@@ -1,0 +1,15 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds, and runs every test twice: a normal build and one under
+# AddressSanitizer and UndefinedBehaviorSanitizer.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+bash scripts/install-deps.sh
+export QT_QPA_PLATFORM=offscreen
+export ASAN_OPTIONS=detect_leaks=1:abort_on_error=1
+export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
+
+bash scripts/build.sh build
+(cd build && ctest --output-on-failure -j "$(nproc)")
+
+bash scripts/build.sh build-asan -DVELLUMRY_SANITIZE=ON -DVELLUMRY_BENCH=OFF
+(cd build-asan && ctest --output-on-failure -j "$(nproc)")
