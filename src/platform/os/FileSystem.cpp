@@ -1,0 +1,53 @@
+#include "os/FileSystem.h"
+
+#include <QByteArray>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QString>
+
+namespace os {
+
+namespace {
+
+// Large pictures are copied in pieces rather than read whole into memory.
+constexpr qint64 kCopyChunkBytes = qint64{1} << 20;
+
+QString ToQt(const std::string& path) { return QString::fromStdString(path); }
+
+}  // namespace
+
+bool FolderExists(const std::string& path) { return QFileInfo(ToQt(path)).isDir(); }
+
+bool FileExists(const std::string& path) { return QFileInfo(ToQt(path)).isFile(); }
+
+bool CopyFile(const std::string& from, const std::string& to, bool overwrite) {
+  if (!FileExists(from) || (!overwrite && QFileInfo::exists(ToQt(to)))) return false;
+  QFile in(ToQt(from));
+  QSaveFile out(ToQt(to));
+  if (!in.open(QIODevice::ReadOnly) || !out.open(QIODevice::WriteOnly)) return false;
+  for (QByteArray chunk; !(chunk = in.read(kCopyChunkBytes)).isEmpty();) {
+    if (out.write(chunk) != chunk.size()) return false;
+  }
+  return in.error() == QFileDevice::NoError && out.commit();
+}
+
+bool DeleteFile(const std::string& path) { return FileExists(path) && QFile::remove(ToQt(path)); }
+
+std::optional<std::string> ReadWholeFile(const std::string& path) {
+  if (!FileExists(path)) return std::nullopt;
+  QFile file(ToQt(path));
+  if (!file.open(QIODevice::ReadOnly)) return std::nullopt;
+  const QByteArray bytes = file.readAll();
+  if (file.error() != QFileDevice::NoError) return std::nullopt;
+  return bytes.toStdString();
+}
+
+bool WriteFileAtomically(const std::string& path, std::string_view bytes) {
+  QSaveFile out(ToQt(path));
+  if (!out.open(QIODevice::WriteOnly)) return false;
+  const auto size = static_cast<qint64>(bytes.size());
+  return out.write(bytes.data(), size) == size && out.commit();
+}
+
+}  // namespace os

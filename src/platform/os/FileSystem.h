@@ -1,0 +1,32 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+// Paths are UTF-8 strings. No function throws; each reports failure by its result.
+namespace os {
+
+// True when `path` names a folder (or a link to one).
+bool FolderExists(const std::string& path);
+
+// True when `path` names a regular file (or a link to one) whose length can be read.
+bool FileExists(const std::string& path);
+
+// Copies the file `from` to `to`. With `overwrite` false an existing `to` is left alone and the
+// copy fails. The copy goes through a temporary file beside `to` that is renamed over it at the
+// end, so `to` holds either its old bytes or all of the new ones. True on success.
+bool CopyFile(const std::string& from, const std::string& to, bool overwrite);
+
+// Deletes the file `path`. False when it isn't a file or can't be deleted.
+bool DeleteFile(const std::string& path);
+
+// The whole content of the file `path`; nullopt when it is missing or can't be read.
+std::optional<std::string> ReadWholeFile(const std::string& path);
+
+// Replaces the file `path` by `bytes`: written to a temporary file in the same folder, flushed
+// to disk and renamed over `path`. On failure `path` keeps its old bytes and no temporary file
+// stays behind. True on success.
+bool WriteFileAtomically(const std::string& path, std::string_view bytes);
+
+}  // namespace os

@@ -1,0 +1,50 @@
+#include "os/Folders.h"
+
+#include <unistd.h>
+
+#include <QDir>
+#include <QStandardPaths>
+#include <QString>
+#include <filesystem>
+#include <system_error>
+
+#include "os/FileSystem.h"
+#include "os/SettingsFile.h"
+
+namespace os {
+
+namespace {
+
+constexpr const char* kConfigFolderName = "/vellumry";
+
+bool FolderWritable(const std::string& path) { return ::access(path.c_str(), W_OK) == 0; }
+
+}  // namespace
+
+std::string ExecutableFolder() {
+  std::error_code error;
+  const auto exe = std::filesystem::read_symlink("/proc/self/exe", error);
+  return error ? std::string() : exe.parent_path().string();
+}
+
+std::string InstallFolder() { return ExecutableFolder(); }
+
+std::string PicturesFolder() {
+  const QString pictures = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
+  if (!pictures.isEmpty() && FolderExists(pictures.toStdString())) return pictures.toStdString();
+  return QDir::homePath().toStdString();
+}
+
+std::string SettingsFolderFor(const std::string& programFolder, const std::string& fallbackFolder) {
+  const std::string settings = programFolder + "/" + std::string(kSettingsFileName);
+  if (FileExists(settings) && FolderWritable(programFolder)) return programFolder;
+  QDir().mkpath(QString::fromStdString(fallbackFolder));
+  return fallbackFolder;
+}
+
+std::string SettingsFolder() {
+  const QString config = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+  return SettingsFolderFor(ExecutableFolder(), config.toStdString() + kConfigFolderName);
+}
+
+}  // namespace os

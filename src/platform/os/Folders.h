@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+
+// The folders the program works with. Paths are UTF-8, without a trailing '/'.
+namespace os {
+
+// The folder of the running executable; empty if it can't be found.
+std::string ExecutableFolder();
+
+// The install folder, which the program keeps as a per-user setting elsewhere; here it is
+// the executable's folder.
+std::string InstallFolder();
+
+// The user's pictures folder, or the home folder when there is none.
+std::string PicturesFolder();
+
+// Where the settings file and the link list live: `programFolder` when it holds the settings
+// file and may be written, else `fallbackFolder`, which is created when missing.
+std::string SettingsFolderFor(const std::string& programFolder, const std::string& fallbackFolder);
+
+// SettingsFolderFor the executable's folder and the program's folder in the user's
+// configuration folder ($XDG_CONFIG_HOME/vellumry).
+std::string SettingsFolder();
+
+}  // namespace os

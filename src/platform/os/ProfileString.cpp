@@ -1,0 +1,39 @@
+#include "os/ProfileString.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "os/FileSystem.h"
+#include "os/ProfileDocument.h"
+#include "os/Utf.h"
+
+namespace os {
+
+std::size_t GetPrivateProfileString(std::string_view section, std::string_view key,
+                                    std::string_view def, std::span<char32_t> buffer,
+                                    const std::string& file) {
+  if (buffer.empty()) return 0;
+  std::optional<std::string> value;
+  if (const auto bytes = ReadWholeFile(file)) value = ProfileDocument(*bytes).Value(section, key);
+  if (!value) value = std::string(def.substr(0, def.find_last_not_of(' ') + 1));
+  const std::u32string chars = CharsFromUtf8(*value);
+  const std::size_t count = std::min(chars.size(), buffer.size() - 1);
+  std::copy_n(chars.begin(), count, buffer.begin());
+  buffer[count] = U'\0';
+  return count;
+}
+
+bool WritePrivateProfileString(std::string_view section, std::string_view key,
+                               std::string_view value, const std::string& file) {
+  std::string bytes;
+  if (FileExists(file)) {
+    auto old = ReadWholeFile(file);
+    if (!old) return false;
+    bytes = std::move(*old);
+  }
+  ProfileDocument document(bytes);
+  document.SetValue(section, key, value);
+  return WriteFileAtomically(file, document.Bytes());
+}
+
+}  // namespace os

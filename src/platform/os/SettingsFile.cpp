@@ -1,0 +1,29 @@
+#include "os/SettingsFile.h"
+
+#include <algorithm>
+#include <cctype>
+
+#include "os/FileSystem.h"
+#include "os/ProfileDocument.h"
+
+namespace os {
+
+std::optional<std::string_view> DefaultSetting(std::string_view key) {
+  const auto sameKey = [key](const SettingDefault& setting) {
+    return std::ranges::equal(setting.key, key, [](unsigned char a, unsigned char b) {
+      return std::tolower(a) == std::tolower(b);
+    });
+  };
+  const auto found = std::ranges::find_if(kSettingDefaults, sameKey);
+  if (found == kSettingDefaults.end()) return std::nullopt;
+  return found->value;
+}
+
+bool CreateSettingsFileIfMissing(const std::string& path) {
+  if (FileExists(path)) return true;
+  ProfileDocument document("");
+  for (const auto& [key, value] : kSettingDefaults) document.SetValue(kSettingsSection, key, value);
+  return WriteFileAtomically(path, document.Bytes());
+}
+
+}  // namespace os

@@ -1,0 +1,57 @@
+#include "shell/INIFunctions.h"
+
+#include <algorithm>
+#include <cctype>
+#include <charconv>
+#include <optional>
+#include <span>
+#include <string_view>
+
+#include "os/ProfileString.h"
+#include "os/SettingsFile.h"
+#include "os/Utf.h"
+
+namespace {
+
+// What every read passes as the default, so that a missing key shows as no number.
+constexpr const char* kMissing = "?";
+
+std::optional<long> LeadingNumber(std::string_view text) {
+  const auto start = text.find_first_not_of(" \t");
+  if (start == std::string_view::npos) return std::nullopt;
+  text.remove_prefix(start);
+  if (text.starts_with('+')) text.remove_prefix(1);
+  const std::size_t digits = text.starts_with('-') ? 1 : 0;
+  if (text.size() <= digits || !std::isdigit(static_cast<unsigned char>(text[digits]))) {
+    return std::nullopt;
+  }
+  long number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error != std::errc()) return std::nullopt;
+  return number;
+}
+
+}  // namespace
+
+std::string ReadIni(const std::string& file, const std::string& section, const std::string& key,
+                    const std::string& def) {
+  // The platform call gets a buffer of 256 blanks and is told it holds 255.
+  std::u32string buffer(256, U' ');
+  const std::size_t count =
+      os::GetPrivateProfileString(section, key, def, std::span(buffer).first(255), file);
+  return os::Utf8FromChars(std::u32string_view(buffer).substr(0, count));
+}
+
+void WriteIni(const std::string& file, const std::string& section, const std::string& key,
+              const std::string& value) {
+  std::string line = value;
+  std::ranges::replace_if(
+      line, [](char c) { return c == '\r' || c == '\n'; }, ' ');
+  static_cast<void>(os::WritePrivateProfileString(section, key, line, file));
+}
+
+long ReadIniNumber(const std::string& file, const std::string& section, const std::string& key) {
+  if (const auto number = LeadingNumber(ReadIni(file, section, key, kMissing))) return *number;
+  const auto fallback = os::DefaultSetting(key);
+  return fallback ? LeadingNumber(*fallback).value_or(0) : 0;
+}
