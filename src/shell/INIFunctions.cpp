@@ -20,13 +20,15 @@ std::optional<long> LeadingNumber(std::string_view text) {
   const auto start = text.find_first_not_of(" \t");
   if (start == std::string_view::npos) return std::nullopt;
   text.remove_prefix(start);
-  if (text.starts_with('+')) text.remove_prefix(1);
-  const std::size_t digits = text.starts_with('-') ? 1 : 0;
-  if (text.size() <= digits || !std::isdigit(static_cast<unsigned char>(text[digits]))) {
+  std::string_view digits = text;
+  if (digits.starts_with('+') || digits.starts_with('-')) digits.remove_prefix(1);
+  if (digits.empty() || !std::isdigit(static_cast<unsigned char>(digits.front()))) {
     return std::nullopt;
   }
+  // from_chars takes a minus sign itself, so it starts there; a plus sign it must not see.
+  const char* first = text.starts_with('-') ? text.data() : digits.data();
   long number = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  const auto [end, error] = std::from_chars(first, text.data() + text.size(), number);
   if (error != std::errc()) return std::nullopt;
   return number;
 }

@@ -15,6 +15,10 @@ constexpr qint64 kCopyChunkBytes = qint64{1} << 20;
 
 QString ToQt(const std::string& path) { return QString::fromStdString(path); }
 
+// QSaveFile::commit can report success although the last buffered bytes failed to reach the
+// disk, so the flush is checked first; without a commit the temporary file is discarded.
+bool FlushAndCommit(QSaveFile& out) { return out.flush() && out.commit(); }
+
 }  // namespace
 
 bool FolderExists(const std::string& path) { return QFileInfo(ToQt(path)).isDir(); }
@@ -29,7 +33,7 @@ bool CopyFile(const std::string& from, const std::string& to, bool overwrite) {
   for (QByteArray chunk; !(chunk = in.read(kCopyChunkBytes)).isEmpty();) {
     if (out.write(chunk) != chunk.size()) return false;
   }
-  return in.error() == QFileDevice::NoError && out.commit();
+  return in.error() == QFileDevice::NoError && FlushAndCommit(out);
 }
 
 bool DeleteFile(const std::string& path) { return FileExists(path) && QFile::remove(ToQt(path)); }
@@ -47,7 +51,7 @@ bool WriteFileAtomically(const std::string& path, std::string_view bytes) {
   QSaveFile out(ToQt(path));
   if (!out.open(QIODevice::WriteOnly)) return false;
   const auto size = static_cast<qint64>(bytes.size());
-  return out.write(bytes.data(), size) == size && out.commit();
+  return out.write(bytes.data(), size) == size && FlushAndCommit(out);
 }
 
 }  // namespace os

@@ -1,0 +1,135 @@
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <QTemporaryDir>
+#include <csignal>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "os/FileSystem.h"
+#include "os/ProfileString.h"
+#include "os/TestFiles.h"
+
+namespace {
+
+using testfiles::FolderEntries;
+using testfiles::ReadBytes;
+using testfiles::WriteBytes;
+
+// Makes every write past `bytes` into a file fail, as a full disk would, for the scope's life.
+class FileSizeLimit {
+ public:
+  explicit FileSizeLimit(rlim_t bytes) {
+    getrlimit(RLIMIT_FSIZE, &old_limit_);
+    rlimit limit = old_limit_;
+    limit.rlim_cur = bytes;
+    setrlimit(RLIMIT_FSIZE, &limit);
+    old_handler_ = std::signal(SIGXFSZ, SIG_IGN);
+  }
+  ~FileSizeLimit() {
+    setrlimit(RLIMIT_FSIZE, &old_limit_);
+    std::signal(SIGXFSZ, old_handler_);
+  }
+  FileSizeLimit(const FileSizeLimit&) = delete;
+  FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+
+ private:
+  rlimit old_limit_{};
+  void (*old_handler_)(int) = nullptr;
+};
+
+class FileSystem : public ::testing::Test {
+ protected:
+  std::string Path(const char* name) const { return dir_.filePath(name).toStdString(); }
+  std::string Folder() const { return dir_.path().toStdString(); }
+
+  QTemporaryDir dir_;
+};
+
+TEST_F(FileSystem, TellsFilesFromFolders) {
+  WriteBytes(Path("a.jpg"), "x");
+  std::filesystem::create_directory(Path("sub"));
+  EXPECT_TRUE(os::FileExists(Path("a.jpg")));
+  EXPECT_FALSE(os::FileExists(Path("sub")));
+  EXPECT_FALSE(os::FileExists(Path("none.jpg")));
+  EXPECT_FALSE(os::FileExists(""));
+  EXPECT_TRUE(os::FolderExists(Path("sub")));
+  EXPECT_TRUE(os::FolderExists(Path("sub") + "/"));
+  EXPECT_FALSE(os::FolderExists(Path("a.jpg")));
+  EXPECT_FALSE(os::FolderExists(Path("none")));
+  EXPECT_FALSE(os::FolderExists(""));
+}
+
+TEST_F(FileSystem, DeletesFilesOnly) {
+  WriteBytes(Path("a.jpg"), "x");
+  std::filesystem::create_directory(Path("sub"));
+  EXPECT_TRUE(os::DeleteFile(Path("a.jpg")));
+  EXPECT_FALSE(std::filesystem::exists(Path("a.jpg")));
+  EXPECT_FALSE(os::DeleteFile(Path("a.jpg")));
+  EXPECT_FALSE(os::DeleteFile(Path("sub")));
+  EXPECT_TRUE(std::filesystem::is_directory(Path("sub")));
+}
+
+TEST_F(FileSystem, CopiesAndHonoursTheOverwriteFlag) {
+  const std::string big(3 << 20, '\x7f');  // more than one copy chunk
+  WriteBytes(Path("src.bin"), big);
+  ASSERT_TRUE(os::CopyFile(Path("src.bin"), Path("copy.bin"), false));
+  EXPECT_EQ(ReadBytes(Path("copy.bin")), big);
+
+  WriteBytes(Path("old.bin"), "old");
+  EXPECT_FALSE(os::CopyFile(Path("src.bin"), Path("old.bin"), false));
+  EXPECT_EQ(ReadBytes(Path("old.bin")), "old");
+  EXPECT_TRUE(os::CopyFile(Path("src.bin"), Path("old.bin"), true));
+  EXPECT_EQ(ReadBytes(Path("old.bin")), big);
+
+  EXPECT_FALSE(os::CopyFile(Path("missing.bin"), Path("new.bin"), true));
+  EXPECT_FALSE(std::filesystem::exists(Path("new.bin")));
+}
+
+TEST_F(FileSystem, ReadsWholeFiles) {
+  WriteBytes(Path("t.txt"), std::string("a\0b\r\n", 5));
+  EXPECT_EQ(os::ReadWholeFile(Path("t.txt")), std::string("a\0b\r\n", 5));
+  EXPECT_EQ(os::ReadWholeFile(Path("none.txt")), std::nullopt);
+}
+
+// A write that breaks off half way (here: the disk is "full") leaves the old bytes whole and no
+// temporary file behind, for every writer that replaces a file.
+TEST_F(FileSystem, AWriteThatBreaksOffKeepsTheOldFile) {
+  const std::string settings = "[Settings]\nrows=4\n";
+  WriteBytes(Path("s.ini"), settings);
+  WriteBytes(Path("list0.txt"), "A*%*/a*%*");
+  WriteBytes(Path("big.bin"), std::string(4096, 'b'));
+  const std::vector<std::string> before = FolderEntries(Folder());
+  {
+    const FileSizeLimit limit(64);
+    EXPECT_FALSE(
+        os::WritePrivateProfileString("Settings", "dest", std::string(200, 'd'), Path("s.ini")));
+    EXPECT_FALSE(os::WriteFileAtomically(Path("list0.txt"), std::string(500, 'x')));
+    EXPECT_FALSE(os::CopyFile(Path("big.bin"), Path("s.ini"), true));
+  }
+  EXPECT_EQ(ReadBytes(Path("s.ini")), settings);
+  EXPECT_EQ(ReadBytes(Path("list0.txt")), "A*%*/a*%*");
+  EXPECT_EQ(FolderEntries(Folder()), before);
+}
+
+TEST_F(FileSystem, AReadOnlyFolderKeepsTheOldFile) {
+  WriteBytes(Path("s.ini"), "[Settings]\nrows=4\n");
+  {
+    const testfiles::ReadOnlyFolder read_only(Folder());
+    if (!read_only.Binds()) GTEST_SKIP() << "folder permissions don't bind this user";
+    EXPECT_FALSE(os::WritePrivateProfileString("Settings", "rows", "9", Path("s.ini")));
+  }
+  EXPECT_EQ(ReadBytes(Path("s.ini")), "[Settings]\nrows=4\n");
+  EXPECT_EQ(FolderEntries(Folder()), std::vector<std::string>{"s.ini"});
+}
+
+TEST_F(FileSystem, WritesWholeFilesCreatingOrReplacing) {
+  ASSERT_TRUE(os::WriteFileAtomically(Path("list0.txt"), "*%*"));
+  EXPECT_EQ(ReadBytes(Path("list0.txt")), "*%*");
+  ASSERT_TRUE(os::WriteFileAtomically(Path("list0.txt"), "A*%*/a*%*"));
+  EXPECT_EQ(ReadBytes(Path("list0.txt")), "A*%*/a*%*");
+  EXPECT_FALSE(os::WriteFileAtomically(Path("no/such/folder.txt"), "x"));
+}
+
+}  // namespace

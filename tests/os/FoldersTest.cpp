@@ -1,0 +1,90 @@
+#include <gtest/gtest.h>
+
+#include <QTemporaryDir>
+#include <cstdlib>
+#include <filesystem>
+#include <optional>
+#include <string>
+
+#include "os/FileSystem.h"
+#include "os/Folders.h"
+#include "os/TestFiles.h"
+
+namespace {
+
+// Sets an environment variable for the scope's life.
+class ScopedEnv {
+ public:
+  ScopedEnv(const char* name, const std::string& value) : name_(name) {
+    if (const char* old = std::getenv(name)) old_ = old;
+    setenv(name, value.c_str(), 1);
+  }
+  ~ScopedEnv() {
+    if (old_) {
+      setenv(name_, old_->c_str(), 1);
+    } else {
+      unsetenv(name_);
+    }
+  }
+  ScopedEnv(const ScopedEnv&) = delete;
+  ScopedEnv& operator=(const ScopedEnv&) = delete;
+
+ private:
+  const char* name_;
+  std::optional<std::string> old_;
+};
+
+class Folders : public ::testing::Test {
+ protected:
+  std::string Path(const char* name) const { return dir_.filePath(name).toStdString(); }
+
+  QTemporaryDir dir_;
+};
+
+TEST_F(Folders, SettingsStayBesideAWritableProgramThatHoldsThem) {
+  std::filesystem::create_directory(Path("program"));
+  testfiles::WriteBytes(Path("program/OstrelWorks.INI"), "[Settings]\n");
+  EXPECT_EQ(os::SettingsFolderFor(Path("program"), Path("config/vellumry")), Path("program"));
+  EXPECT_FALSE(std::filesystem::exists(Path("config"))) << "the fallback is made only when used";
+}
+
+TEST_F(Folders, SettingsGoToTheFallbackWhenTheProgramFolderHasNone) {
+  std::filesystem::create_directory(Path("program"));
+  testfiles::WriteBytes(Path("program/list0.txt"), "*%*");
+  EXPECT_EQ(os::SettingsFolderFor(Path("program"), Path("config/vellumry")),
+            Path("config/vellumry"));
+  EXPECT_TRUE(os::FolderExists(Path("config/vellumry")));
+}
+
+TEST_F(Folders, SettingsGoToTheFallbackWhenTheProgramFolderIsReadOnly) {
+  std::filesystem::create_directory(Path("program"));
+  testfiles::WriteBytes(Path("program/OstrelWorks.INI"), "[Settings]\n");
+  const testfiles::ReadOnlyFolder read_only(Path("program"));
+  if (!read_only.Binds()) GTEST_SKIP() << "folder permissions don't bind this user";
+  EXPECT_EQ(os::SettingsFolderFor(Path("program"), Path("config/vellumry")),
+            Path("config/vellumry"));
+}
+
+TEST_F(Folders, SettingsFolderFallsBackToTheUsersConfigFolder) {
+  const ScopedEnv config("XDG_CONFIG_HOME", Path("xdg"));
+  // The test binary's folder holds no settings file.
+  EXPECT_EQ(os::SettingsFolder(), Path("xdg") + "/vellumry");
+  EXPECT_TRUE(os::FolderExists(Path("xdg") + "/vellumry"));
+}
+
+TEST_F(Folders, ExecutableFolderHoldsTheRunningProgram) {
+  EXPECT_TRUE(os::FileExists(os::ExecutableFolder() + "/os_tests"));
+}
+
+TEST_F(Folders, PicturesFolderIsTheUsersOrElseHome) {
+  const ScopedEnv home("HOME", Path("home"));
+  const ScopedEnv config("XDG_CONFIG_HOME", Path("home/.config"));
+  std::filesystem::create_directories(Path("home/.config"));
+  EXPECT_EQ(os::PicturesFolder(), Path("home")) << "no pictures folder yet";
+
+  std::filesystem::create_directory(Path("home/Bilder"));
+  testfiles::WriteBytes(Path("home/.config/user-dirs.dirs"), "XDG_PICTURES_DIR=\"$HOME/Bilder\"\n");
+  EXPECT_EQ(os::PicturesFolder(), Path("home/Bilder"));
+}
+
+}  // namespace

@@ -1,0 +1,77 @@
+#include <gtest/gtest.h>
+
+#include <QTemporaryDir>
+#include <string>
+
+#include "os/TestFiles.h"
+#include "shell/INIFunctions.h"
+
+namespace {
+
+class INIFunctions : public ::testing::Test {
+ protected:
+  void Given(const std::string& bytes) { testfiles::WriteBytes(file_, bytes); }
+  std::string Read(const std::string& key) { return ReadIni(file_, "Settings", key, "?"); }
+  long Number(const std::string& key) { return ReadIniNumber(file_, "Settings", key); }
+
+  QTemporaryDir dir_;
+  std::string file_ = dir_.filePath("OstrelWorks.INI").toStdString();
+};
+
+TEST_F(INIFunctions, ReadsValuesEmptyValuesAndDefaults) {
+  Given("[Settings]\nROWS=4\ndest=\nshowll=\n");
+  EXPECT_EQ(Read("rows"), "4");
+  EXPECT_EQ(Read("dest"), "");
+  EXPECT_EQ(Read("showll"), "") << "empty, so not the \"?\" of a missing key";
+  EXPECT_EQ(Read("slsh"), "?");
+  EXPECT_EQ(ReadIni(dir_.filePath("none.ini").toStdString(), "Settings", "rows", "?"), "?");
+}
+
+TEST_F(INIFunctions, AValueOf300CharactersReadsBackAsItsFirst254) {
+  const std::string value = std::string(150, 'a') + std::string(150, 'b');
+  WriteIni(file_, "Settings", "dest", value);
+  EXPECT_EQ(Read("dest"), value.substr(0, 254));
+}
+
+TEST_F(INIFunctions, LineBreaksAreWrittenAsBlanksOnOneLine) {
+  Given("[Settings]\nrows=4\n");
+  WriteIni(file_, "Settings", "dest", "a\r\nb\nc\rd");
+  EXPECT_EQ(testfiles::ReadBytes(file_), "[Settings]\nrows=4\ndest=a  b c d\n");
+  EXPECT_EQ(Read("dest"), "a  b c d");
+}
+
+TEST_F(INIFunctions, WritesReplaceTheKeyAndKeepTheRest) {
+  Given("; mine\n[Settings]\nInw=>\nrows=4\n");
+  WriteIni(file_, "Settings", "inw", "<");
+  EXPECT_EQ(testfiles::ReadBytes(file_), "; mine\n[Settings]\nInw=<\nrows=4\n");
+}
+
+TEST_F(INIFunctions, AFailedWriteIsSilent) {
+  WriteIni(dir_.filePath("no/folder.ini").toStdString(), "Settings", "rows", "4");
+  EXPECT_EQ(ReadIni(dir_.filePath("no/folder.ini").toStdString(), "Settings", "rows", "?"), "?");
+}
+
+TEST_F(INIFunctions, NumbersReadLikeDecimalText) {
+  Given("[Settings]\nrows= 7\nslsh=-15\ngformc=+255\ngselfrc=12abc\nbeeps=0\n");
+  EXPECT_EQ(Number("rows"), 7);
+  EXPECT_EQ(Number("slsh"), -15);
+  EXPECT_EQ(Number("gformc"), 255);
+  EXPECT_EQ(Number("gselfrc"), 12) << "what follows the digits is ignored";
+  EXPECT_EQ(Number("beeps"), 0);
+}
+
+TEST_F(INIFunctions, ANumericKeyWithoutANumberReadsAsItsDefault) {
+  Given(
+      "[Settings]\nrows=abc\nslsh=\ngformc=-\ngselfrc=+-5\nshowmb=99999999999999999999999\n"
+      "dest=x\n");
+  EXPECT_EQ(Number("rows"), 4);
+  EXPECT_EQ(Number("slsh"), 5);
+  EXPECT_EQ(Number("gformc"), 4210752);
+  EXPECT_EQ(Number("gselfrc"), 33023);
+  EXPECT_EQ(Number("showmb"), 1) << "too large for a number";
+  EXPECT_EQ(Number("anigifp"), 1) << "missing";
+  EXPECT_EQ(Number("dest"), 0) << "a text key has no numeric default";
+  EXPECT_EQ(Number("unknown"), 0);
+}
+
+}  // namespace
