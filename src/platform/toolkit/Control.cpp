@@ -1,0 +1,163 @@
+#include "platform/toolkit/Control.h"
+
+#include <charconv>
+
+#include "platform/toolkit/Form.h"
+#include "platform/toolkit/Runtime.h"
+
+namespace tk {
+
+const char* kindName(Kind kind) {
+  switch (kind) {
+    case Kind::Form: return "Form";
+    case Kind::Frame: return "Frame";
+    case Kind::PictureBox: return "PictureBox";
+    case Kind::Image: return "Image";
+    case Kind::Label: return "Label";
+    case Kind::TextBox: return "TextBox";
+    case Kind::CommandButton: return "CommandButton";
+    case Kind::CheckBox: return "CheckBox";
+    case Kind::ListBox: return "ListBox";
+    case Kind::FileListBox: return "FileListBox";
+    case Kind::ComboBox: return "ComboBox";
+    case Kind::VScrollBar: return "VScrollBar";
+    case Kind::HScrollBar: return "HScrollBar";
+    case Kind::Shape: return "Shape";
+    case Kind::Timer: return "Timer";
+    case Kind::Menu: return "Menu";
+    case Kind::TabStrip: return "TabStrip";
+    case Kind::CommonDialog: return "CommonDialog";
+  }
+  return "Control";
+}
+
+Control::Control(Form* form, std::string name, Kind kind)
+    : form_(form ? form : static_cast<Form*>(this)), name_(std::move(name)), kind_(kind) {
+  if (form) {
+    container_ = form;
+    form->adopt(this);
+  }
+}
+
+Control::Control(const Control& other)
+    : EventSet<>(),
+      form_(other.form_),
+      name_(other.name_),
+      kind_(other.kind_),
+      index_(other.index_),
+      container_(other.container_),
+      left_(other.left_),
+      top_(other.top_),
+      width_(other.width_),
+      height_(other.height_),
+      visible_(false),
+      enabled_(other.enabled_),
+      toolTip_(other.toolTip_),
+      tag_(other.tag_) {
+  form_->adopt(this);
+}
+
+Control::~Control() {
+  if (form_ != this) form_->release(this);
+}
+
+Runtime& Control::runtime() const { return form_->runtime(); }
+
+void Control::changed(std::string_view property) {
+  if (Observer* o = runtime().observer()) o->propertyChanged(*this, property);
+}
+
+void Control::setContainer(Control* container) {
+  container_ = container;
+  changed("Container");
+}
+
+#define TK_SETTER(member, Prop)   \
+  if (member == v) return;        \
+  member = v;                     \
+  changed(Prop);
+
+void Control::setLeft(double v) { TK_SETTER(left_, "Left") }
+void Control::setTop(double v) { TK_SETTER(top_, "Top") }
+void Control::setWidth(double v) {
+  if (v < 0) raise(err::InvalidProperty, "Width");
+  TK_SETTER(width_, "Width")
+}
+void Control::setHeight(double v) {
+  if (v < 0) raise(err::InvalidProperty, "Height");
+  TK_SETTER(height_, "Height")
+}
+void Control::setVisible(bool v) { TK_SETTER(visible_, "Visible") }
+void Control::setEnabled(bool v) { TK_SETTER(enabled_, "Enabled") }
+void Control::setToolTipText(const std::string& v) { TK_SETTER(toolTip_, "ToolTipText") }
+#undef TK_SETTER
+
+void Control::Move(double left, double top, double width, double height) {
+  setLeft(left);
+  setTop(top);
+  setWidth(width);
+  setHeight(height);
+}
+
+bool Control::reachable() const {
+  for (const Control* c = this; c; c = c == form_ ? nullptr : c->container_)
+    if (!c->visible_ || !c->enabled_) return false;
+  return true;
+}
+
+void Control::SetFocus() {
+  if (!focusable()) raise(err::NotSupported, "SetFocus");
+  if (!reachable()) raise(err::InvalidCall, "SetFocus on " + name_);
+  form_->focus(this);
+}
+
+const std::vector<Property>& Control::properties() const {
+  static const std::vector<Property> props = {
+      prop<Control, &Control::Name>("Name"),
+      prop<Control, &Control::Index>("Index"),
+      prop<Control, &Control::Left, &Control::setLeft>("Left"),
+      prop<Control, &Control::Top, &Control::setTop>("Top"),
+      prop<Control, &Control::Width, &Control::setWidth>("Width"),
+      prop<Control, &Control::Height, &Control::setHeight>("Height"),
+      prop<Control, &Control::Visible, &Control::setVisible>("Visible"),
+      prop<Control, &Control::Enabled, &Control::setEnabled>("Enabled"),
+      prop<Control, &Control::ToolTipText, &Control::setToolTipText>("ToolTipText"),
+      prop<Control, &Control::Tag, &Control::setTag>("Tag"),
+  };
+  return props;
+}
+
+std::pair<std::string_view, std::optional<int>> splitIndex(std::string_view text) {
+  auto open = text.find('(');
+  if (open == std::string_view::npos || text.back() != ')') return {text, std::nullopt};
+  std::string_view digits = text.substr(open + 1, text.size() - open - 2);
+  int index = 0;
+  auto [end, ec] = std::from_chars(digits.data(), digits.data() + digits.size(), index);
+  if (ec != std::errc() || end != digits.data() + digits.size()) return {text, std::nullopt};
+  return {text.substr(0, open), index};
+}
+
+Value Control::get(std::string_view property) const {
+  auto [name, index] = splitIndex(property);
+  for (const Property& p : properties()) {
+    if (!iequals(p.name, name)) continue;
+    if (index) {
+      if (!p.getAt) raise(err::NotSupported, std::string(property));
+      return p.getAt(*this, *index);
+    }
+    return p.get(*this);
+  }
+  raise(err::NotSupported, std::string(property));
+}
+
+void Control::set(std::string_view property, const Value& v) {
+  for (const Property& p : properties()) {
+    if (!iequals(p.name, property)) continue;
+    if (!p.set) raise(err::NotSupported, std::string(property) + " is read-only");
+    p.set(*this, v);
+    return;
+  }
+  raise(err::NotSupported, std::string(property));
+}
+
+}  // namespace tk

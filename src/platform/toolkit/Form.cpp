@@ -1,0 +1,164 @@
+#include "platform/toolkit/Form.h"
+
+#include <algorithm>
+
+#include "platform/toolkit/Menu.h"
+#include "platform/toolkit/PropertyList.h"
+#include "platform/toolkit/Runtime.h"
+
+namespace tk {
+
+Form::Form(Runtime& runtime, std::string name)
+    : Control(nullptr, std::move(name), Kind::Form), runtime_(runtime) {
+  Control::setVisible(false);
+  onClick = [this] { Form_Click(); };
+  onDblClick = [this] { Form_DblClick(); };
+  onMouseDown = [this](int b, int s, double x, double y) { Form_MouseDown(b, s, x, y); };
+  onMouseUp = [this](int b, int s, double x, double y) { Form_MouseUp(b, s, x, y); };
+  onMouseMove = [this](int b, int s, double x, double y) { Form_MouseMove(b, s, x, y); };
+  onKeyDown = [this](int& k, int s) { Form_KeyDown(k, s); };
+  onKeyUp = [this](int& k, int s) { Form_KeyUp(k, s); };
+  onKeyPress = [this](int& k) { Form_KeyPress(k); };
+}
+
+Form::~Form() = default;
+
+void Form::release(Control* c) {
+  controls_.erase(std::remove(controls_.begin(), controls_.end(), c), controls_.end());
+  if (active_ == c) active_ = nullptr;
+}
+
+void Form::focus(Control* c) {
+  if (active_ == c) return;
+  Control* old = active_;
+  active_ = c;
+  if (old) fire(old->onLostFocus);
+  if (Observer* o = runtime_.observer()) o->focusChanged(*this);
+  fire(c->onGotFocus);
+}
+
+void Form::load() {
+  loaded_ = true;
+  runtime_.formLoaded(this);
+  Form_Load();
+}
+
+void Form::discard() {
+  loaded_ = false;
+  Control::setVisible(false);
+}
+
+void Form::setCaption(const std::string& v) {
+  if (caption_ == v) return;
+  caption_ = v;
+  changed("Caption");
+}
+
+void Form::setBackColor(uint32_t v) {
+  if (backColor_ == v) return;
+  backColor_ = v;
+  changed("BackColor");
+}
+
+void Form::setMousePointer(int v) {
+  if (mousePointer_ == v) return;
+  mousePointer_ = v;
+  changed("MousePointer");
+}
+
+void Form::setBorderStyle(int v) {
+  borderStyle_ = v;
+  changed("BorderStyle");
+}
+
+void Form::raiseResize() {
+  if (Visible()) Form_Resize();
+}
+
+void Form::setWindowState(int v) {
+  if (v < 0 || v > 2) raise(err::InvalidProperty, "WindowState");
+  if (windowState_ == v) return;
+  windowState_ = v;
+  changed("WindowState");
+  raiseResize();
+}
+
+void Form::setWidth(double v) {
+  double old = Width();
+  Control::setWidth(v);
+  if (old != v) raiseResize();
+}
+
+void Form::setHeight(double v) {
+  double old = Height();
+  Control::setHeight(v);
+  if (old != v) raiseResize();
+}
+
+void Form::setVisible(bool v) {
+  if (v == Visible()) return;
+  Control::setVisible(v);
+  if (!v) return;
+  if (!shownOnce_) {
+    shownOnce_ = true;
+    if (!active_) {
+      auto first = std::find_if(controls_.begin(), controls_.end(),
+                                [](Control* c) { return c->focusable() && c->reachable(); });
+      if (first != controls_.end()) focus(*first);
+    }
+    Form_Resize();
+  }
+  Form_Activate();
+}
+
+void Form::Show() {
+  if (!loaded_) return;
+  setVisible(true);
+}
+
+bool Form::Unload(int unloadMode) {
+  if (!loaded_ || unloading_) return true;
+  unloading_ = true;
+  int cancel = 0;
+  try {
+    Form_QueryUnload(cancel, unloadMode);
+    if (cancel == 0) Form_Unload(cancel);
+  } catch (...) {
+    unloading_ = false;
+    throw;
+  }
+  unloading_ = false;
+  if (cancel != 0 || !loaded_) return cancel == 0;
+  Control::setVisible(false);
+  loaded_ = false;
+  runtime_.formUnloaded(this);
+  return true;
+}
+
+void Form::PopupMenu(Menu& menu, int flags, std::optional<double> x, std::optional<double> y) {
+  if (Menu* picked = runtime_.PopupMenu(menu, flags, x, y)) fire(picked->onClick);
+}
+
+Control* Form::find(std::string_view name, int index) const {
+  if (index < 0 && iequals(Name(), name)) return const_cast<Form*>(this);
+  for (Control* c : controls_)
+    if (c->Index() == index && iequals(c->Name(), name)) return c;
+  return nullptr;
+}
+
+const std::vector<Property>& Form::properties() const {
+  static const std::vector<Property> props = extend(
+      Control::properties(),
+      {
+          prop<Form, &Form::Caption, &Form::setCaption>("Caption"),
+          prop<Form, &Form::BackColor, &Form::setBackColor>("BackColor"),
+          prop<Form, &Form::WindowState, &Form::setWindowState>("WindowState"),
+          prop<Form, &Form::MousePointer, &Form::setMousePointer>("MousePointer"),
+          prop<Form, &Form::KeyPreview, &Form::setKeyPreview>("KeyPreview"),
+          prop<Form, &Form::BorderStyle, &Form::setBorderStyle>("BorderStyle"),
+          prop<Form, &Form::ScaleMode, &Form::setScaleMode>("ScaleMode"),
+      });
+  return props;
+}
+
+}  // namespace tk

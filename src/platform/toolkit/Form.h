@@ -1,0 +1,105 @@
+#pragma once
+// A top-level window of the system. A form class derives from this one, holds its controls
+// as members and overrides the Form_ events it handles. Forms live in a FormSlot, which
+// creates them when first touched; Unload ends them.
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/toolkit/Control.h"
+
+namespace tk {
+
+class Menu;
+class Runtime;
+
+class Form : public Control {
+ public:
+  Form(Runtime& runtime, std::string name);
+  ~Form() override;
+
+  Runtime& runtime() const { return runtime_; }
+
+  const std::string& Caption() const { return caption_; }
+  void setCaption(const std::string& v);
+  uint32_t BackColor() const { return backColor_; }
+  void setBackColor(uint32_t v);
+  // 0 normal, 1 minimised, 2 maximised. A change raises Resize.
+  int WindowState() const { return windowState_; }
+  void setWindowState(int v);
+  // 0 default, 11 the hourglass.
+  int MousePointer() const { return mousePointer_; }
+  void setMousePointer(int v);
+  bool KeyPreview() const { return keyPreview_; }
+  void setKeyPreview(bool v) { keyPreview_ = v; }
+  // 0 none, 2 sizable, ...: only how the presenter frames it.
+  int BorderStyle() const { return borderStyle_; }
+  void setBorderStyle(int v);
+  // 1 twips, 3 pixels: the unit of the form's own drawing.
+  int ScaleMode() const { return scaleMode_; }
+  void setScaleMode(int v) { scaleMode_ = v; }
+
+  void setVisible(bool v) override;
+  void setWidth(double v) override;
+  void setHeight(double v) override;
+  void Show();
+  void Hide() { setVisible(false); }
+  // Runs QueryUnload and Unload; false when one of them cancelled. Unloading a form that is
+  // already unloading does nothing.
+  bool Unload(int unloadMode = 1);
+  bool isLoaded() const { return loaded_; }
+
+  // Shows `menu` as a popup; the picked entry's Click runs after the popup has closed.
+  void PopupMenu(Menu& menu, int flags = 0, std::optional<double> x = {},
+                 std::optional<double> y = {});
+
+  Control* ActiveControl() const { return active_; }
+  // The control named `name` with `index` (-1 for a single control), or nullptr.
+  Control* find(std::string_view name, int index = -1) const;
+  const std::vector<Control*>& controls() const { return controls_; }
+  FieldTable& fields() { return fields_; }
+
+  const std::vector<Property>& properties() const override;
+
+  // The form's events; override those the form handles.
+  virtual void Form_Load() {}
+  virtual void Form_Activate() {}
+  virtual void Form_Resize() {}
+  virtual void Form_QueryUnload(int& /*Cancel*/, int /*UnloadMode*/) {}
+  virtual void Form_Unload(int& /*Cancel*/) {}
+  virtual void Form_KeyDown(int& /*KeyCode*/, int /*Shift*/) {}
+  virtual void Form_KeyUp(int& /*KeyCode*/, int /*Shift*/) {}
+  virtual void Form_KeyPress(int& /*KeyAscii*/) {}
+  virtual void Form_MouseDown(int /*Button*/, int /*Shift*/, double /*X*/, double /*Y*/) {}
+  virtual void Form_MouseUp(int /*Button*/, int /*Shift*/, double /*X*/, double /*Y*/) {}
+  virtual void Form_MouseMove(int /*Button*/, int /*Shift*/, double /*X*/, double /*Y*/) {}
+  virtual void Form_Click() {}
+  virtual void Form_DblClick() {}
+
+ private:
+  friend class Control;
+  template <class T>
+  friend class FormSlot;
+  friend class Runtime;
+  void adopt(Control* c) { controls_.push_back(c); }
+  void release(Control* c);
+  void focus(Control* c);
+  // Called by the slot once the object is complete: registers and raises Load.
+  void load();
+  // Marks the form gone without events; the program has ended.
+  void discard();
+  void raiseResize();
+
+  Runtime& runtime_;
+  std::vector<Control*> controls_;
+  FieldTable fields_;
+  Control* active_ = nullptr;
+  std::string caption_;
+  uint32_t backColor_ = 0x8000000F;
+  int windowState_ = 0, mousePointer_ = 0, borderStyle_ = 2, scaleMode_ = 1;
+  bool keyPreview_ = false;
+  bool loaded_ = false, unloading_ = false, shownOnce_ = false;
+};
+
+}  // namespace tk

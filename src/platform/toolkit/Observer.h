@@ -1,0 +1,24 @@
+#pragma once
+// Told of every change of the model that a presenter must show. All calls come on the one
+// thread, after the change has been made.
+
+#include <string_view>
+
+namespace tk {
+
+class Control;
+class Form;
+
+class Observer {
+ public:
+  virtual ~Observer() = default;
+  virtual void formLoaded(Form&) {}
+  virtual void formUnloaded(Form&) {}
+  virtual void controlLoaded(Control&) {}
+  virtual void controlUnloaded(Control&) {}
+  virtual void propertyChanged(Control&, std::string_view /*property*/) {}
+  virtual void focusChanged(Form&) {}
+  virtual void programEnded() {}
+};
+
+}  // namespace tk

@@ -1,0 +1,119 @@
+#include "platform/toolkit/PictureControls.h"
+
+#include "platform/gdi/blit.h"
+#include "platform/gdi/units.h"
+#include "platform/toolkit/Form.h"
+#include "platform/toolkit/PropertyList.h"
+#include "platform/toolkit/Runtime.h"
+
+namespace tk {
+
+double pictureTwipsX(const gdi::Picture& p, double twipsPerPixelX) {
+  return p ? gdi::HimetricToPixels(p.Width(), twipsPerPixelX) * twipsPerPixelX : 0;
+}
+
+double pictureTwipsY(const gdi::Picture& p, double twipsPerPixelY) {
+  return p ? gdi::HimetricToPixels(p.Height(), twipsPerPixelY) * twipsPerPixelY : 0;
+}
+
+uint32_t pixelOf(uint32_t color) {
+  if (color & 0x80000000u) return gdi::Argb(255, 0xC0, 0xC0, 0xC0);
+  return gdi::Argb(255, color & 0xFF, (color >> 8) & 0xFF, (color >> 16) & 0xFF);
+}
+
+namespace {
+Value pictureHandle(const gdi::Picture& p) { return static_cast<double>(p.Handle()); }
+}  // namespace
+
+void Image::setPicture(const gdi::Picture& p) {
+  picture_ = p;
+  if (!stretch_ && p) {
+    const Screen& s = runtime().screen();
+    setWidth(pictureTwipsX(p, s.TwipsPerPixelX));
+    setHeight(pictureTwipsY(p, s.TwipsPerPixelY));
+  }
+  changed("Picture");
+}
+
+void Image::setStretch(bool v) {
+  if (v == stretch_) return;
+  stretch_ = v;
+  changed("Stretch");
+}
+
+const std::vector<Property>& Image::properties() const {
+  static const auto props = extend(
+      Control::properties(),
+      {
+          prop<Image, &Image::Stretch, &Image::setStretch>("Stretch"),
+          Property{"Picture",
+                   [](const Control& c) { return pictureHandle(static_cast<const Image&>(c).Picture()); },
+                   nullptr},
+      });
+  return props;
+}
+
+void PictureBox::fitToPicture() {
+  if (!autoSize_ || !picture_) return;
+  const Screen& s = runtime().screen();
+  setWidth(pictureTwipsX(picture_, s.TwipsPerPixelX));
+  setHeight(pictureTwipsY(picture_, s.TwipsPerPixelY));
+}
+
+void PictureBox::setPicture(const gdi::Picture& p) {
+  picture_ = p;
+  fitToPicture();
+  changed("Picture");
+}
+
+void PictureBox::setAutoSize(bool v) {
+  if (v == autoSize_) return;
+  autoSize_ = v;
+  fitToPicture();
+}
+
+void PictureBox::setBackColor(uint32_t v) {
+  if (v == backColor_) return;
+  backColor_ = v;
+  changed("BackColor");
+}
+
+void PictureBox::setBorderStyle(int v) {
+  if (v == borderStyle_) return;
+  borderStyle_ = v;
+  changed("BorderStyle");
+}
+
+gdi::Picture PictureBox::Image() const {
+  const Screen& s = runtime().screen();
+  int w = static_cast<int>(roundHalfEven(Width() / s.TwipsPerPixelX));
+  int h = static_cast<int>(roundHalfEven(Height() / s.TwipsPerPixelY));
+  gdi::Surface canvas(std::max(w, 1), std::max(h, 1), gdi::AlphaMode::kOpaque);
+  gdi::Fill(canvas, {0, 0, canvas.Width(), canvas.Height()}, pixelOf(backColor_));
+  if (picture_) {
+    gdi::Size size = picture_.PixelSize();
+    picture_.Render(canvas, 0, 0, size.width, size.height, 0, picture_.Height(), picture_.Width(),
+                    -picture_.Height());
+  }
+  return gdi::Picture::FromSurface(std::move(canvas), s.TwipsPerPixelX);
+}
+
+const std::vector<Property>& PictureBox::properties() const {
+  static const auto props = extend(
+      Control::properties(),
+      {
+          prop<PictureBox, &PictureBox::AutoSize, &PictureBox::setAutoSize>("AutoSize"),
+          prop<PictureBox, &PictureBox::AutoRedraw, &PictureBox::setAutoRedraw>("AutoRedraw"),
+          prop<PictureBox, &PictureBox::ScaleMode, &PictureBox::setScaleMode>("ScaleMode"),
+          prop<PictureBox, &PictureBox::BackColor, &PictureBox::setBackColor>("BackColor"),
+          prop<PictureBox, &PictureBox::BorderStyle, &PictureBox::setBorderStyle>("BorderStyle"),
+          Property{"Picture",
+                   [](const Control& c) {
+                     return pictureHandle(static_cast<const PictureBox&>(c).Picture());
+                   },
+                   nullptr},
+      });
+  return props;
+}
+
+}  // namespace tk

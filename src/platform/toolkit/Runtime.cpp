@@ -1,0 +1,93 @@
+#include "platform/toolkit/Runtime.h"
+
+#include <algorithm>
+
+#include "platform/toolkit/Form.h"
+
+namespace tk {
+
+Runtime::Runtime(Screen screen, Host& host, EventLoop::Clock clock)
+    : screen_(screen), host_(host), loop_(clock) {
+  loop_.setDispatcher([this](const EventLoop::Callback& fn) { dispatch(fn); });
+}
+
+Runtime::~Runtime() = default;
+
+void Runtime::dispatch(const std::function<void()>& f) {
+  if (ended_) return;
+  struct Depth {
+    Runtime& rt;
+    explicit Depth(Runtime& r) : rt(r) {
+      ++rt.depth_;
+      rt.loop_.block();
+    }
+    ~Depth() {
+      --rt.depth_;
+      rt.loop_.unblock();
+    }
+  };
+  try {
+    Depth depth(*this);
+    f();
+  } catch (const Error& e) {
+    if (depth_ > 0) throw;
+    if (onUncaught) onUncaught(e);
+  }
+  if (depth_ == 0) {
+    for (FormSlotBase* slot : slots_) slot->collect();
+    retired_.clear();
+  }
+}
+
+template <class F>
+auto Runtime::blocking(F&& f) {
+  loop_.block();
+  struct Unblock {
+    EventLoop& loop;
+    ~Unblock() { loop.unblock(); }
+  } unblock{loop_};
+  return f();
+}
+
+int Runtime::MsgBox(const std::string& prompt, int style, const std::string& title) {
+  return blocking([&] { return host_.MsgBox(prompt, style, title); });
+}
+
+Menu* Runtime::PopupMenu(Menu& menu, int flags, std::optional<double> x, std::optional<double> y) {
+  return blocking([&] { return host_.PopupMenu(menu, flags, x, y); });
+}
+
+std::optional<std::string> Runtime::SaveFile(const SaveFileRequest& request) {
+  return blocking([&] { return host_.SaveFile(request); });
+}
+
+std::optional<uint32_t> Runtime::ChooseColor(uint32_t initial) {
+  return blocking([&] { return host_.ChooseColor(initial); });
+}
+
+void Runtime::End() {
+  if (ended_) return;
+  ended_ = true;
+  loop_.clear();
+  for (Form* f : std::vector<Form*>(forms_)) f->discard();
+  forms_.clear();
+  if (observer_) observer_->programEnded();
+}
+
+void Runtime::removeSlot(FormSlotBase* slot) {
+  slots_.erase(std::remove(slots_.begin(), slots_.end(), slot), slots_.end());
+}
+
+void Runtime::retire(std::unique_ptr<Form> form) { retired_.push_back(std::move(form)); }
+
+void Runtime::formLoaded(Form* f) {
+  forms_.push_back(f);
+  if (observer_) observer_->formLoaded(*f);
+}
+
+void Runtime::formUnloaded(Form* f) {
+  forms_.erase(std::remove(forms_.begin(), forms_.end(), f), forms_.end());
+  if (observer_) observer_->formUnloaded(*f);
+}
+
+}  // namespace tk

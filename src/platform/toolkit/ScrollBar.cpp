@@ -1,0 +1,58 @@
+#include "platform/toolkit/ScrollBar.h"
+
+#include <algorithm>
+
+#include "platform/toolkit/PropertyList.h"
+
+namespace tk {
+
+namespace {
+void checkRange(int v, const std::string& what) {
+  if (v < -32768 || v > 32767) raise(err::InvalidProperty, what);
+}
+}  // namespace
+
+void ScrollBar::clampValue() {
+  int lo = std::min(min_, max_), hi = std::max(min_, max_);
+  if (value_ < lo) setValue(lo);
+  if (value_ > hi) setValue(hi);
+}
+
+void ScrollBar::setMin(int v) {
+  checkRange(v, Name() + ".Min");
+  if (v == min_) return;
+  min_ = v;
+  changed("Min");
+  clampValue();
+}
+
+void ScrollBar::setMax(int v) {
+  checkRange(v, Name() + ".Max");
+  if (v == max_) return;
+  max_ = v;
+  changed("Max");
+  clampValue();
+}
+
+void ScrollBar::setValue(int v) {
+  if (v < std::min(min_, max_) || v > std::max(min_, max_)) raise(err::InvalidProperty, Name() + ".Value");
+  if (v == value_) return;
+  value_ = v;
+  changed("Value");
+  fire(onChange);
+}
+
+const std::vector<Property>& ScrollBar::properties() const {
+  static const auto props = extend(
+      Control::properties(),
+      {
+          prop<ScrollBar, &ScrollBar::Min, &ScrollBar::setMin>("Min"),
+          prop<ScrollBar, &ScrollBar::Max, &ScrollBar::setMax>("Max"),
+          prop<ScrollBar, &ScrollBar::Value, &ScrollBar::setValue>("Value"),
+          prop<ScrollBar, &ScrollBar::SmallChange, &ScrollBar::setSmallChange>("SmallChange"),
+          prop<ScrollBar, &ScrollBar::LargeChange, &ScrollBar::setLargeChange>("LargeChange"),
+      });
+  return props;
+}
+
+}  // namespace tk

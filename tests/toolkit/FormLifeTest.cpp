@@ -1,0 +1,137 @@
+// Forms: made on first touch, shown, unloaded (also from their own handlers), keys, menus, the
+// end of the program, and programs side by side.
+#include <gtest/gtest.h>
+
+#include "TestForms.h"
+#include "platform/toolkit/Input.h"
+
+using Log = std::vector<std::string>;
+
+TEST(FormLife, LoadedOnFirstTouchAndShownWithResizeAndActivate) {
+  TestProgram p;
+  EXPECT_FALSE(p.form.loaded());
+  LogForm& f = p.form();
+  LogForm& again = p.form();
+  EXPECT_EQ(&f, &again);
+  EXPECT_FALSE(f.Visible());
+  f.Show();
+  EXPECT_EQ(p.log, (Log{"Form_Load", "Form_Resize", "Form_Activate"}));
+  EXPECT_EQ(p.runtime.Forms().size(), 1u);
+  EXPECT_EQ(f.ActiveControl(), &f.List1);  // the first control that takes the focus
+}
+
+TEST(FormLife, QueryUnloadCanCancelAndUnloadedFormsAreMadeAnew) {
+  TestProgram p;
+  p.form().cancelQuery = 1;
+  EXPECT_FALSE(p.form().Unload());
+  EXPECT_TRUE(p.form.loaded());
+  p.form().cancelQuery = 0;
+  EXPECT_TRUE(p.form().Unload());
+  EXPECT_FALSE(p.form.loaded());
+  EXPECT_TRUE(p.runtime.Forms().empty());
+  p.log.clear();
+  p.form();  // touching it again loads a new one
+  EXPECT_EQ(p.log, (Log{"Form_Load"}));
+}
+
+TEST(FormLife, AFormUnloadsItselfFromItsOwnClick) {
+  TestProgram p;
+  LogForm& f = p.form();
+  f.Show();
+  f.Command1.onClick = [&f] {
+    f.Unload();
+    f.Label1.setCaption("still here");  // the object lives until the event returns
+  };
+  p.log.clear();
+  tk::user::click(f.Command1);
+  EXPECT_EQ(p.log, (Log{"Form_QueryUnload", "Form_Unload", "Label1_Change still here"}));
+  EXPECT_FALSE(p.form.loaded());
+}
+
+TEST(FormLife, KeyPreviewSeesKeysFirstAndCanSwallowThem) {
+  TestProgram p;
+  LogForm& f = p.form();
+  f.Show();
+  f.Command1.SetFocus();
+  p.log.clear();
+  tk::user::key(f, 27);
+  EXPECT_EQ(p.log, (Log{"Command1_KeyUp 27"}));
+  f.setKeyPreview(true);
+  p.log.clear();
+  tk::user::key(f, 112, tk::user::kCtrlMask);
+  EXPECT_EQ(p.log, (Log{"Form_KeyUp 112 2", "Command1_KeyUp 112"}));
+  f.swallowKeys = true;
+  p.log.clear();
+  tk::user::key(f, 113);
+  EXPECT_EQ(p.log, (Log{"Form_KeyUp 113 0"}));
+}
+
+TEST(FormLife, DisabledFormsAndHiddenControlsGetNoInput) {
+  TestProgram p;
+  LogForm& f = p.form();
+  f.Show();
+  p.log.clear();
+  f.setEnabled(false);
+  EXPECT_FALSE(tk::user::click(f.Command1));
+  EXPECT_FALSE(tk::user::key(f, 27));
+  f.setEnabled(true);
+  f.Command1.setVisible(false);
+  EXPECT_FALSE(tk::user::click(f.Command1));
+  EXPECT_THROW(f.Command1.SetFocus(), tk::Error);
+  EXPECT_TRUE(p.log.empty());
+  EXPECT_TRUE(tk::user::click(f));
+  EXPECT_EQ(p.log, (Log{"Form_Click"}));
+}
+
+TEST(FormLife, PopupMenuRunsThePickAfterItClosed) {
+  TestProgram p;
+  LogForm& f = p.form();
+  f.mnuTop.add(f.mnuOne);
+  f.mnuTop.add(f.mnuSep);
+  f.mnuTop.add(f.mnuTwo);
+  f.mnuTwo.onClick = [&] { p.log.push_back("mnuTwo_Click after " + p.host.shown.back()); };
+  p.host.queueMenuPick("mnuTwo");
+  p.host.queueMenuPick("mnuOne");
+  f.mnuOne.setEnabled(false);
+  p.log.clear();
+  f.PopupMenu(f.mnuTop, 2);
+  f.PopupMenu(f.mnuTop);  // a greyed entry can't be picked
+  EXPECT_EQ(p.log, (Log{"mnuTwo_Click after popup mnuTop 2 -> mnuTwo"}));
+  EXPECT_EQ(p.host.shown.back(), "popup mnuTop 0 -> none");
+}
+
+TEST(FormLife, MessageBoxesTakeQueuedAnswersOrTheClosingOne) {
+  TestProgram p;
+  p.host.queueAnswer(tk::mb::Yes);
+  EXPECT_EQ(p.runtime.MsgBox("Delete?", 36), tk::mb::Yes);
+  EXPECT_EQ(p.runtime.MsgBox("Save?", 35, "Title"), tk::mb::Cancel);
+  EXPECT_EQ(p.runtime.MsgBox("Really?", 36), tk::mb::No);
+  EXPECT_EQ(p.runtime.MsgBox("Note", 64), tk::mb::OK);
+  EXPECT_EQ(p.host.shown[0], "msgbox 36 \"\" \"Delete?\" -> 6");
+  EXPECT_EQ(p.host.shown[1], "msgbox 35 \"Title\" \"Save?\" -> 2 (no answer queued)");
+}
+
+TEST(FormLife, EndStopsEverythingWithoutEvents) {
+  TestProgram p;
+  LogForm& f = p.form();
+  f.Show();
+  f.Timer1.setInterval(10);
+  p.log.clear();
+  p.runtime.End();
+  p.runtime.loop().advance(100);
+  EXPECT_TRUE(p.log.empty());
+  EXPECT_TRUE(p.runtime.Forms().empty());
+  EXPECT_FALSE(tk::user::click(f.Command1));
+}
+
+TEST(FormLife, TwoProgramsLiveSideBySide) {
+  TestProgram a, b(tk::Screen::ofPixels(800, 600));
+  a.form().Timer1.setInterval(10);
+  b.form().Timer1.setInterval(10);
+  a.log.clear();
+  b.log.clear();
+  a.runtime.loop().advance(30);
+  EXPECT_EQ(a.log.size(), 3u);
+  EXPECT_TRUE(b.log.empty());
+  EXPECT_EQ(b.runtime.screen().Width, 12000);
+}
