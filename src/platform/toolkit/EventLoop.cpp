@@ -23,6 +23,7 @@ EventLoop::Id EventLoop::startTimer(int64_t intervalMs, Callback fn) {
   if (intervalMs <= 0) throw std::invalid_argument("timer interval must be above 0");
   Id id = nextId_++;
   items_[id] = Item{now() + intervalMs, nextSeq_++, intervalMs, std::move(fn)};
+  if (onSchedule_) onSchedule_();
   return id;
 }
 
@@ -30,6 +31,7 @@ void EventLoop::stopTimer(Id id) { items_.erase(id); }
 
 void EventLoop::post(Callback fn) {
   items_[nextId_++] = Item{now(), nextSeq_++, 0, std::move(fn)};
+  if (onSchedule_) onSchedule_();
 }
 
 bool EventLoop::fireNext(int64_t until) {

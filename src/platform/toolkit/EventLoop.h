@@ -43,6 +43,9 @@ class EventLoop {
   void unblock() { --blocked_; }
   bool blocked() const { return blocked_ > 0; }
   void setDispatcher(Dispatcher d) { dispatcher_ = std::move(d); }
+  // Told after a timer starts or a call is posted, so that a real clock's driver can wake up
+  // sooner than it planned.
+  void setOnSchedule(std::function<void()> f) { onSchedule_ = std::move(f); }
   // Drops every timer and posted call (the program has ended).
   void clear() { items_.clear(); }
 
@@ -64,6 +67,7 @@ class EventLoop {
   int blocked_ = 0;
   std::map<Id, Item> items_;
   Dispatcher dispatcher_;
+  std::function<void()> onSchedule_;
 };
 
 }  // namespace tk

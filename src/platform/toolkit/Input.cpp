@@ -1,6 +1,7 @@
 #include "platform/toolkit/Input.h"
 
 #include "platform/toolkit/BasicControls.h"
+#include "platform/toolkit/DialogControls.h"
 #include "platform/toolkit/Form.h"
 #include "platform/toolkit/ListControls.h"
 #include "platform/toolkit/Runtime.h"
@@ -45,30 +46,52 @@ bool mouseMove(Control& c, int button, int shift, double x, double y) {
 bool click(Control& c, int button) {
   if (!mouseDown(c, button)) return false;
   mouseUp(c, button);
-  if (button == kLeftButton) act(c, [&] { fire(c.onClick); });
+  if (button == kLeftButton) raiseClick(c);
   return true;
 }
 
 bool dblClick(Control& c) {
   if (!click(c)) return false;
-  act(c, [&] { fire(c.onDblClick); });
+  raiseDblClick(c);
   mouseUp(c, kLeftButton);
   return true;
 }
 
-bool key(Form& f, int keyCode, int shift) {
+bool raiseClick(Control& c) {
+  return act(c, [&] { fire(c.onClick); });
+}
+
+bool raiseDblClick(Control& c) {
+  return act(c, [&] { fire(c.onDblClick); });
+}
+
+namespace {
+// One phase of a key: the form sees it first when it previews keys or nothing has the focus.
+bool keyPhase(Form& f, int keyCode, int shift,
+              std::function<void(int&, int)> Control::*member) {
   if (!accepts(f)) return false;
-  auto phase = [&](auto member) {
-    f.runtime().dispatch([&] {
-      int code = keyCode;
-      Control* target = f.ActiveControl();
-      if (f.KeyPreview() || !target) fire(f.*member, code, shift);
-      if (code != 0 && target) fire(target->*member, code, shift);
-    });
-  };
-  phase(&Control::onKeyDown);
-  phase(&Control::onKeyUp);
+  f.runtime().dispatch([&] {
+    int code = keyCode;
+    Control* target = f.ActiveControl();
+    if (f.KeyPreview() || !target) fire(f.*member, code, shift);
+    if (code != 0 && target) fire(target->*member, code, shift);
+  });
   return true;
+}
+}  // namespace
+
+bool key(Form& f, int keyCode, int shift) {
+  if (!keyDown(f, keyCode, shift)) return false;
+  keyUp(f, keyCode, shift);
+  return true;
+}
+
+bool keyDown(Form& f, int keyCode, int shift) {
+  return keyPhase(f, keyCode, shift, &Control::onKeyDown);
+}
+
+bool keyUp(Form& f, int keyCode, int shift) {
+  return keyPhase(f, keyCode, shift, &Control::onKeyUp);
 }
 
 bool select(ListControl& list, int index) {
@@ -87,6 +110,20 @@ bool type(TextBox& box, const std::string& text) {
 
 bool scroll(ScrollBar& bar, int value) {
   return act(bar, [&] { bar.setValue(value); });
+}
+
+bool check(CheckBox& box, int value) {
+  return act(box, [&] {
+    focusOnPress(box);
+    box.setValue(value);
+  });
+}
+
+bool pickTab(TabStrip& tabs, int item) {
+  return act(tabs, [&] {
+    focusOnPress(tabs);
+    tabs.setSelectedItem(item);
+  });
 }
 
 }  // namespace tk::user

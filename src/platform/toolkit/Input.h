@@ -7,10 +7,12 @@
 
 namespace tk {
 
+class CheckBox;
 class Control;
 class Form;
 class ListControl;
 class ScrollBar;
+class TabStrip;
 class TextBox;
 
 namespace user {
@@ -28,12 +30,22 @@ bool mouseMove(Control& c, int button, int shift, double x, double y);
 bool click(Control& c, int button = kLeftButton);
 // The click, then DblClick and a second mouse up, as the toolkit gives a double click.
 bool dblClick(Control& c);
+// The parts of a click as a pointer gives them one by one: Click after the left button went up
+// over the control, DblClick in place of the second mouse down of a double click.
+bool raiseClick(Control& c);
+bool raiseDblClick(Control& c);
 // Key down and key up, through the form's key preview to the control with the focus.
 bool key(Form& f, int keyCode, int shift = 0);
+// The two halves of `key`, for a keyboard that tells press and release apart.
+bool keyDown(Form& f, int keyCode, int shift = 0);
+bool keyUp(Form& f, int keyCode, int shift = 0);
 // The user picks item `index` of a list: focus and ListIndex, which raises Click.
 bool select(ListControl& list, int index);
 bool type(TextBox& box, const std::string& text);
 bool scroll(ScrollBar& bar, int value);
+// The user sets a check box (Value, which raises Click) or picks tab `item` (from 1).
+bool check(CheckBox& box, int value);
+bool pickTab(TabStrip& tabs, int item);
 
 }  // namespace user
 }  // namespace tk
