@@ -170,8 +170,10 @@ std::vector<std::string> FileListBox::listFolder(const std::string& path) const 
 void FileListBox::setPath(const std::string& v) {
   std::error_code ec;
   if (v.empty() || !std::filesystem::is_directory(v, ec)) raise(err::PathNotFound, v);
-  if (v == path_) return;
-  path_ = v;
+  std::string folder = v;  // a folder's path carries no closing '/', but the root's
+  while (folder.size() > 1 && folder.back() == '/') folder.pop_back();
+  if (folder == path_) return;
+  path_ = folder;
   replaceItems(listFolder(path_));
   changed("Path");
   fire(onPathChange);

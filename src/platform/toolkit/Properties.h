@@ -65,7 +65,7 @@ template <class T, auto Get, auto Set = nullptr>
 Property prop(const char* name) {
   Property p{name, [](const Control& c) -> Value { return toValue((static_cast<const T&>(c).*Get)()); },
              nullptr};
-  if constexpr (Set != nullptr) {
+  if constexpr (!std::is_same_v<decltype(Set), std::nullptr_t>) {
     p.set = [](Control& c, const Value& v) {
       (static_cast<T&>(c).*Set)(fromValue<typename SetterArg<decltype(Set)>::type>(v));
     };

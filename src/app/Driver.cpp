@@ -1,0 +1,270 @@
+#include "app/Driver.h"
+
+#include <filesystem>
+#include <istream>
+#include <ostream>
+
+#include "app/ScriptWords.h"
+#include "platform/toolkit/Input.h"
+#include "platform/toolkit/ListControls.h"
+#include "platform/toolkit/ScrollBar.h"
+
+namespace vellumry {
+
+namespace {
+using tk::raise;
+namespace err = tk::err;
+
+int toInt(const std::string& word) { return tk::CLng(tk::toNumber(tk::Value(word))); }
+
+void need(const std::vector<std::string>& args, size_t least, const char* usage) {
+  if (args.size() < least) raise(err::InvalidCall, std::string("usage: ") + usage);
+}
+
+// A path split at its dots: "Form1.Image1(3).Left" -> Form1, Image1(3), Left.
+std::vector<std::string> pathParts(const std::string& path) {
+  std::vector<std::string> parts;
+  size_t start = 0;
+  for (size_t dot = path.find('.'); dot != std::string::npos; dot = path.find('.', start)) {
+    parts.push_back(path.substr(start, dot - start));
+    start = dot + 1;
+  }
+  parts.push_back(path.substr(start));
+  return parts;
+}
+
+tk::Form* loadedForm(Program& p, std::string_view name) {
+  for (tk::Form* f : p.runtime.Forms())
+    if (tk::iequals(f->Name(), name)) return f;
+  return nullptr;
+}
+
+// What a path names: a control (or form) and a property, a form field, or a program field.
+struct Target {
+  tk::Control* control = nullptr;
+  tk::FieldTable* fields = nullptr;
+  std::string member;  // property or field name, "(i)" kept for indexed ones
+};
+
+Target resolve(Program& p, const std::string& path) {
+  auto parts = pathParts(path);
+  Target t;
+  tk::Form* form = loadedForm(p, parts[0]);
+  if (!form) {
+    if (parts.size() != 1) raise(err::InvalidCall, "no loaded form " + parts[0]);
+    t.fields = &p.fields;
+    t.member = parts[0];
+    return t;
+  }
+  t.control = form;
+  if (parts.size() == 1) return t;
+  auto [name, index] = tk::splitIndex(parts[1]);
+  if (tk::Control* c = form->find(name, index.value_or(-1))) {
+    t.control = c;
+    if (parts.size() > 2) t.member = parts[2];
+    return t;
+  }
+  if (index && form->find(name, 0)) raise(err::ElementMissing, parts[1]);
+  if (parts.size() != 2) raise(err::InvalidCall, "no control " + parts[1]);
+  t.member = parts[1];
+  if (form->fields().has(name)) t.fields = &form->fields();
+  return t;
+}
+
+tk::Value getValue(const Target& t) {
+  if (t.fields) {
+    auto [name, index] = tk::splitIndex(t.member);
+    return t.fields->get(name, index);
+  }
+  if (t.member.empty()) raise(err::InvalidCall, "a property is needed");
+  return t.control->get(t.member);
+}
+
+void setValue(const Target& t, const tk::Value& v) {
+  if (t.fields) {
+    auto [name, index] = tk::splitIndex(t.member);
+    return t.fields->set(name, index, v);
+  }
+  if (t.member.empty()) raise(err::InvalidCall, "a property is needed");
+  t.control->set(t.member, v);
+}
+
+std::string propertiesJson(const tk::Control& c) {
+  std::string out = "{";
+  for (const tk::Property& prop : c.properties()) {
+    if (prop.getAt) continue;
+    if (out.size() > 1) out += ",";
+    out += tk::jsonQuote(prop.name) + ":" + formatValue(prop.get(c));
+  }
+  if (auto* list = dynamic_cast<const tk::ListControl*>(&c)) {
+    out += ",\"List\":[";
+    for (int i = 0; i < list->ListCount(); ++i) out += (i ? "," : "") + tk::jsonQuote(list->List(i));
+    out += "]";
+  }
+  return out + "}";
+}
+
+std::string dumpJson(tk::Form& form) {
+  std::string out = "{\"form\":" + tk::jsonQuote(form.Name()) + ",\"properties\":" +
+                    propertiesJson(form) + ",\"controls\":[";
+  bool first = true;
+  for (tk::Control* c : form.controls()) {
+    out += first ? "" : ",";
+    first = false;
+    out += "{\"name\":" + tk::jsonQuote(c->Name()) + ",\"index\":" + std::to_string(c->Index()) +
+           ",\"kind\":" + tk::jsonQuote(tk::kindName(c->kind())) +
+           ",\"properties\":" + propertiesJson(*c) + "}";
+  }
+  out += "],\"fields\":{";
+  first = true;
+  for (const auto& [name, values] : form.fields().all()) {
+    out += (first ? "" : ",") + tk::jsonQuote(name) + ":" + formatValue(values.front());
+    first = false;
+  }
+  return out + "}}";
+}
+}  // namespace
+
+Driver::Driver(std::ostream& out) : out_(out) {
+  host_.onShown = [this](const std::string& line) { print(line); };
+  auto temp = std::filesystem::temp_directory_path() / "vellumry-drive-XXXXXX";
+  std::string dir = temp.string();
+  if (mkdtemp(dir.data())) places_ = {dir, dir, dir};
+}
+
+Driver::~Driver() = default;
+
+void Driver::print(const std::string& line) { out_ << "> " << line << "\n"; }
+
+Program& Driver::running() {
+  if (!program_) raise(err::InvalidCall, "the program isn't started");
+  return *program_;
+}
+
+void Driver::act(bool taken, const std::string& line) {
+  if (!taken) print("ignored " + line);
+}
+
+int Driver::run(std::istream& in) {
+  std::string line;
+  for (int lineNo = 1; std::getline(in, line); ++lineNo) runLine(line, lineNo);
+  out_.flush();
+  return errors_;
+}
+
+void Driver::runLine(const std::string& line, int lineNo) {
+  size_t first = line.find_first_not_of(" \t\r");
+  if (first == std::string::npos || line[first] == '#') return;
+  currentLine_ = line.substr(first);
+  while (!currentLine_.empty() && currentLine_.back() == '\r') currentLine_.pop_back();
+  try {
+    command(splitWords(currentLine_));
+  } catch (const tk::Error& e) {
+    ++errors_;
+    print("error " + std::to_string(lineNo) + ": " + e.Description);
+  }
+  if (program_ && program_->runtime.ended() && !endPrinted_) {
+    endPrinted_ = true;
+    print("end");
+  }
+}
+
+void Driver::command(const Args& a) {
+  const std::string& verb = a[0];
+  auto control = [&](const std::string& path) -> tk::Control& {
+    Target t = resolve(running(), path);
+    if (!t.control || !t.member.empty()) raise(err::InvalidCall, path + " is no control");
+    return *t.control;
+  };
+  auto as = [&](tk::Control& c, auto* kind) -> auto& {
+    auto* typed = dynamic_cast<std::remove_pointer_t<decltype(kind)>*>(&c);
+    if (!typed) raise(err::NotSupported, c.Name() + " can't do that");
+    return *typed;
+  };
+
+  if (verb == "screen") {
+    need(a, 3, "screen W H [TPP]");
+    screen_ = tk::Screen::ofPixels(toInt(a[1]), toInt(a[2]), a.size() > 3 ? toInt(a[3]) : 15);
+  } else if (verb == "home") {
+    need(a, 2, "home DIR");
+    places_.programFolder = places_.installFolder = a[1];
+  } else if (verb == "pictures") {
+    need(a, 2, "pictures DIR");
+    places_.picturesFolder = a[1];
+  } else if (verb == "start") {
+    if (program_) raise(err::InvalidCall, "started already");
+    program_ = std::make_unique<Program>(host_, tk::EventLoop::Clock::Virtual, screen_, places_);
+    program_->runtime.onUncaught = [this](const tk::Error& e) {
+      print("uncaught " + std::to_string(e.Number) + ": " + e.Description);
+    };
+    Main(*program_);
+  } else if (verb == "wait") {
+    need(a, 2, "wait MS");
+    running().runtime.loop().advance(toInt(a[1]));
+  } else if (verb == "click") {
+    need(a, 2, "click PATH");
+    act(tk::user::click(control(a[1])), currentLine_);
+  } else if (verb == "dblclick") {
+    need(a, 2, "dblclick PATH");
+    act(tk::user::dblClick(control(a[1])), currentLine_);
+  } else if (verb == "mousedown" || verb == "mouseup" || verb == "mousemove") {
+    need(a, verb == "mousemove" ? 5 : 3, "mousedown|mouseup PATH BUTTON [X Y] / mousemove PATH BUTTON X Y");
+    tk::Control& c = control(a[1]);
+    int button = toInt(a[2]);
+    double x = a.size() > 4 ? tk::toNumber(tk::Value(a[3])) : 0;
+    double y = a.size() > 4 ? tk::toNumber(tk::Value(a[4])) : 0;
+    bool taken = verb == "mousedown" ? tk::user::mouseDown(c, button, 0, x, y)
+                 : verb == "mouseup" ? tk::user::mouseUp(c, button, 0, x, y)
+                                     : tk::user::mouseMove(c, button, 0, x, y);
+    act(taken, currentLine_);
+  } else if (verb == "key") {
+    need(a, 3, "key FORM CODE [SHIFT]");
+    auto* form = loadedForm(running(), a[1]);
+    if (!form) raise(err::InvalidCall, "no loaded form " + a[1]);
+    act(tk::user::key(*form, toInt(a[2]), a.size() > 3 ? toInt(a[3]) : 0), currentLine_);
+  } else if (verb == "select") {
+    need(a, 3, "select PATH INDEX");
+    act(tk::user::select(as(control(a[1]), static_cast<tk::ListControl*>(nullptr)), toInt(a[2])),
+        currentLine_);
+  } else if (verb == "type") {
+    need(a, 3, "type PATH TEXT");
+    act(tk::user::type(as(control(a[1]), static_cast<tk::TextBox*>(nullptr)), a[2]), currentLine_);
+  } else if (verb == "scroll") {
+    need(a, 3, "scroll PATH VALUE");
+    act(tk::user::scroll(as(control(a[1]), static_cast<tk::ScrollBar*>(nullptr)), toInt(a[2])),
+        currentLine_);
+  } else if (verb == "answer") {
+    need(a, 2, "answer N");
+    host_.queueAnswer(toInt(a[1]));
+  } else if (verb == "choose") {
+    need(a, 2, "choose NAME|none");
+    host_.queueMenuPick(a[1] == "none" ? "" : a[1]);
+  } else if (verb == "savefile") {
+    need(a, 2, "savefile PATH|cancel");
+    host_.queueSaveFile(a[1] == "cancel" ? std::nullopt : std::optional<std::string>(a[1]));
+  } else if (verb == "color") {
+    need(a, 2, "color N|cancel");
+    host_.queueColor(a[1] == "cancel" ? std::nullopt
+                                       : std::optional<uint32_t>(static_cast<uint32_t>(toInt(a[1]))));
+  } else if (verb == "get") {
+    need(a, 2, "get PATH");
+    out_ << formatValue(getValue(resolve(running(), a[1]))) << "\n";
+  } else if (verb == "set") {
+    need(a, 3, "set PATH VALUE");
+    Target t = resolve(running(), a[1]);
+    running().runtime.dispatch([&] { setValue(t, parseValue(a[2])); });
+  } else if (verb == "dump") {
+    need(a, 2, "dump FORM");
+    auto* form = loadedForm(running(), a[1]);
+    if (!form) raise(err::InvalidCall, "no loaded form " + a[1]);
+    out_ << dumpJson(*form) << "\n";
+  } else if (verb == "shot") {
+    need(a, 2, "shot FILE.png");
+    if (!shot) raise(err::NotSupported, "this driver takes no pictures");
+    if (!shot(running(), a[1])) raise(err::InvalidCall, "can't write " + a[1]);
+  } else {
+    raise(err::InvalidCall, "unknown command " + verb);
+  }
+}
+
+}  // namespace vellumry

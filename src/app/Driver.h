@@ -1,0 +1,47 @@
+#pragma once
+// The scriptable driver: reads commands, one a line, runs them on a headless program with the
+// virtual clock and the scripted host, and writes what the program showed and the values
+// asked for. The command set is documented in the README.
+
+#include <iosfwd>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/toolkit/HeadlessHost.h"
+#include "shell/Program.h"
+
+namespace vellumry {
+
+class Driver {
+ public:
+  explicit Driver(std::ostream& out);
+  ~Driver();
+  // Runs every line of `in`; returns the number of lines that gave an error.
+  int run(std::istream& in);
+  // Runs one line (number `lineNo` for error messages).
+  void runLine(const std::string& line, int lineNo);
+  Program* program() { return program_.get(); }
+
+  // Takes the picture of the screen; set by the presenter's side when it is linked in.
+  std::function<bool(Program&, const std::string& png)> shot;
+
+ private:
+  using Args = std::vector<std::string>;
+  void command(const Args& args);
+  Program& running();
+  // Runs a user action; an action the program doesn't take is reported as ignored.
+  void act(bool taken, const std::string& line);
+  void print(const std::string& line);
+
+  std::ostream& out_;
+  tk::HeadlessHost host_;
+  tk::Screen screen_ = tk::Screen::ofPixels(1024, 768);
+  Places places_;
+  std::unique_ptr<Program> program_;
+  std::string currentLine_;
+  bool endPrinted_ = false;
+  int errors_ = 0;
+};
+
+}  // namespace vellumry

@@ -1,0 +1,15 @@
+#pragma once
+// The GIF viewer window. For now only the window and the timer that restoring enables.
+
+#include "platform/toolkit/BasicControls.h"
+#include "platform/toolkit/Form.h"
+
+namespace vellumry {
+
+class Form3 : public tk::Form {
+ public:
+  explicit Form3(tk::Runtime& runtime) : Form(runtime, "Form3") { setBorderStyle(0); }
+  tk::Timer Timer1{this, "Timer1"};
+};
+
+}  // namespace vellumry
