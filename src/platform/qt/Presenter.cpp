@@ -1,0 +1,329 @@
+#include "platform/qt/Presenter.h"
+
+#include <QLineEdit>
+#include <QWidget>
+#include <algorithm>
+
+#include "platform/qt/ContainerView.h"
+#include "platform/qt/ControlTap.h"
+#include "platform/qt/FormWindow.h"
+#include "platform/qt/Units.h"
+#include "platform/qt/WindowedControls.h"
+#include "platform/toolkit/BasicControls.h"
+#include "platform/toolkit/Form.h"
+#include "platform/toolkit/Input.h"
+#include "platform/toolkit/Numbers.h"
+#include "platform/toolkit/Runtime.h"
+
+namespace qtp {
+
+namespace {
+bool isContainer(const tk::Control& c) {
+  return c.kind() == tk::Kind::Frame || c.kind() == tk::Kind::PictureBox;
+}
+
+bool isWindowless(const tk::Control& c) {
+  return c.kind() == tk::Kind::Image || c.kind() == tk::Kind::Label || c.kind() == tk::Kind::Shape;
+}
+
+bool isPlace(std::string_view p) {
+  return p == "Left" || p == "Top" || p == "Width" || p == "Height";
+}
+}  // namespace
+
+Presenter::Presenter(tk::Runtime& runtime) : runtime_(runtime) {
+  runtime_.setObserver(this);
+  for (tk::Form* form : runtime_.Forms()) formLoaded(*form);
+}
+
+Presenter::~Presenter() {
+  if (runtime_.observer() == this) runtime_.setObserver(nullptr);
+  for (FormWindow* window : std::vector<FormWindow*>(stack_)) delete window;
+}
+
+FormWindow* Presenter::window(const tk::Form& form) const {
+  auto it = entries_.find(&form);
+  return it == entries_.end() ? nullptr : static_cast<FormWindow*>(it->second.widget);
+}
+
+QWidget* Presenter::widget(const tk::Control& c) const {
+  auto it = entries_.find(&c);
+  return it == entries_.end() ? nullptr : it->second.widget;
+}
+
+ContainerView* Presenter::containerView(const tk::Control* container) const {
+  if (!container) return nullptr;
+  auto it = entries_.find(container);
+  return it == entries_.end() ? nullptr : static_cast<ContainerView*>(it->second.widget);
+}
+
+std::vector<const FormWindow*> Presenter::zOrder() const {
+  std::vector<const FormWindow*> out;
+  for (const FormWindow* w : stack_) {
+    const tk::Form* f = w->form();
+    if (f && f->Visible() && f->WindowState() != 1) out.push_back(w);
+  }
+  return out;
+}
+
+QRect Presenter::screenRect(const tk::Form& form) const {
+  if (form.WindowState() != 2) return pixelRect(form);
+  const tk::Screen& s = runtime_.screen();
+  return {0, 0, static_cast<int>(tk::roundHalfEven(s.Width / s.TwipsPerPixelX)),
+          static_cast<int>(tk::roundHalfEven(s.Height / s.TwipsPerPixelY))};
+}
+
+void Presenter::setTaskbarForm(tk::Form& form) {
+  taskbarForm_ = &form;
+  for (FormWindow* w : std::vector<FormWindow*>(stack_))
+    if (tk::Form* f = w->form()) applyFlags(*w, *f);
+  if (FormWindow* w = window(form)) w->setWindowTitle(QString::fromStdString(form.Caption()));
+}
+
+void Presenter::noteInput(tk::Control& c) { inputForm_ = &c.form(); }
+
+tk::Form* Presenter::inputForm() const {
+  return alive(inputForm_) ? const_cast<tk::Form*>(inputForm_) : nullptr;
+}
+
+void Presenter::resync(tk::Control& c) {
+  auto it = entries_.find(&c);
+  if (it != entries_.end() && it->second.tap) syncWindowed(it->second.widget, c, false);
+}
+
+void Presenter::userClose(tk::Form& form) {
+  if (!tk::user::accepts(form)) return;
+  noteInput(form);
+  runtime_.dispatch([&form] { form.Unload(0); });
+}
+
+void Presenter::windowStateChanged(FormWindow& window) {
+  tk::Form* f = window.form();
+  if (!f || f != taskbarForm_) return;
+  const int wanted = window.isMinimized() ? 1 : 0;
+  if (f->WindowState() == wanted || (wanted == 0 && f->WindowState() == 2)) return;
+  runtime_.dispatch([f, wanted] { f->setWindowState(wanted); });
+}
+
+void Presenter::activated(FormWindow& window) {
+  raise(window);
+  // Some desktops tell a restore from the task bar only by activating the window.
+  windowStateChanged(window);
+}
+
+void Presenter::raise(const FormWindow& window) {
+  auto it = std::find(stack_.begin(), stack_.end(), &window);
+  if (it == stack_.end()) return;
+  FormWindow* w = *it;
+  stack_.erase(it);
+  stack_.push_back(w);
+}
+
+// --- the model's changes -------------------------------------------------------------------
+
+void Presenter::formLoaded(tk::Form& form) {
+  auto* w = new FormWindow(*this, form);
+  entries_[&form] = Entry{w};
+  stack_.push_back(w);
+  applyFlags(*w, form);
+  w->setWindowTitle(QString::fromStdString(form.Caption()));
+  placeWindow(*w, form);
+  for (tk::Control* c : form.controls()) show(*c);
+  if (form.Visible()) showWindow(*w, form);
+}
+
+void Presenter::formUnloaded(tk::Form& form) { dropWindow(form); }
+
+void Presenter::dropWindow(const tk::Form& form) {
+  FormWindow* w = window(form);
+  if (!w) return;
+  for (tk::Control* c : form.controls()) remove(*c);
+  entries_.erase(&form);
+  if (inputForm_ == &form) inputForm_ = nullptr;
+  stack_.erase(std::remove(stack_.begin(), stack_.end(), w), stack_.end());
+  w->detach();
+  w->hide();
+  // The window may be inside one of its own handlers now.
+  w->deleteLater();
+}
+
+void Presenter::controlLoaded(tk::Control& c) {
+  if (alive(&c.form())) show(c);
+}
+
+void Presenter::controlUnloaded(tk::Control& c) { remove(c); }
+
+void Presenter::show(tk::Control& c) {
+  if (alive(&c) || c.kind() == tk::Kind::Form) return;
+  tk::Control* container = c.Container();
+  if (container && !alive(container) && container != &c.form()) show(*container);
+  ContainerView* parent = containerView(container);
+  if (!parent) return;
+  Entry entry;
+  entry.order = nextOrder_++;
+  if (isWindowless(c)) {
+    entry.host = parent;
+    entries_[&c] = entry;
+    parent->addWindowless(c, entry.order);
+    return;
+  }
+  if (isContainer(c)) {
+    entry.widget = new ContainerView(*this, c, parent);
+  } else if (isWindowed(c)) {
+    entry.widget = createWindowed(*this, c, parent, entry.tap);
+  } else {
+    return;  // timers, menus and dialogs show nothing of their own
+  }
+  entries_[&c] = entry;
+  place(c);
+}
+
+void Presenter::remove(const tk::Control& c) {
+  auto it = entries_.find(&c);
+  if (it == entries_.end()) return;
+  Entry entry = it->second;
+  entries_.erase(it);
+  if (entry.host) return entry.host->removeWindowless(c);
+  if (entry.tap) entry.tap->detach();
+  if (isContainer(c)) {
+    auto* view = static_cast<ContainerView*>(entry.widget);
+    // What stands inside goes with it.
+    std::vector<const tk::Control*> inside;
+    for (const auto& [control, e] : entries_)
+      if (e.host == view || (e.widget && e.widget->parentWidget() == view)) inside.push_back(control);
+    for (const tk::Control* child : inside) remove(*child);
+    view->detach();
+  }
+  entry.widget->hide();
+  entry.widget->deleteLater();
+}
+
+void Presenter::place(tk::Control& c) {
+  QWidget* w = widget(c);
+  if (!w) return;
+  w->setGeometry(pixelRect(c));
+  w->setEnabled(c.Enabled());
+  w->setToolTip(QString::fromStdString(c.ToolTipText()));
+  w->setVisible(c.Visible());
+}
+
+void Presenter::propertyChanged(tk::Control& c, std::string_view property) {
+  auto it = entries_.find(&c);
+  if (it == entries_.end()) return;
+  Entry& entry = it->second;
+  if (c.kind() == tk::Kind::Form) {
+    return formChanged(static_cast<tk::Form&>(c), static_cast<FormWindow&>(*entry.widget),
+                       property);
+  }
+  if (entry.host) {
+    if (property == "Container") {
+      entry.host->removeWindowless(c);
+      entry.host = containerView(c.Container());
+      if (entry.host) entry.host->addWindowless(c, entry.order);
+      return;
+    }
+    const bool content = property == "Picture" || property == "Width" || property == "Height" ||
+                         property == "Stretch";
+    entry.host->refreshWindowless(c, content);
+    return;
+  }
+  QWidget* w = entry.widget;
+  if (isPlace(property)) {
+    w->setGeometry(pixelRect(c));
+  } else if (property == "Visible") {
+    w->setVisible(c.Visible());
+  } else if (property == "Enabled") {
+    w->setEnabled(c.Enabled());
+  } else if (property == "ToolTipText") {
+    w->setToolTip(QString::fromStdString(c.ToolTipText()));
+  } else if (property == "Container") {
+    if (ContainerView* parent = containerView(c.Container())) w->setParent(parent);
+    place(c);
+  } else if (property == "Picture" && isContainer(c)) {
+    static_cast<ContainerView*>(w)->pictureChanged();
+  } else if (entry.tap) {
+    syncWindowed(w, c, property == "List");
+  } else {
+    w->update();
+  }
+}
+
+void Presenter::formChanged(tk::Form& form, FormWindow& window, std::string_view property) {
+  if (isPlace(property)) {
+    if (form.WindowState() != 1) placeWindow(window, form);
+  } else if (property == "Caption") {
+    window.setWindowTitle(QString::fromStdString(form.Caption()));
+  } else if (property == "Visible") {
+    if (form.Visible())
+      showWindow(window, form);
+    else
+      window.hide();
+  } else if (property == "WindowState") {
+    if (form.Visible()) showWindow(window, form);
+  } else if (property == "MousePointer") {
+    if (form.MousePointer() == 11)
+      window.setCursor(Qt::WaitCursor);
+    else
+      window.unsetCursor();
+  } else if (property == "BorderStyle") {
+    applyFlags(window, form);
+  } else {
+    window.update();
+  }
+}
+
+void Presenter::placeWindow(FormWindow& window, const tk::Form& form) {
+  QRect r = screenRect(form);
+  window.setGeometry(r.x(), r.y(), std::max(r.width(), 1), std::max(r.height(), 1));
+}
+
+void Presenter::applyFlags(FormWindow& window, const tk::Form& form) {
+  Qt::WindowFlags flags = taskbarForm_ && taskbarForm_ != &form ? Qt::Tool : Qt::Window;
+  if (form.BorderStyle() == 0) flags |= Qt::FramelessWindowHint;
+  const Qt::WindowFlags mask = Qt::WindowType_Mask | Qt::FramelessWindowHint;
+  if ((window.windowFlags() & mask) == flags) return;
+  const bool shown = window.isVisible();
+  window.setWindowFlags(flags);  // this hides the window
+  if (shown) showWindow(window, form);
+}
+
+void Presenter::showWindow(FormWindow& window, const tk::Form& form) {
+  if (form.WindowState() == 1) {
+    window.showMinimized();
+    return;
+  }
+  placeWindow(window, form);
+  if (window.isMinimized())
+    window.showNormal();
+  else
+    window.show();
+  raise(window);
+  window.raise();
+  window.activateWindow();
+}
+
+void Presenter::focusChanged(tk::Form& form) {
+  tk::Control* active = form.ActiveControl();
+  FormWindow* w = window(form);
+  if (!w) return;
+  QWidget* target = active ? widget(*active) : nullptr;
+  if (target && target->isVisibleTo(w)) {
+    target->setFocus(Qt::OtherFocusReason);
+    if (active->kind() == tk::Kind::TextBox) {
+      const auto& box = static_cast<const tk::TextBox&>(*active);
+      static_cast<QLineEdit*>(target)->setSelection(box.SelStart(), box.SelLength());
+    }
+  } else {
+    // A control that can't show the focus (hidden, or painted) still takes the keys: no widget
+    // may act on them behind the model's back.
+    w->setFocus(Qt::OtherFocusReason);
+  }
+}
+
+void Presenter::programEnded() {
+  for (FormWindow* w : std::vector<FormWindow*>(stack_))
+    if (tk::Form* f = w->form()) dropWindow(*f);
+  if (onProgramEnded) onProgramEnded();
+}
+
+}  // namespace qtp

@@ -1,0 +1,104 @@
+#pragma once
+// Shows the forms of one tk::Runtime on screen and hands the user's actions back to it. Each
+// loaded form is a top-level window; windowed controls are Qt widgets; images, labels and
+// shapes are painted by their container. Every change of the model shows at once; nothing of
+// the model changes for the presenter. User actions reach the model only through tk::user,
+// except closing, minimising and restoring a window, which run as events of their own.
+//
+// The presenter becomes the runtime's observer for its lifetime. Destroy it before the
+// runtime's forms (or after the program has ended).
+
+#include <QObject>
+#include <QRect>
+#include <functional>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/toolkit/Observer.h"
+
+class QWidget;
+
+namespace tk {
+class Control;
+class Form;
+class Runtime;
+}  // namespace tk
+
+namespace qtp {
+
+class ContainerView;
+class ControlTap;
+class FormWindow;
+
+class Presenter final : public tk::Observer {
+ public:
+  // Shows the forms that are loaded already.
+  explicit Presenter(tk::Runtime& runtime);
+  ~Presenter() override;
+  Presenter(const Presenter&) = delete;
+  Presenter& operator=(const Presenter&) = delete;
+
+  tk::Runtime& runtime() const { return runtime_; }
+
+  // Only this form's window gets a task-bar entry; its title follows its Caption. The user's
+  // minimising and restoring set its WindowState; closing it unloads it (it may refuse).
+  void setTaskbarForm(tk::Form& form);
+  // Told when the program has ended; every window is gone by then.
+  std::function<void()> onProgramEnded;
+
+  // The window of a loaded form, the widget of a windowed control or container; nullptr for
+  // windowless controls and for what isn't shown.
+  FormWindow* window(const tk::Form& form) const;
+  QWidget* widget(const tk::Control& c) const;
+  // The windows of visible, not minimised forms, bottom first.
+  std::vector<const FormWindow*> zOrder() const;
+  // Where the model places `form` on the screen, in pixels.
+  QRect screenRect(const tk::Form& form) const;
+
+  // For the widgets: whether `c` is still shown (not unloaded); the control whose form the
+  // current user action goes to; showing a control's state again after an action.
+  bool alive(const tk::Control* c) const { return entries_.count(c) != 0; }
+  void noteInput(tk::Control& c);
+  tk::Form* inputForm() const;
+  void resync(tk::Control& c);
+  void userClose(tk::Form& form);
+  void windowStateChanged(FormWindow& window);
+  void activated(FormWindow& window);
+
+  // tk::Observer
+  void formLoaded(tk::Form& form) override;
+  void formUnloaded(tk::Form& form) override;
+  void controlLoaded(tk::Control& c) override;
+  void controlUnloaded(tk::Control& c) override;
+  void propertyChanged(tk::Control& c, std::string_view property) override;
+  void focusChanged(tk::Form& form) override;
+  void programEnded() override;
+
+ private:
+  struct Entry {
+    QWidget* widget = nullptr;       // window, container view or windowed widget
+    ContainerView* host = nullptr;   // the container that paints a windowless control
+    ControlTap* tap = nullptr;       // a windowed control's tap
+    uint64_t order = 0;              // creation order, for painting windowless controls
+  };
+  void show(tk::Control& c);
+  void remove(const tk::Control& c);
+  void formChanged(tk::Form& form, FormWindow& window, std::string_view property);
+  ContainerView* containerView(const tk::Control* container) const;
+  void place(tk::Control& c);
+  void placeWindow(FormWindow& window, const tk::Form& form);
+  void applyFlags(FormWindow& window, const tk::Form& form);
+  void showWindow(FormWindow& window, const tk::Form& form);
+  void raise(const FormWindow& window);
+  void dropWindow(const tk::Form& form);
+
+  tk::Runtime& runtime_;
+  std::unordered_map<const tk::Control*, Entry> entries_;
+  std::vector<FormWindow*> stack_;  // bottom first
+  const tk::Form* taskbarForm_ = nullptr;
+  const tk::Form* inputForm_ = nullptr;
+  uint64_t nextOrder_ = 0;
+};
+
+}  // namespace qtp

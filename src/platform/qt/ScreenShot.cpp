@@ -1,0 +1,44 @@
+#include "platform/qt/ScreenShot.h"
+
+#include <QPainter>
+
+#include "platform/qt/FormWindow.h"
+#include "platform/qt/Presenter.h"
+#include "platform/toolkit/Numbers.h"
+#include "platform/toolkit/Runtime.h"
+
+namespace qtp {
+
+QImage renderScreen(const Presenter& presenter) {
+  const tk::Screen& s = presenter.runtime().screen();
+  QImage screen(static_cast<int>(tk::roundHalfEven(s.Width / s.TwipsPerPixelX)),
+                static_cast<int>(tk::roundHalfEven(s.Height / s.TwipsPerPixelY)),
+                QImage::Format_ARGB32_Premultiplied);
+  screen.fill(Qt::black);
+  QPainter painter(&screen);
+  for (const FormWindow* window : presenter.zOrder()) {
+    const QRect place = presenter.screenRect(*window->form());
+    // render() needs a mutable widget, though it changes nothing of it.
+    const_cast<FormWindow*>(window)->render(&painter, place.topLeft(), QRegion(),
+                                            QWidget::DrawWindowBackground | QWidget::DrawChildren);
+  }
+  return screen;
+}
+
+QImage renderScreen(tk::Runtime& runtime) {
+  tk::Observer* before = runtime.observer();
+  QImage shot;
+  {
+    Presenter presenter(runtime);
+    shot = renderScreen(presenter);
+  }
+  runtime.setObserver(before);
+  return shot;
+}
+
+bool saveShot(tk::Runtime& runtime, const Presenter* presenter, const QString& png) {
+  const QImage shot = presenter ? renderScreen(*presenter) : renderScreen(runtime);
+  return shot.save(png, "PNG");
+}
+
+}  // namespace qtp

@@ -1,0 +1,26 @@
+#pragma once
+// The whole screen of the model as a person would see it: the visible forms in their stacking
+// order, each painted by the code that paints its window, at the place the model gives it.
+// Needs a QApplication; works on the offscreen platform.
+
+#include <QImage>
+#include <QString>
+
+namespace tk {
+class Runtime;
+}
+
+namespace qtp {
+
+class Presenter;
+
+// The screen's size comes from the model's Screen, in pixels; where no form stands it is black.
+QImage renderScreen(const Presenter& presenter);
+// The same for a program shown by no presenter: one is made for the moment, the forms stacked
+// in the order they were loaded.
+QImage renderScreen(tk::Runtime& runtime);
+
+// Writes the screen as a PNG file; false when it can't be written. `presenter` may be null.
+bool saveShot(tk::Runtime& runtime, const Presenter* presenter, const QString& png);
+
+}  // namespace qtp

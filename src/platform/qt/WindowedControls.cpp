@@ -1,0 +1,220 @@
+#include "platform/qt/WindowedControls.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QSignalBlocker>
+#include <QTabBar>
+#include <algorithm>
+
+#include "platform/qt/ControlTap.h"
+#include "platform/toolkit/BasicControls.h"
+#include "platform/toolkit/DialogControls.h"
+#include "platform/toolkit/Input.h"
+#include "platform/toolkit/ListControls.h"
+#include "platform/toolkit/ScrollBar.h"
+
+namespace qtp {
+
+namespace {
+QString text(const std::string& s) { return QString::fromStdString(s); }
+
+QStringList itemsOf(const tk::ListControl& list) {
+  QStringList items;
+  items.reserve(list.ListCount());
+  for (int i = 0; i < list.ListCount(); ++i) items.push_back(text(list.List(i)));
+  return items;
+}
+
+void syncList(QListWidget* w, const tk::ListControl& list, bool items) {
+  if (items) {
+    w->clear();
+    w->addItems(itemsOf(list));
+  }
+  w->setCurrentRow(list.ListIndex());
+  if (list.ListIndex() < 0) w->clearSelection();
+  if (QListWidgetItem* item = w->currentItem()) w->scrollToItem(item);
+}
+
+void syncCombo(QComboBox* w, const tk::ListControl& list, bool items) {
+  if (items) {
+    w->clear();
+    w->addItems(itemsOf(list));
+  }
+  w->setCurrentIndex(list.ListIndex());
+}
+
+void syncScrollBar(QScrollBar* w, const tk::ScrollBar& bar) {
+  // The model allows Min above Max: the bar then runs the other way.
+  w->setInvertedAppearance(bar.Min() > bar.Max());
+  w->setRange(std::min(bar.Min(), bar.Max()), std::max(bar.Min(), bar.Max()));
+  w->setSingleStep(bar.SmallChange());
+  w->setPageStep(bar.LargeChange());
+  w->setValue(bar.Value());
+}
+
+void syncTabs(QTabBar* w, const tk::TabStrip& tabs) {
+  const auto& captions = tabs.tabs();
+  while (w->count() > static_cast<int>(captions.size())) w->removeTab(w->count() - 1);
+  for (size_t i = 0; i < captions.size(); ++i) {
+    if (static_cast<int>(i) < w->count())
+      w->setTabText(static_cast<int>(i), text(captions[i]));
+    else
+      w->addTab(text(captions[i]));
+  }
+  w->setCurrentIndex(tabs.SelectedItem() - 1);
+}
+}  // namespace
+
+bool isWindowed(const tk::Control& c) {
+  switch (c.kind()) {
+    case tk::Kind::CommandButton:
+    case tk::Kind::CheckBox:
+    case tk::Kind::TextBox:
+    case tk::Kind::ListBox:
+    case tk::Kind::FileListBox:
+    case tk::Kind::ComboBox:
+    case tk::Kind::VScrollBar:
+    case tk::Kind::HScrollBar:
+    case tk::Kind::TabStrip: return true;
+    default: return false;
+  }
+}
+
+QWidget* createWindowed(Presenter& presenter, tk::Control& c, QWidget* parent, ControlTap*& tap) {
+  QWidget* w = nullptr;
+  switch (c.kind()) {
+    case tk::Kind::CommandButton: {
+      auto* button = new QPushButton(parent);
+      tap = new ControlTap(presenter, c, button);
+      QObject::connect(button, &QPushButton::clicked, tap,
+                       [tap] { tap->act([](tk::Control& b) { tk::user::raiseClick(b); }); });
+      w = button;
+      break;
+    }
+    case tk::Kind::CheckBox: {
+      auto* box = new QCheckBox(parent);
+      tap = new ControlTap(presenter, c, box);
+      QObject::connect(box, &QCheckBox::clicked, tap, [tap](bool on) {
+        tap->act([on](tk::Control& b) { tk::user::check(static_cast<tk::CheckBox&>(b), on ? 1 : 0); });
+      });
+      w = box;
+      break;
+    }
+    case tk::Kind::TextBox: {
+      auto* edit = new QLineEdit(parent);
+      tap = new ControlTap(presenter, c, edit);
+      QObject::connect(edit, &QLineEdit::textEdited, tap, [tap](const QString& s) {
+        tap->act([s](tk::Control& b) {
+          tk::user::type(static_cast<tk::TextBox&>(b), s.toStdString());
+        });
+      });
+      w = edit;
+      break;
+    }
+    case tk::Kind::ListBox:
+    case tk::Kind::FileListBox: {
+      auto* list = new QListWidget(parent);
+      list->setSelectionMode(QAbstractItemView::SingleSelection);
+      list->setUniformItemSizes(true);
+      tap = new ControlTap(presenter, c, list);
+      tap->watchMouse(list->viewport());
+      list->viewport()->setMouseTracking(true);
+      QObject::connect(list, &QListWidget::currentRowChanged, tap, [tap](int row) {
+        tap->act([row](tk::Control& b) { tk::user::select(static_cast<tk::ListControl&>(b), row); });
+      });
+      w = list;
+      break;
+    }
+    case tk::Kind::ComboBox: {
+      auto* combo = new QComboBox(parent);
+      tap = new ControlTap(presenter, c, combo);
+      QObject::connect(combo, &QComboBox::activated, tap, [tap](int row) {
+        tap->act([row](tk::Control& b) { tk::user::select(static_cast<tk::ListControl&>(b), row); });
+      });
+      w = combo;
+      break;
+    }
+    case tk::Kind::VScrollBar:
+    case tk::Kind::HScrollBar: {
+      auto* bar = new QScrollBar(
+          c.kind() == tk::Kind::VScrollBar ? Qt::Vertical : Qt::Horizontal, parent);
+      // Change comes when the thumb is let go, not on every step of a drag.
+      bar->setTracking(false);
+      tap = new ControlTap(presenter, c, bar);
+      QObject::connect(bar, &QScrollBar::valueChanged, tap, [tap](int value) {
+        tap->act([value](tk::Control& b) { tk::user::scroll(static_cast<tk::ScrollBar&>(b), value); });
+      });
+      w = bar;
+      break;
+    }
+    case tk::Kind::TabStrip: {
+      auto* tabs = new QTabBar(parent);
+      tabs->setExpanding(false);
+      tap = new ControlTap(presenter, c, tabs);
+      QObject::connect(tabs, &QTabBar::currentChanged, tap, [tap](int index) {
+        tap->act([index](tk::Control& b) {
+          tk::user::pickTab(static_cast<tk::TabStrip&>(b), index + 1);
+        });
+      });
+      w = tabs;
+      break;
+    }
+    default:
+      return nullptr;
+  }
+  // Focus moves only by a click, which the model sees, or by the model itself.
+  w->setFocusPolicy(Qt::ClickFocus);
+  w->setMouseTracking(true);
+  syncWindowed(w, c, true);
+  return w;
+}
+
+void syncWindowed(QWidget* widget, const tk::Control& c, bool items) {
+  const QSignalBlocker block(widget);
+  switch (c.kind()) {
+    case tk::Kind::CommandButton:
+      static_cast<QPushButton*>(widget)->setText(
+          text(static_cast<const tk::CommandButton&>(c).Caption()));
+      break;
+    case tk::Kind::CheckBox: {
+      auto* box = static_cast<QCheckBox*>(widget);
+      const auto& check = static_cast<const tk::CheckBox&>(c);
+      box->setText(text(check.Caption()));
+      box->setTristate(check.Value() == 2);
+      box->setCheckState(check.Value() == 0   ? Qt::Unchecked
+                         : check.Value() == 1 ? Qt::Checked
+                                              : Qt::PartiallyChecked);
+      break;
+    }
+    case tk::Kind::TextBox: {
+      auto* edit = static_cast<QLineEdit*>(widget);
+      const auto& box = static_cast<const tk::TextBox&>(c);
+      // Setting the same text again would move the cursor under the user's hands.
+      if (edit->text() != text(box.Text())) edit->setText(text(box.Text()));
+      edit->setReadOnly(box.Locked());
+      break;
+    }
+    case tk::Kind::ListBox:
+    case tk::Kind::FileListBox:
+      syncList(static_cast<QListWidget*>(widget), static_cast<const tk::ListControl&>(c), items);
+      break;
+    case tk::Kind::ComboBox:
+      syncCombo(static_cast<QComboBox*>(widget), static_cast<const tk::ListControl&>(c), items);
+      break;
+    case tk::Kind::VScrollBar:
+    case tk::Kind::HScrollBar:
+      syncScrollBar(static_cast<QScrollBar*>(widget), static_cast<const tk::ScrollBar&>(c));
+      break;
+    case tk::Kind::TabStrip:
+      syncTabs(static_cast<QTabBar*>(widget), static_cast<const tk::TabStrip&>(c));
+      break;
+    default:
+      break;
+  }
+}
+
+}  // namespace qtp

@@ -1,0 +1,28 @@
+#pragma once
+// The Qt widgets of the windowed controls: command button, check box, text box, list box,
+// file list box, drop-down list, scroll bars and tab strip.
+
+class QWidget;
+
+namespace tk {
+class Control;
+}
+
+namespace qtp {
+
+class ControlTap;
+class Presenter;
+
+// Whether `c` shows as a Qt widget of its own (and not as a container or painted by one).
+bool isWindowed(const tk::Control& c);
+
+// Makes the widget of windowed control `c` inside `parent`, with a tap that hands the user's
+// actions on it to the model. The widget is owned by `parent`.
+QWidget* createWindowed(Presenter& presenter, tk::Control& c, QWidget* parent, ControlTap*& tap);
+
+// Shows the control's own state on its widget (caption, items, selection, value, text, tabs)
+// with the widget's signals blocked, so that nothing comes back to the model. A list's items
+// are rebuilt only when `items` is set.
+void syncWindowed(QWidget* widget, const tk::Control& c, bool items);
+
+}  // namespace qtp

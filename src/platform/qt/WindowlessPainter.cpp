@@ -1,0 +1,97 @@
+#include "platform/qt/WindowlessPainter.h"
+
+#include <QPainter>
+#include <algorithm>
+
+#include "platform/gdi/picture.h"
+#include "platform/qt/Units.h"
+#include "platform/toolkit/PictureControls.h"
+
+namespace qtp {
+
+QImage renderPicture(const gdi::Picture& picture, QSize size) {
+  if (!picture || size.isEmpty()) return {};
+  const bool transparent = (picture.Attributes() & gdi::kPictureTransparent) != 0;
+  gdi::Surface canvas(size.width(), size.height(),
+                      transparent ? gdi::AlphaMode::kPremultiplied : gdi::AlphaMode::kOpaque);
+  picture.Render(canvas, 0, 0, size.width(), size.height(), 0, picture.Height(), picture.Width(),
+                 -picture.Height());
+  // The conversion copies the pixels and makes opaque ones truly opaque.
+  return canvas.View().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+}
+
+void WindowlessPainter::paint(QPainter& painter, const tk::Control& c, const QRect& rect,
+                              const QPalette& palette) {
+  switch (c.kind()) {
+    case tk::Kind::Image:
+      paintImage(painter, static_cast<const tk::Image&>(c), rect);
+      break;
+    case tk::Kind::Label: {
+      const auto& label = static_cast<const tk::Label&>(c);
+      if (label.BackStyle() == 1) painter.fillRect(rect, qtColor(label.BackColor(), palette));
+      painter.setPen(qtColor(label.ForeColor(), palette));
+      const int align = label.Alignment() == 1   ? Qt::AlignRight
+                        : label.Alignment() == 2 ? Qt::AlignHCenter
+                                                 : Qt::AlignLeft;
+      painter.drawText(rect, align | Qt::AlignTop | Qt::TextWordWrap,
+                       QString::fromStdString(label.Caption()));
+      break;
+    }
+    case tk::Kind::Shape: {
+      const auto& shape = static_cast<const tk::Shape&>(c);
+      QRectF area = rect;
+      const int kind = shape.ShapeKind();
+      if (kind == 1 || kind == 3 || kind == 5) {  // square, circle, rounded square
+        const int side = std::min(rect.width(), rect.height());
+        area = QRectF(rect.x() + (rect.width() - side) / 2.0, rect.y() + (rect.height() - side) / 2.0,
+                      side, side);
+      }
+      const int width = std::max(shape.BorderWidth(), 1);
+      if (shape.BorderStyle() != 0) {
+        painter.setPen(QPen(qtColor(shape.BorderColor(), palette), width, Qt::SolidLine,
+                            Qt::SquareCap, Qt::MiterJoin));
+        // The border lies inside the shape's bounds.
+        area.adjust(width / 2.0, width / 2.0, -width / 2.0, -width / 2.0);
+      } else {
+        painter.setPen(Qt::NoPen);
+      }
+      painter.setBrush(shape.FillStyle() == 0 ? QBrush(qtColor(shape.FillColor(), palette))
+                                              : QBrush(Qt::NoBrush));
+      if (kind == 2 || kind == 3) {
+        painter.drawEllipse(area);
+      } else if (kind == 4 || kind == 5) {
+        const double r = std::min(area.width(), area.height()) / 10;
+        painter.drawRoundedRect(area, r, r);
+      } else {
+        painter.drawRect(area);
+      }
+      break;
+    }
+    default:
+      break;
+  }
+}
+
+void WindowlessPainter::paintImage(QPainter& painter, const tk::Image& image, const QRect& rect) {
+  const gdi::Picture& picture = image.Picture();
+  if (!picture) return;
+  QSize size = rect.size();
+  if (!image.Stretch()) {
+    gdi::Size natural = picture.PixelSize();
+    size = QSize(natural.width, natural.height);
+  }
+  const QImage& pixels = drawnPicture(image, size);
+  if (pixels.isNull()) return;
+  painter.save();
+  painter.setClipRect(rect, Qt::IntersectClip);
+  painter.drawImage(rect.topLeft(), pixels);
+  painter.restore();
+}
+
+const QImage& WindowlessPainter::drawnPicture(const tk::Image& image, QSize size) {
+  QImage& kept = images_[&image];
+  if (kept.size() != size) kept = renderPicture(image.Picture(), size);
+  return kept;
+}
+
+}  // namespace qtp

@@ -1,0 +1,70 @@
+#pragma once
+// A headless program on the virtual clock over folders of its own, for tests of whole behaviours.
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <string>
+
+#include "platform/os/SettingsFile.h"
+#include "platform/toolkit/HeadlessHost.h"
+#include "platform/toolkit/Input.h"
+#include "shell/INIFunctions.h"
+#include "shell/Program.h"
+
+class ProgramFixture : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    root = std::filesystem::temp_directory_path() /
+           ("vellumry-test-" + std::to_string(::getpid()) + "-" +
+            ::testing::UnitTest::GetInstance()->current_test_info()->name());
+    std::filesystem::remove_all(root);
+    home = root / "home";
+    pictures = root / "pictures";
+    std::filesystem::create_directories(home);
+    std::filesystem::create_directories(pictures);
+    os::CreateSettingsFileIfMissing(iniPath());
+  }
+  void TearDown() override {
+    program.reset();
+    std::filesystem::remove_all(root);
+  }
+
+  std::string iniPath() const { return (home / "OstrelWorks.INI").string(); }
+  void setting(const std::string& key, const std::string& value) {
+    WriteIni(iniPath(), "Settings", key, value);
+  }
+  std::string setting(const std::string& key) { return ReadIni(iniPath(), "Settings", key, "?"); }
+  // `count` files named img1.jpg ... in `folder` (the pictures folder when empty).
+  void makeFiles(int count, std::filesystem::path folder = {}) {
+    if (folder.empty()) folder = pictures;
+    std::filesystem::create_directories(folder);
+    for (int i = 1; i <= count; ++i) std::ofstream(folder / ("img" + std::to_string(i) + ".jpg")) << "x";
+  }
+  // Starts the program on a screen of `w` by `h` pixels.
+  vellumry::Program& start(int w = 1024, int h = 768) {
+    program = std::make_unique<vellumry::Program>(
+        host, tk::EventLoop::Clock::Virtual, tk::Screen::ofPixels(w, h),
+        vellumry::Places{home.string(), home.string(), pictures.string()});
+    program->runtime.onUncaught = [](const tk::Error& e) {
+      ADD_FAILURE() << "uncaught error " << e.Number << ": " << e.Description;
+    };
+    vellumry::Main(*program);
+    return *program;
+  }
+  void wait(int ms) { program->runtime.loop().advance(ms); }
+  vellumry::Form1& form1() { return program->Form1(); }
+  // Starts and lets the grid load to its end.
+  vellumry::Form1& loaded(int w = 1024, int h = 768) {
+    start(w, h);
+    wait(500);
+    while (program->Form1().Timer1.Interval() != 0) wait(12);
+    return form1();
+  }
+
+  std::filesystem::path root, home, pictures;
+  tk::HeadlessHost host;
+  std::unique_ptr<vellumry::Program> program;
+};

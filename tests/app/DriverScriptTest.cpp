@@ -1,0 +1,57 @@
+// The example script of the README runs as written and prints what it says.
+#include <fstream>
+#include <regex>
+#include <sstream>
+
+#include "ProgramFixture.h"
+#include "app/Driver.h"
+#include "app/ScriptWords.h"
+
+using DriverScriptTest = ProgramFixture;
+
+namespace {
+std::string readFile(const std::string& path) {
+  std::ifstream in(path);
+  std::stringstream text;
+  text << in.rdbuf();
+  return text.str();
+}
+}  // namespace
+
+TEST_F(DriverScriptTest, Grid57RunsAsDocumented) {
+  makeFiles(57);
+  std::string script = readFile("tests/scripts/grid57.drive");
+  ASSERT_FALSE(script.empty());
+  script = std::regex_replace(script, std::regex("\\$\\{PICTURES\\}"), pictures.string());
+  std::istringstream in(script);
+  std::ostringstream out;
+  vellumry::Driver driver(out);
+  EXPECT_EQ(driver.run(in), 1);  // the one line that asks for what isn't there
+  EXPECT_EQ(out.str(), readFile("tests/scripts/grid57.expected"));
+}
+
+TEST_F(DriverScriptTest, ActionsOnWhatBlocksAndEnds) {
+  std::istringstream in(
+      "home " + home.string() + "\npictures " + pictures.string() +
+      "\nstart\nanswer 7\nwait 500\nclick Form1.Image4\ndump Form0\nanswer 6\n"
+      "wait 1\nset Form1.Timer6.Enabled true\nwait 500\nget Form1.Visible\n");
+  std::ostringstream out;
+  vellumry::Driver driver(out);
+  driver.run(in);
+  std::string text = out.str();
+  EXPECT_NE(text.find("> msgbox 36 \"\" \"  No images in the own folder of this record!\\r\\n\\r\\n"
+                      "Do you want to close: 'Vellumry'?\" -> 7\n"),
+            std::string::npos);
+  EXPECT_NE(text.find("{\"form\":\"Form0\",\"properties\":{\"Name\":\"Form0\""), std::string::npos);
+  EXPECT_NE(text.find("-> 6\n> end\n"), std::string::npos);
+  EXPECT_NE(text.find("> error 12: "), std::string::npos);  // no form after the end
+}
+
+TEST(ScriptWords, SplitsAtBlanksAndReadsJsonStrings) {
+  EXPECT_EQ(vellumry::splitWords("type Form1.Text1 \"a b\\\"c\\u00e9\"  x"),
+            (std::vector<std::string>{"type", "Form1.Text1", "a b\"c\xC3\xA9", "x"}));
+  EXPECT_THROW(vellumry::splitWords("type \"open"), tk::Error);
+  EXPECT_EQ(vellumry::formatValue(vellumry::parseValue("-2137.5")), "-2137.5");
+  EXPECT_EQ(vellumry::formatValue(vellumry::parseValue("true")), "true");
+  EXPECT_EQ(vellumry::formatValue(vellumry::parseValue("a\tb")), "\"a\\tb\"");
+}

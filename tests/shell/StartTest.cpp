@@ -1,0 +1,150 @@
+// The start of the program from its settings, the panel, and the ways it closes.
+#include "ProgramFixture.h"
+
+using StartTest = ProgramFixture;
+
+TEST_F(StartTest, PanelWidthFollowsInw) {
+  struct Case {
+    const char* inw;
+    double width;
+    const char* caption;
+  };
+  for (Case c : {Case{">", 1935, ">"}, Case{"<", 3935, "<"}, Case{"x", 3935, "<"}, Case{"", 3935, "<"}}) {
+    SCOPED_TRACE(c.inw);
+    setting("Inw", c.inw);
+    start();
+    EXPECT_EQ(form1().Frame2.Width(), c.width);
+    EXPECT_EQ(form1().Label3.Caption(), c.caption);
+    EXPECT_EQ(form1().File2.Width(), c.width - 120);
+    program.reset();
+  }
+}
+
+TEST_F(StartTest, ShowmbZeroHidesTheMinimiseButtonAndTheBarTakesTheHeight) {
+  start();
+  EXPECT_TRUE(form1().btn(1).Visible());
+  EXPECT_EQ(form1().VScroll1.Top(), 195 + 55);
+  EXPECT_EQ(form1().VScroll1.Height(), 11520 - 195 - 55);
+  EXPECT_EQ(form1().btn(1).Left(), 15360 - 255);
+  program.reset();
+  setting("showmb", "0");
+  start();
+  EXPECT_FALSE(form1().btn(1).Visible());
+  EXPECT_EQ(form1().VScroll1.Top(), 0);
+  EXPECT_EQ(form1().VScroll1.Height(), 11520);
+}
+
+TEST_F(StartTest, StartFolderFromDestOrTheUsersFolder) {
+  auto other = root / "other";
+  makeFiles(2, other);
+  setting("dest", other.string());
+  start();
+  EXPECT_EQ(form1().File2.Path(), other.string());
+  EXPECT_EQ(form1().File2.ListCount(), 2);
+  program.reset();
+  for (std::string dest : {std::string(""), (root / "gone").string()}) {
+    setting("dest", dest);
+    start();
+    EXPECT_EQ(form1().File2.Path(), pictures.string());
+    program.reset();
+  }
+  EXPECT_TRUE(host.shown.empty());  // no message on the way
+}
+
+TEST_F(StartTest, SettingsAreReadAsTheyStand) {
+  setting("slsh", "60");
+  setting("frameprop", "2");
+  setting("anigifp", "0");
+  setting("gformc", "not a number");
+  start();
+  EXPECT_EQ(program->lSlideMs, 60000);
+  EXPECT_EQ(program->sAniGif, "0");
+  EXPECT_EQ(form1().Image1(0).Width(), form1().Image1(0).Height());  // "2" is square
+  EXPECT_EQ(form1().Frame1.BackColor(), 4210752u);                   // the default colour
+  EXPECT_EQ(program->vScreenPxW, 1024);
+  EXPECT_EQ(program->vScreenPxH, 768);
+  EXPECT_EQ(program->Form0().Left(), -15360);
+}
+
+TEST_F(StartTest, AnEmptyFolderAsksAndYesEndsWithoutWriting) {
+  start();
+  host.queueAnswer(tk::mb::Yes);
+  wait(500);
+  ASSERT_EQ(host.shown.size(), 1u);
+  EXPECT_EQ(host.shown[0],
+            "msgbox 36 \"\" \"  No images in the own folder of this record!\\r\\n\\r\\nDo you want to "
+            "close: 'Vellumry'?\" -> 6");
+  EXPECT_TRUE(program->runtime.ended());
+  EXPECT_EQ(setting("Inw"), "<");  // nothing written: the default stands
+}
+
+TEST_F(StartTest, AnEmptyFolderAnsweredNoLeavesTheEmptyGrid) {
+  setting("dest", "");
+  start();
+  host.queueAnswer(tk::mb::No);
+  wait(500);
+  EXPECT_FALSE(program->runtime.ended());
+  EXPECT_TRUE(form1().Visible());
+  EXPECT_TRUE(form1().Enabled());
+  EXPECT_FALSE(form1().bLoaded);
+  EXPECT_EQ(form1().Timer1.Interval(), 0);
+}
+
+TEST_F(StartTest, ClosingWritesInwAndEmptiesDest) {
+  setting("Inw", ">");
+  setting("dest", pictures.string());
+  makeFiles(1);
+  start();
+  form1().Unload();
+  EXPECT_TRUE(program->runtime.ended());
+  EXPECT_EQ(setting("Inw"), ">");
+  EXPECT_EQ(setting("dest"), "");
+}
+
+TEST_F(StartTest, ClosingWithMarksAsksAndCancelKeepsEverything) {
+  makeFiles(3);
+  vellumry::Form1& f = loaded();
+  program->nDeleted = 1;
+  program->aDeleted[2] = -1;
+  host.queueAnswer(tk::mb::Cancel);
+  EXPECT_FALSE(f.Unload());
+  EXPECT_FALSE(program->runtime.ended());
+  EXPECT_EQ(program->nDeleted, 1);
+  EXPECT_EQ(f.nAfterClear, 0);
+  host.queueAnswer(tk::mb::No);
+  f.Unload();
+  EXPECT_TRUE(program->runtime.ended());
+  EXPECT_TRUE(std::filesystem::exists(pictures / "img2.jpg"));
+  EXPECT_NE(host.shown.back().find("picture. file ?"), std::string::npos);
+}
+
+TEST_F(StartTest, MinimisingAndRestoringThroughForm0) {
+  makeFiles(1);
+  loaded();
+  vellumry::Form0& f0 = program->Form0();
+  program->ViewerUp = 2;
+  program->Form2().Show();
+  f0.setLeft(0);
+  f0.setWindowState(1);
+  EXPECT_FALSE(form1().Visible());
+  EXPECT_FALSE(program->Form2().Visible());
+  f0.setWindowState(0);
+  EXPECT_TRUE(form1().Visible());
+  EXPECT_TRUE(program->Form2().Visible());
+  EXPECT_TRUE(program->Form2().Timer3.Enabled());
+  EXPECT_EQ(f0.Left(), -f0.Width());
+}
+
+TEST_F(StartTest, ClosingTheTaskBarEntryWhileAViewerIsMinimisedClosesAll) {
+  makeFiles(1);
+  loaded();
+  vellumry::Form0& f0 = program->Form0();
+  program->ViewerUp = 3;
+  program->Form2().Show();
+  program->Form3().Show();
+  f0.setWindowState(1);
+  f0.Unload(0);
+  EXPECT_TRUE(program->runtime.ended());
+  EXPECT_EQ(program->ViewerUp, 0);
+  EXPECT_EQ(setting("dest"), "");
+}
