@@ -19,10 +19,14 @@ namespace qtp {
 namespace {
 uint32_t backColorOf(const tk::Control& c) {
   switch (c.kind()) {
-    case tk::Kind::Form: return static_cast<const tk::Form&>(c).BackColor();
-    case tk::Kind::Frame: return static_cast<const tk::Frame&>(c).BackColor();
-    case tk::Kind::PictureBox: return static_cast<const tk::PictureBox&>(c).BackColor();
-    default: return tk::kSystemFace;
+    case tk::Kind::Form:
+      return static_cast<const tk::Form&>(c).BackColor();
+    case tk::Kind::Frame:
+      return static_cast<const tk::Frame&>(c).BackColor();
+    case tk::Kind::PictureBox:
+      return static_cast<const tk::PictureBox&>(c).BackColor();
+    default:
+      return tk::kSystemFace;
   }
 }
 
@@ -122,8 +126,7 @@ void ContainerView::paintEvent(QPaintEvent* event) {
 tk::Control* ContainerView::hit(QPoint pos) {
   for (auto it = windowless_.rbegin(); it != windowless_.rend(); ++it) {
     const tk::Control& c = *it->control;
-    if (takesMouse(c) && c.Visible() && c.Enabled() && it->shown.contains(pos))
-      return it->control;
+    if (takesMouse(c) && c.Visible() && c.Enabled() && it->shown.contains(pos)) return it->control;
   }
   return control_;
 }

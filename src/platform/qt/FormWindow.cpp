@@ -60,8 +60,7 @@ void FormWindow::closeEvent(QCloseEvent* event) {
 
 void FormWindow::changeEvent(QEvent* event) {
   ContainerView::changeEvent(event);
-  if (event->type() == QEvent::WindowStateChange && form())
-    presenter().windowStateChanged(*this);
+  if (event->type() == QEvent::WindowStateChange && form()) presenter().windowStateChanged(*this);
 }
 
 }  // namespace qtp

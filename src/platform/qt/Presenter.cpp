@@ -190,7 +190,8 @@ void Presenter::remove(const tk::Control& c) {
     // What stands inside goes with it.
     std::vector<const tk::Control*> inside;
     for (const auto& [control, e] : entries_)
-      if (e.host == view || (e.widget && e.widget->parentWidget() == view)) inside.push_back(control);
+      if (e.host == view || (e.widget && e.widget->parentWidget() == view))
+        inside.push_back(control);
     for (const tk::Control* child : inside) remove(*child);
     view->detach();
   }

@@ -77,10 +77,10 @@ class Presenter final : public tk::Observer {
 
  private:
   struct Entry {
-    QWidget* widget = nullptr;       // window, container view or windowed widget
-    ContainerView* host = nullptr;   // the container that paints a windowless control
-    ControlTap* tap = nullptr;       // a windowed control's tap
-    uint64_t order = 0;              // creation order, for painting windowless controls
+    QWidget* widget = nullptr;      // window, container view or windowed widget
+    ContainerView* host = nullptr;  // the container that paints a windowless control
+    ControlTap* tap = nullptr;      // a windowed control's tap
+    uint64_t order = 0;             // creation order, for painting windowless controls
   };
   void show(tk::Control& c);
   void remove(const tk::Control& c);

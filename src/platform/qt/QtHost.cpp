@@ -8,6 +8,7 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QProcess>
+#include <QPushButton>
 #include <QUrl>
 
 #include "platform/qt/FormWindow.h"
@@ -21,23 +22,35 @@ namespace qtp {
 namespace {
 QMessageBox::StandardButton buttonFor(int answer) {
   switch (answer) {
-    case tk::mb::OK: return QMessageBox::Ok;
-    case tk::mb::Cancel: return QMessageBox::Cancel;
-    case tk::mb::Abort: return QMessageBox::Abort;
-    case tk::mb::Retry: return QMessageBox::Retry;
-    case tk::mb::Ignore: return QMessageBox::Ignore;
-    case tk::mb::Yes: return QMessageBox::Yes;
-    default: return QMessageBox::No;
+    case tk::mb::OK:
+      return QMessageBox::Ok;
+    case tk::mb::Cancel:
+      return QMessageBox::Cancel;
+    case tk::mb::Abort:
+      return QMessageBox::Abort;
+    case tk::mb::Retry:
+      return QMessageBox::Retry;
+    case tk::mb::Ignore:
+      return QMessageBox::Ignore;
+    case tk::mb::Yes:
+      return QMessageBox::Yes;
+    default:
+      return QMessageBox::No;
   }
 }
 
 QMessageBox::Icon iconFor(int style) {
   switch (style & 0x70) {
-    case tk::mb::Critical: return QMessageBox::Critical;
-    case tk::mb::Question: return QMessageBox::Question;
-    case tk::mb::Exclamation: return QMessageBox::Warning;
-    case tk::mb::Information: return QMessageBox::Information;
-    default: return QMessageBox::NoIcon;
+    case tk::mb::Critical:
+      return QMessageBox::Critical;
+    case tk::mb::Question:
+      return QMessageBox::Question;
+    case tk::mb::Exclamation:
+      return QMessageBox::Warning;
+    case tk::mb::Information:
+      return QMessageBox::Information;
+    default:
+      return QMessageBox::NoIcon;
   }
 }
 
@@ -45,12 +58,18 @@ QMessageBox::Icon iconFor(int style) {
 std::vector<int> answersOf(int style) {
   using namespace tk::mb;
   switch (style & 7) {
-    case OKCancel: return {OK, Cancel};
-    case AbortRetryIgnore: return {Abort, Retry, Ignore};
-    case YesNoCancel: return {Yes, No, Cancel};
-    case YesNo: return {Yes, No};
-    case RetryCancel: return {Retry, Cancel};
-    default: return {OK};
+    case OKCancel:
+      return {OK, Cancel};
+    case AbortRetryIgnore:
+      return {Abort, Retry, Ignore};
+    case YesNoCancel:
+      return {Yes, No, Cancel};
+    case YesNo:
+      return {Yes, No};
+    case RetryCancel:
+      return {Retry, Cancel};
+    default:
+      return {OK};
   }
 }
 }  // namespace
@@ -70,7 +89,8 @@ int QtHost::MsgBox(const std::string& prompt, int style, const std::string& titl
   box.setText(QString::fromStdString(prompt));
   const std::vector<int> answers = answersOf(style);
   std::map<QAbstractButton*, int> answerOf;
-  for (int answer : answers) answerOf[box.addButton(buttonFor(answer))] = answer;
+  for (int answer : answers)
+    answerOf[static_cast<QAbstractButton*>(box.addButton(buttonFor(answer)))] = answer;
   // Style 256 and 512 make the second and third button the default one.
   const size_t preferred = static_cast<size_t>((style >> 8) & 3);
   box.setDefaultButton(buttonFor(answers[preferred < answers.size() ? preferred : 0]));
@@ -104,8 +124,7 @@ std::map<const QAction*, tk::Menu*> buildMenu(const tk::Menu& menu, QMenu& out) 
   return entries;
 }
 
-tk::Menu* QtHost::PopupMenu(tk::Menu& menu, int, std::optional<double> x,
-                            std::optional<double> y) {
+tk::Menu* QtHost::PopupMenu(tk::Menu& menu, int, std::optional<double> x, std::optional<double> y) {
   QMenu popup(dialogParent());
   const auto entries = buildMenu(menu, popup);
   QPoint at = QCursor::pos();

@@ -8,11 +8,14 @@
 namespace qtp {
 
 namespace {
-int px(double units, double perPixel) { return static_cast<int>(tk::roundHalfEven(units / perPixel)); }
+int px(double units, double perPixel) {
+  return static_cast<int>(tk::roundHalfEven(units / perPixel));
+}
 
 bool countsInPixels(const tk::Control& c) {
   if (c.kind() == tk::Kind::Form) return static_cast<const tk::Form&>(c).ScaleMode() == 3;
-  if (c.kind() == tk::Kind::PictureBox) return static_cast<const tk::PictureBox&>(c).ScaleMode() == 3;
+  if (c.kind() == tk::Kind::PictureBox)
+    return static_cast<const tk::PictureBox&>(c).ScaleMode() == 3;
   return false;
 }
 }  // namespace
@@ -43,10 +46,14 @@ QPointF modelPoint(const tk::Control& c, QPoint pixels) {
 
 QColor qtColor(uint32_t color, const QPalette& palette) {
   switch (color) {
-    case tk::kSystemFace: return palette.color(QPalette::Button);
-    case tk::kSystemHighlight: return palette.color(QPalette::Highlight);
-    case tk::kSystemText: return palette.color(QPalette::ButtonText);
-    default: break;
+    case tk::kSystemFace:
+      return palette.color(QPalette::Button);
+    case tk::kSystemHighlight:
+      return palette.color(QPalette::Highlight);
+    case tk::kSystemText:
+      return palette.color(QPalette::ButtonText);
+    default:
+      break;
   }
   if (color & 0x80000000u) return palette.color(QPalette::Window);
   return QColor(color & 0xFF, (color >> 8) & 0xFF, (color >> 16) & 0xFF);

@@ -79,8 +79,10 @@ bool isWindowed(const tk::Control& c) {
     case tk::Kind::ComboBox:
     case tk::Kind::VScrollBar:
     case tk::Kind::HScrollBar:
-    case tk::Kind::TabStrip: return true;
-    default: return false;
+    case tk::Kind::TabStrip:
+      return true;
+    default:
+      return false;
   }
 }
 
@@ -99,7 +101,8 @@ QWidget* createWindowed(Presenter& presenter, tk::Control& c, QWidget* parent, C
       auto* box = new QCheckBox(parent);
       tap = new ControlTap(presenter, c, box);
       QObject::connect(box, &QCheckBox::clicked, tap, [tap](bool on) {
-        tap->act([on](tk::Control& b) { tk::user::check(static_cast<tk::CheckBox&>(b), on ? 1 : 0); });
+        tap->act(
+            [on](tk::Control& b) { tk::user::check(static_cast<tk::CheckBox&>(b), on ? 1 : 0); });
       });
       w = box;
       break;
@@ -108,9 +111,8 @@ QWidget* createWindowed(Presenter& presenter, tk::Control& c, QWidget* parent, C
       auto* edit = new QLineEdit(parent);
       tap = new ControlTap(presenter, c, edit);
       QObject::connect(edit, &QLineEdit::textEdited, tap, [tap](const QString& s) {
-        tap->act([s](tk::Control& b) {
-          tk::user::type(static_cast<tk::TextBox&>(b), s.toStdString());
-        });
+        tap->act(
+            [s](tk::Control& b) { tk::user::type(static_cast<tk::TextBox&>(b), s.toStdString()); });
       });
       w = edit;
       break;
@@ -124,7 +126,8 @@ QWidget* createWindowed(Presenter& presenter, tk::Control& c, QWidget* parent, C
       tap->watchMouse(list->viewport());
       list->viewport()->setMouseTracking(true);
       QObject::connect(list, &QListWidget::currentRowChanged, tap, [tap](int row) {
-        tap->act([row](tk::Control& b) { tk::user::select(static_cast<tk::ListControl&>(b), row); });
+        tap->act(
+            [row](tk::Control& b) { tk::user::select(static_cast<tk::ListControl&>(b), row); });
       });
       w = list;
       break;
@@ -133,20 +136,22 @@ QWidget* createWindowed(Presenter& presenter, tk::Control& c, QWidget* parent, C
       auto* combo = new QComboBox(parent);
       tap = new ControlTap(presenter, c, combo);
       QObject::connect(combo, &QComboBox::activated, tap, [tap](int row) {
-        tap->act([row](tk::Control& b) { tk::user::select(static_cast<tk::ListControl&>(b), row); });
+        tap->act(
+            [row](tk::Control& b) { tk::user::select(static_cast<tk::ListControl&>(b), row); });
       });
       w = combo;
       break;
     }
     case tk::Kind::VScrollBar:
     case tk::Kind::HScrollBar: {
-      auto* bar = new QScrollBar(
-          c.kind() == tk::Kind::VScrollBar ? Qt::Vertical : Qt::Horizontal, parent);
+      auto* bar =
+          new QScrollBar(c.kind() == tk::Kind::VScrollBar ? Qt::Vertical : Qt::Horizontal, parent);
       // Change comes when the thumb is let go, not on every step of a drag.
       bar->setTracking(false);
       tap = new ControlTap(presenter, c, bar);
       QObject::connect(bar, &QScrollBar::valueChanged, tap, [tap](int value) {
-        tap->act([value](tk::Control& b) { tk::user::scroll(static_cast<tk::ScrollBar&>(b), value); });
+        tap->act(
+            [value](tk::Control& b) { tk::user::scroll(static_cast<tk::ScrollBar&>(b), value); });
       });
       w = bar;
       break;

@@ -43,8 +43,8 @@ void WindowlessPainter::paint(QPainter& painter, const tk::Control& c, const QRe
       const int kind = shape.ShapeKind();
       if (kind == 1 || kind == 3 || kind == 5) {  // square, circle, rounded square
         const int side = std::min(rect.width(), rect.height());
-        area = QRectF(rect.x() + (rect.width() - side) / 2.0, rect.y() + (rect.height() - side) / 2.0,
-                      side, side);
+        area = QRectF(rect.x() + (rect.width() - side) / 2.0,
+                      rect.y() + (rect.height() - side) / 2.0, side, side);
       }
       const int width = std::max(shape.BorderWidth(), 1);
       if (shape.BorderStyle() != 0) {
