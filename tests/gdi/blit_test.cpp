@@ -15,13 +15,12 @@ Surface Filled(int w, int h, uint32_t argb, AlphaMode mode = AlphaMode::kOpaque)
   return s;
 }
 
-TEST(Units, HimetricAndPixelsRoundHalfToEven) {
+TEST(Units, HimetricAndPixelsRoundToNearest) {
   EXPECT_EQ(HimetricToPixels(2540, 15), 96);
   EXPECT_EQ(HimetricToPixels(2540, 12), 120);
   EXPECT_EQ(PixelsToHimetric(100, 15), 2646);  // 2645.83
-  // 13.229 himetric is half a pixel at 96 dpi: 1 px -> 26.458; 0.5 px rounds to even (0).
-  EXPECT_EQ(HimetricToPixels(2540 * 5 / 192, 15), 0);
-  EXPECT_EQ(HimetricToPixels(2540 * 15 / 192, 15), 8);  // 7.5 -> 8
+  EXPECT_EQ(HimetricToPixels(40, 15), 2);  // 1.51
+  EXPECT_EQ(HimetricToPixels(39, 15), 1);  // 1.47
   EXPECT_EQ(HimetricToPixels(-2540, 15), -96);
 }
 
