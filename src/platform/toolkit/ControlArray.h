@@ -2,7 +2,7 @@
 // A control array: element 0 is made with the form; Load(i) makes element i as a hidden copy
 // of element 0, Unload(i) destroys it. The array's events carry the element's Index.
 
-#include <map>
+#include <vector>
 #include <memory>
 #include <string>
 
@@ -21,47 +21,54 @@ class ControlArray : public EventSet<int> {
     auto first = std::make_unique<T>(form, std::move(name), std::forward<A>(args)...);
     first->index_ = 0;
     wire(*first, 0);
-    elements_.emplace(0, std::move(first));
+    elements_.push_back(std::move(first));
   }
   ControlArray(const ControlArray&) = delete;
   ControlArray& operator=(const ControlArray&) = delete;
 
   // The element `index`; one that doesn't exist is a failure.
   T& operator()(int index) const {
-    auto it = elements_.find(index);
-    if (it == elements_.end()) raise(err::ElementMissing, name() + "(" + std::to_string(index) + ")");
-    return *it->second;
+    if (!exists(index)) raise(err::ElementMissing, name() + "(" + std::to_string(index) + ")");
+    return *elements_[static_cast<size_t>(index)];
   }
-  bool exists(int index) const { return elements_.count(index) != 0; }
-  const std::string& name() const { return elements_.begin()->second->Name(); }
+  bool exists(int index) const {
+    return index >= 0 && static_cast<size_t>(index) < elements_.size() &&
+           elements_[static_cast<size_t>(index)] != nullptr;
+  }
+  const std::string& name() const { return elements_.front()->Name(); }
 
   // Makes element `index` as a hidden copy of element 0; loading one that exists fails.
   T& Load(int index) {
     if (exists(index)) raise(err::AlreadyLoaded, name() + "(" + std::to_string(index) + ")");
+    if (index < 0) raise(err::InvalidCall, name() + "(" + std::to_string(index) + ")");
     auto el = std::make_unique<T>(*elements_.at(0));
     el->index_ = index;
     wire(*el, index);
     T& ref = *el;
-    elements_.emplace(index, std::move(el));
+    if (static_cast<size_t>(index) >= elements_.size()) elements_.resize(static_cast<size_t>(index) + 1);
+    elements_[static_cast<size_t>(index)] = std::move(el);
+    ++count_;
     if (Observer* o = form_->runtime().observer()) o->controlLoaded(ref);
     return ref;
   }
   // Destroys element `index`; element 0 and elements that don't exist can't be unloaded.
   void Unload(int index) {
     if (index == 0) raise(err::InvalidCall, "element 0 of " + name());
-    auto it = elements_.find(index);
-    if (it == elements_.end()) raise(err::ElementMissing, name() + "(" + std::to_string(index) + ")");
-    if (Observer* o = form_->runtime().observer()) o->controlUnloaded(*it->second);
-    elements_.erase(it);
+    T& el = (*this)(index);
+    if (Observer* o = form_->runtime().observer()) o->controlUnloaded(el);
+    elements_[static_cast<size_t>(index)].reset();
+    --count_;
+    while (!elements_.back()) elements_.pop_back();
   }
   // The indices that exist, in order.
   std::vector<int> indices() const {
     std::vector<int> out;
-    for (const auto& [i, el] : elements_) out.push_back(i);
+    for (size_t i = 0; i < elements_.size(); ++i)
+      if (elements_[i]) out.push_back(static_cast<int>(i));
     return out;
   }
-  int UBound() const { return elements_.rbegin()->first; }
-  size_t Count() const { return elements_.size(); }
+  int UBound() const { return static_cast<int>(elements_.size()) - 1; }
+  size_t Count() const { return count_; }
 
  private:
   void wire(T& el, int index) {
@@ -89,7 +96,8 @@ class ControlArray : public EventSet<int> {
   }
 
   Form* form_;
-  std::map<int, std::unique_ptr<T>> elements_;
+  std::vector<std::unique_ptr<T>> elements_;  // by index; null where none is loaded
+  size_t count_ = 1;
 };
 
 }  // namespace tk
