@@ -27,7 +27,7 @@ Value pictureHandle(const gdi::Picture& p) { return static_cast<double>(p.Handle
 
 void Image::setPicture(const gdi::Picture& p) {
   picture_ = p;
-  if (!stretch_ && p) {
+  if (!stretch_) {  // an empty picture leaves the image 0 by 0
     const Screen& s = runtime().screen();
     setWidth(pictureTwipsX(p, s.TwipsPerPixelX));
     setHeight(pictureTwipsY(p, s.TwipsPerPixelY));

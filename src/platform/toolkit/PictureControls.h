@@ -10,8 +10,8 @@ namespace tk {
 double pictureTwipsX(const gdi::Picture& p, double twipsPerPixelX);
 double pictureTwipsY(const gdi::Picture& p, double twipsPerPixelY);
 
-// With Stretch off the image takes the size of a picture it is given; with Stretch on it draws
-// the picture at its own size.
+// With Stretch off the image takes the size of a picture it is given (0 by 0 for none); with
+// Stretch on it draws the picture at its own size.
 class Image : public Control {
  public:
   Image(Form* form, std::string name) : Control(form, std::move(name), Kind::Image) {}
