@@ -1,0 +1,62 @@
+// vellumry [FOLDER]: the program on screen. A folder named on the command line is the start
+// folder of this run (a picture named there: its folder); with none, and nothing in the user's
+// pictures folder, the bundled samples are shown.
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QScreen>
+
+#include "platform/os/Folders.h"
+#include "platform/os/SettingsFile.h"
+#include "platform/qt/ClockDriver.h"
+#include "platform/qt/Presenter.h"
+#include "platform/qt/QtHost.h"
+#include "platform/toolkit/ListControls.h"
+#include "shell/INIFunctions.h"
+#include "shell/Program.h"
+
+namespace {
+
+constexpr const char* kPicturePattern = ";*.emf;*.jpg;*.jpeg;*.bmp;*.gif;*.png;*.cur;*.ico;*.wmf;*.tif";
+
+bool holdsPictures(const std::string& folder) {
+  for (const QString& name : QDir(QString::fromStdString(folder)).entryList(QDir::Files))
+    if (tk::matchesPattern(name.toStdString(), kPicturePattern)) return true;
+  return false;
+}
+
+// The start folder named on the command line, as a `dest` good for this one start.
+void takeCommandLine(const QStringList& args, const std::string& settingsFile) {
+  if (args.size() < 2) return;
+  QFileInfo named(args[1]);
+  QString folder = named.isDir() ? named.absoluteFilePath() : named.absolutePath();
+  if (QFileInfo(folder).isDir())
+    WriteIni(settingsFile, std::string(os::kSettingsSection), "dest", folder.toStdString());
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QApplication app(argc, argv);
+  QRect area = app.primaryScreen()->geometry();
+
+  vellumry::Places places{os::SettingsFolder(), os::InstallFolder(), os::PicturesFolder()};
+  std::string settingsFile = places.programFolder + "/" + std::string(os::kSettingsFileName);
+  os::CreateSettingsFileIfMissing(settingsFile);
+  takeCommandLine(app.arguments(), settingsFile);
+  std::string samples = QCoreApplication::applicationDirPath().toStdString() + "/samples";
+  if (!holdsPictures(places.picturesFolder) && holdsPictures(samples)) places.picturesFolder = samples;
+
+  qtp::QtHost host;
+  vellumry::Program program(host, tk::EventLoop::Clock::Real,
+                            tk::Screen::ofPixels(area.width(), area.height()), places);
+  qtp::Presenter presenter(program.runtime);
+  host.setPresenter(&presenter);
+  presenter.onProgramEnded = [&app] { app.quit(); };
+  qtp::ClockDriver clock(program.runtime.loop());
+  vellumry::Main(program);
+  if (program.runtime.ended()) return 0;
+  presenter.setTaskbarForm(program.Form0());
+  clock.arm();
+  return app.exec();
+}
