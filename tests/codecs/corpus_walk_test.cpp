@@ -43,19 +43,15 @@ TEST_P(CorpusWalk, EachFileDecodesOrIsRefused) {
 
 INSTANTIATE_TEST_SUITE_P(
     Suites, CorpusWalk,
-    ::testing::Values(SuiteCase{"jpegsuite", Format::kJpeg, 100},
-                      SuiteCase{"jpeg-decoder", Format::kJpeg, 60},
-                      SuiteCase{"pngsuite", Format::kPng, 150},
-                      SuiteCase{"image-png", Format::kPng, 10},
-                      SuiteCase{"libtiff", Format::kTiff, 15},
-                      SuiteCase{"image-tiff", Format::kTiff, 60},
-                      SuiteCase{"gif-test-suite", Format::kGif, 40},
-                      SuiteCase{"giflib", Format::kGif, 7}, SuiteCase{"image-gif", Format::kGif, 5},
-                      SuiteCase{"wuffs", Format::kGif, 20}, SuiteCase{"bmpsuite", Format::kBmp, 60},
-                      SuiteCase{"rust-ico", Format::kIco, 3}, SuiteCase{"pillow", Format::kIco, 5},
-                      SuiteCase{"faint-graphics-editor", Format::kCur, 2},
-                      SuiteCase{"gdk-pixbuf", Format::kIco, 1},
-                      SuiteCase{"image-rs-image", Format::kBmp, 20}),
+    ::testing::Values(
+        SuiteCase{"jpegsuite", Format::kJpeg, 100}, SuiteCase{"jpeg-decoder", Format::kJpeg, 60},
+        SuiteCase{"pngsuite", Format::kPng, 150}, SuiteCase{"image-png", Format::kPng, 10},
+        SuiteCase{"libtiff", Format::kTiff, 15}, SuiteCase{"image-tiff", Format::kTiff, 60},
+        SuiteCase{"gif-test-suite", Format::kGif, 40}, SuiteCase{"giflib", Format::kGif, 7},
+        SuiteCase{"image-gif", Format::kGif, 5}, SuiteCase{"wuffs", Format::kGif, 20},
+        SuiteCase{"bmpsuite", Format::kBmp, 60}, SuiteCase{"rust-ico", Format::kIco, 3},
+        SuiteCase{"pillow", Format::kIco, 5}, SuiteCase{"faint-graphics-editor", Format::kCur, 2},
+        SuiteCase{"gdk-pixbuf", Format::kIco, 1}, SuiteCase{"image-rs-image", Format::kBmp, 20}),
     [](const auto& info) {
       std::string name = info.param.dir;
       std::erase(name, '-');

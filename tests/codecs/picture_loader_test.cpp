@@ -1,11 +1,12 @@
 // Pictures made from file bytes: size at once, pixels when drawn, at the size drawn.
+#include "codecs/picture_loader.h"
+
 #include <gtest/gtest.h>
 
 #include <thread>
 
-#include "codecs/picture_loader.h"
-#include "gdi/file_writers.h"
 #include "gdi/blit.h"
+#include "gdi/file_writers.h"
 #include "gdi/units.h"
 #include "test_images.h"
 

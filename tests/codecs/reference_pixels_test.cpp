@@ -83,7 +83,8 @@ TEST(ReferencePixels, BmpSuiteGoodFilesMatchTheirPngs) {
   std::map<std::string, std::string> references;
   std::string lastPng;
   std::string page;
-  for (const uint8_t b : ReadFile(Corpus("bmpsuite/html/bmpsuite.html"))) page += static_cast<char>(b);
+  for (const uint8_t b : ReadFile(Corpus("bmpsuite/html/bmpsuite.html")))
+    page += static_cast<char>(b);
   for (size_t at = page.find("src=\""); at != std::string::npos; at = page.find("src=\"", at + 1)) {
     const std::string src = page.substr(at + 5, page.find('"', at + 5) - at - 5);
     if (src.ends_with(".png")) lastPng = src;
@@ -153,7 +154,8 @@ TEST(ReferencePixels, IconEntriesMatchTheirPngs) {
 
 TEST(ReferencePixels, GifFirstFramesMatchGiflibScreens) {
   SKIP_WITHOUT(Corpus("giflib/tests"));
-  for (const std::string name : {"porsche", "solid2", "treescap", "treescap-interlaced", "gifgrid"}) {
+  for (const std::string name :
+       {"porsche", "solid2", "treescap", "treescap-interlaced", "gifgrid"}) {
     const std::string rgbName = name == "treescap-interlaced" ? "treescap" : name;
     const std::vector<uint8_t> rgb = ReadFile(Corpus("giflib/tests/" + rgbName + ".rgb"));
     auto decoded = Decode(ReadFile(Corpus("giflib/pic/" + name + ".gif")));

@@ -35,7 +35,7 @@ inline std::vector<std::filesystem::path> FilesBelow(const std::filesystem::path
   return files;
 }
 
-#define SKIP_WITHOUT(path)                                                       \
+#define SKIP_WITHOUT(path) \
   if (!std::filesystem::exists(path)) GTEST_SKIP() << "corpus not present: " << (path)
 
 }  // namespace codecs::testing

@@ -14,8 +14,9 @@ gdi::Surface Gradient(int width, int height) {
   gdi::Surface s(width, height, gdi::AlphaMode::kOpaque);
   for (int y = 0; y < height; ++y) {
     for (int x = 0; x < width; ++x) {
-      s.SetPixel(x, y, gdi::Argb(255, static_cast<uint8_t>(x * 255 / std::max(1, width - 1)),
-                                 static_cast<uint8_t>(y * 255 / std::max(1, height - 1)), 64));
+      s.SetPixel(x, y,
+                 gdi::Argb(255, static_cast<uint8_t>(x * 255 / std::max(1, width - 1)),
+                           static_cast<uint8_t>(y * 255 / std::max(1, height - 1)), 64));
     }
   }
   return s;

@@ -1,7 +1,8 @@
 // The pixel operations the system relies on.
+#include "gdi/blit.h"
+
 #include <gtest/gtest.h>
 
-#include "gdi/blit.h"
 #include "gdi/icon_image.h"
 #include "gdi/lock_bits.h"
 #include "gdi/units.h"
@@ -19,8 +20,8 @@ TEST(Units, HimetricAndPixelsRoundToNearest) {
   EXPECT_EQ(HimetricToPixels(2540, 15), 96);
   EXPECT_EQ(HimetricToPixels(2540, 12), 120);
   EXPECT_EQ(PixelsToHimetric(100, 15), 2646);  // 2645.83
-  EXPECT_EQ(HimetricToPixels(40, 15), 2);  // 1.51
-  EXPECT_EQ(HimetricToPixels(39, 15), 1);  // 1.47
+  EXPECT_EQ(HimetricToPixels(40, 15), 2);      // 1.51
+  EXPECT_EQ(HimetricToPixels(39, 15), 1);      // 1.47
   EXPECT_EQ(HimetricToPixels(-2540, 15), -96);
 }
 
@@ -87,7 +88,8 @@ TEST(LockBits, ConvertsBetweenStraightPremultipliedAnd24Bits) {
   EXPECT_EQ(rgb.bytes[6], 3);
   EXPECT_EQ(rgb.bytes[8], 1);
   // Back from premultiplied to straight loses at most rounding.
-  const Surface back = ConvertAlpha(ConvertAlpha(s, AlphaMode::kPremultiplied), AlphaMode::kStraight);
+  const Surface back =
+      ConvertAlpha(ConvertAlpha(s, AlphaMode::kPremultiplied), AlphaMode::kStraight);
   EXPECT_NEAR(RedOf(back.Pixel(0, 0)), 200, 1);
   // Pixels without alpha lock as opaque, whatever their fourth byte.
   Surface raw(1, 1, AlphaMode::kUnknown);

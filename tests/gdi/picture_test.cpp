@@ -1,10 +1,11 @@
 // The picture object: shared ownership, its hook, natural size, drawing and saving.
+#include "gdi/picture.h"
+
 #include <gtest/gtest.h>
 
 #include <thread>
 
 #include "gdi/blit.h"
-#include "gdi/picture.h"
 #include "gdi/pixel_cache.h"
 #include "gdi/units.h"
 

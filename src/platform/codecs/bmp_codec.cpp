@@ -41,8 +41,8 @@ Expected<Decoded> DecodeBmp(std::span<const uint8_t> bytes, const Leniency& leni
   uint64_t pixelsAt = header->tableEnd;
   const uint32_t declared = *in.Le32(10);
   if (declared >= header->tableEnd && declared < bytes.size()) pixelsAt = declared;
-  auto pixels = ReadDibPixels(*header, bytes.subspan(std::min<uint64_t>(pixelsAt, bytes.size())),
-                              leniency);
+  auto pixels =
+      ReadDibPixels(*header, bytes.subspan(std::min<uint64_t>(pixelsAt, bytes.size())), leniency);
   if (!pixels) return pixels.error();
   return Decoded{std::move(*pixels), InfoOf(*header)};
 }

@@ -31,8 +31,8 @@ const char* ErrorName(Error error) {
 Expected<ImageInfo> Probe(std::span<const uint8_t> bytes) {
   using ProbeFn = Expected<ImageInfo> (*)(std::span<const uint8_t>);
   // Each probe answers kUnknownFormat unless the first bytes are its own.
-  for (const ProbeFn probe : {ProbeJpeg, ProbePng, ProbeGif, ProbeTiff, ProbeBmp, ProbeIcon,
-                              ProbeMetafile}) {
+  for (const ProbeFn probe :
+       {ProbeJpeg, ProbePng, ProbeGif, ProbeTiff, ProbeBmp, ProbeIcon, ProbeMetafile}) {
     auto info = probe(bytes);
     if (info || info.error() != Error::kUnknownFormat) return info;
   }

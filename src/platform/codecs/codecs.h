@@ -19,7 +19,7 @@ enum class Format { kUnknown, kJpeg, kPng, kTiff, kGif, kBmp, kIco, kCur, kEmf, 
 // What a header tells without decoding pixels.
 struct ImageInfo {
   Format format = Format::kUnknown;
-  int width = 0;          // pixels; 0 when the header doesn't say (a non-placeable WMF)
+  int width = 0;  // pixels; 0 when the header doesn't say (a non-placeable WMF)
   int height = 0;
   int bitsPerPixel = 0;   // as stored: 1 to 64 (JPEG: 8 a component)
   bool hasAlpha = false;  // the stored pixels carry an alpha channel or a transparent colour

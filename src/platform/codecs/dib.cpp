@@ -110,10 +110,10 @@ void DecodeRow(const DibHeader& h, const uint8_t* in, uint32_t* px, const Channe
         px[x] = gdi::Argb(255, in[x * 3 + 2], in[x * 3 + 1], in[x * 3]);
         break;
       default: {  // 16 and 32 bits
-        const uint32_t v = bits == 16 ? uint32_t{in[x * 2]} | uint32_t{in[x * 2 + 1]} << 8
-                                      : uint32_t{in[x * 4]} | uint32_t{in[x * 4 + 1]} << 8 |
-                                            uint32_t{in[x * 4 + 2]} << 16 |
-                                            uint32_t{in[x * 4 + 3]} << 24;
+        const uint32_t v = bits == 16
+                               ? uint32_t{in[x * 2]} | uint32_t{in[x * 2 + 1]} << 8
+                               : uint32_t{in[x * 4]} | uint32_t{in[x * 4 + 1]} << 8 |
+                                     uint32_t{in[x * 4 + 2]} << 16 | uint32_t{in[x * 4 + 3]} << 24;
         if (bits == 32 && h.compression == kBiRgb) {
           px[x] = v;  // the fourth byte as stored
         } else {
@@ -166,7 +166,13 @@ Expected<DibHeader> ParseDibHeader(const ByteReader& in, uint64_t at, bool iconI
   h.width = static_cast<int>(width);
   h.height = static_cast<int>(height);
   switch (h.bitsPerPixel) {
-    case 1: case 2: case 4: case 8: case 16: case 24: case 32:
+    case 1:
+    case 2:
+    case 4:
+    case 8:
+    case 16:
+    case 24:
+    case 32:
       break;
     default:
       return Error::kUnsupported;

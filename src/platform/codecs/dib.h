@@ -17,7 +17,7 @@ struct DibHeader {
   int height = 0;  // rows of the colour image (half the stored height in an icon image)
   bool topDown = false;
   int bitsPerPixel = 0;
-  uint32_t compression = 0;  // 0 RGB, 1 RLE8, 2 RLE4, 3 bit fields, 6 bit fields with alpha
+  uint32_t compression = 0;         // 0 RGB, 1 RLE8, 2 RLE4, 3 bit fields, 6 bit fields with alpha
   std::array<uint32_t, 4> masks{};  // red, green, blue, alpha, for bit fields and 16 bits
   std::vector<uint32_t> palette;    // 0xFFRRGGBB
   uint64_t tableEnd = 0;            // offset behind header, masks and colour table

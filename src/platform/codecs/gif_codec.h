@@ -27,7 +27,7 @@ struct GifFrameIndices {
   std::vector<uint32_t> colors;  // 0xFFRRGGBB, one per table entry (2 to 256)
   int transparentIndex = -1;     // -1: none
   int delayCentiseconds = 0;
-  int disposal = 0;              // 0 to 3 as stored; 0 also when there is no control block
+  int disposal = 0;  // 0 to 3 as stored; 0 also when there is no control block
   bool interlaced = false;
 };
 

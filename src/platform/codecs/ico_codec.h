@@ -10,7 +10,7 @@
 namespace codecs {
 
 struct IconEntry {
-  int width = 0;   // from the image data itself, not the directory's bytes
+  int width = 0;  // from the image data itself, not the directory's bytes
   int height = 0;
   int bitDepth = 0;  // DIB bit count; for PNG images channels x bit depth
   bool isPng = false;

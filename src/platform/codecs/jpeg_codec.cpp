@@ -102,7 +102,8 @@ Expected<ImageInfo> ProbeJpeg(std::span<const uint8_t> bytes) {
 std::vector<gdi::Size> JpegNativeSizes(int width, int height) {
   std::vector<gdi::Size> sizes;
   for (int64_t n = 1; n <= 8; ++n) {
-    sizes.push_back({static_cast<int>((width * n + 7) / 8), static_cast<int>((height * n + 7) / 8)});
+    sizes.push_back(
+        {static_cast<int>((width * n + 7) / 8), static_cast<int>((height * n + 7) / 8)});
   }
   return sizes;
 }

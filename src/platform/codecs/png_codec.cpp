@@ -64,8 +64,7 @@ enum class Stage { kHeader, kRows, kEnd, kDone };
 
 // The decode proper; objects it fills live in the caller (see the note on jumps in the JPEG
 // decoder).
-Stage RunDecode(Reader& r, Input& input, Decoded& out, std::vector<png_bytep>& rows,
-                Error& error) {
+Stage RunDecode(Reader& r, Input& input, Decoded& out, std::vector<png_bytep>& rows, Error& error) {
   png_structp png = r.png();
   png_infop info = r.info();
   volatile Stage stage = Stage::kHeader;  // read after a jump back

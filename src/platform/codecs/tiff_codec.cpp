@@ -19,7 +19,8 @@ struct Input {
 tmsize_t ReadProc(thandle_t handle, void* out, tmsize_t size) {
   auto* in = static_cast<Input*>(handle);
   if (size <= 0 || in->position >= in->bytes.size()) return 0;
-  const uint64_t n = std::min<uint64_t>(static_cast<uint64_t>(size), in->bytes.size() - in->position);
+  const uint64_t n =
+      std::min<uint64_t>(static_cast<uint64_t>(size), in->bytes.size() - in->position);
   std::memcpy(out, in->bytes.data() + in->position, n);
   in->position += n;
   return static_cast<tmsize_t>(n);
@@ -57,10 +58,11 @@ struct TiffCloser {
 using TiffHandle = std::unique_ptr<TIFF, TiffCloser>;
 
 bool IsTiff(std::span<const uint8_t> bytes) {
-  return bytes.size() >= 4 && ((bytes[0] == 'I' && bytes[1] == 'I' && bytes[2] == 42 && bytes[3] == 0) ||
-                               (bytes[0] == 'M' && bytes[1] == 'M' && bytes[2] == 0 && bytes[3] == 42) ||
-                               (bytes[0] == 'I' && bytes[1] == 'I' && bytes[2] == 43 && bytes[3] == 0) ||
-                               (bytes[0] == 'M' && bytes[1] == 'M' && bytes[2] == 0 && bytes[3] == 43));
+  return bytes.size() >= 4 &&
+         ((bytes[0] == 'I' && bytes[1] == 'I' && bytes[2] == 42 && bytes[3] == 0) ||
+          (bytes[0] == 'M' && bytes[1] == 'M' && bytes[2] == 0 && bytes[3] == 42) ||
+          (bytes[0] == 'I' && bytes[1] == 'I' && bytes[2] == 43 && bytes[3] == 0) ||
+          (bytes[0] == 'M' && bytes[1] == 'M' && bytes[2] == 0 && bytes[3] == 43));
 }
 
 // Opens the bytes without libtiff printing anything, with its allocations capped.
@@ -123,9 +125,9 @@ Expected<Decoded> DecodeTiff(std::span<const uint8_t> bytes, int page, const Len
   char message[1024];
   if (!TIFFRGBAImageOK(tif.get(), message)) return Error::kUnsupported;
 
-  out.surface = gdi::Surface(out.info.width, out.info.height,
-                             out.info.hasAlpha ? gdi::AlphaMode::kPremultiplied
-                                               : gdi::AlphaMode::kOpaque);
+  out.surface =
+      gdi::Surface(out.info.width, out.info.height,
+                   out.info.hasAlpha ? gdi::AlphaMode::kPremultiplied : gdi::AlphaMode::kOpaque);
   const int stopOnError = leniency.tiffDamagedStrips ? 0 : 1;
   if (!TIFFReadRGBAImageOriented(tif.get(), static_cast<uint32_t>(out.info.width),
                                  static_cast<uint32_t>(out.info.height),

@@ -89,8 +89,8 @@ Rect Normalised(Rect r) {
 
 void Stretch(Surface& dst, Rect target, const Surface& src, Rect source,
              Qt::TransformationMode mode) {
-  if (dst.Empty() || src.Empty() || target.width == 0 || target.height == 0 ||
-      source.width == 0 || source.height == 0) {
+  if (dst.Empty() || src.Empty() || target.width == 0 || target.height == 0 || source.width == 0 ||
+      source.height == 0) {
     return;
   }
   const QImage scaled = Prepared(src, source, target, mode);
@@ -124,10 +124,9 @@ void StretchNearest(Surface& dst, Rect target, const Surface& src, Rect source) 
   Stretch(dst, target, src, source, Qt::FastTransformation);
 }
 
-void AlphaBlend(Surface& dst, Rect target, const Surface& src, Rect source,
-                uint8_t constantAlpha) {
-  if (dst.Empty() || src.Empty() || target.width == 0 || target.height == 0 ||
-      source.width == 0 || source.height == 0) {
+void AlphaBlend(Surface& dst, Rect target, const Surface& src, Rect source, uint8_t constantAlpha) {
+  if (dst.Empty() || src.Empty() || target.width == 0 || target.height == 0 || source.width == 0 ||
+      source.height == 0) {
     return;
   }
   Surface scaled(std::abs(target.width), std::abs(target.height), AlphaMode::kPremultiplied);

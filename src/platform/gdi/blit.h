@@ -16,8 +16,7 @@ enum class RasterOp {
 // Block copies without scaling. `source` is the area of `src` to take; it lands with its top left
 // at (dx, dy). Both sides are clipped; the alpha mode of `dst` is left as it is.
 void Blit(Surface& dst, int dx, int dy, const Surface& src, Rect source, RasterOp op);
-void Blit(IndexedSurface& dst, int dx, int dy, const IndexedSurface& src, Rect source,
-          RasterOp op);
+void Blit(IndexedSurface& dst, int dx, int dy, const IndexedSurface& src, Rect source, RasterOp op);
 
 // Solid fills, clipped.
 void Fill(Surface& dst, Rect area, uint32_t argb);

@@ -76,7 +76,7 @@ Picture::Picture() = default;
 Picture::Picture(std::shared_ptr<Object> object) : object_(std::move(object)) {}
 
 std::shared_ptr<Picture::Object> Picture::NewObject(PictureType type, Size pixels,
-                                                   double twipsPerPixel) {
+                                                    double twipsPerPixel) {
   auto object = std::make_shared<Picture::Object>();
   object->handle = NextHandle();
   object->type = type;
@@ -211,9 +211,9 @@ void Picture::Draw(Surface& target, const RenderArgs& a, bool smooth) const {
   if (!pixels || pixels->Empty()) return;
   const double sx = static_cast<double>(pixels->Width()) / natural.width;
   const double sy = static_cast<double>(pixels->Height()) / natural.height;
-  const Rect source{static_cast<int>(std::lround(left * sx)), static_cast<int>(std::lround(top * sy)),
-                    static_cast<int>(std::lround(width * sx)),
-                    static_cast<int>(std::lround(height * sy))};
+  const Rect source{
+      static_cast<int>(std::lround(left * sx)), static_cast<int>(std::lround(top * sy)),
+      static_cast<int>(std::lround(width * sx)), static_cast<int>(std::lround(height * sy))};
   if (!Opaque(pixels->Alpha())) {
     AlphaBlend(target, dest, *pixels, source);
   } else if (smooth) {

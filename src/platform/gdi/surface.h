@@ -9,7 +9,8 @@
 
 namespace gdi {
 
-static_assert(std::endian::native == std::endian::little, "pixels are laid out as B, G, R, A bytes");
+static_assert(std::endian::native == std::endian::little,
+              "pixels are laid out as B, G, R, A bytes");
 
 struct Size {
   int width = 0;
@@ -27,9 +28,9 @@ struct Rect {
 
 // What the fourth byte of a 32-bit pixel means.
 enum class AlphaMode {
-  kOpaque,         // no alpha: the byte is ignored and drawn as 255
-  kUnknown,        // the byte as read from a file whose format doesn't say (32-bit BMP); drawn opaque
-  kStraight,       // colour not scaled by alpha
+  kOpaque,    // no alpha: the byte is ignored and drawn as 255
+  kUnknown,   // the byte as read from a file whose format doesn't say (32-bit BMP); drawn opaque
+  kStraight,  // colour not scaled by alpha
   kPremultiplied,  // colour already multiplied by alpha
 };
 
