@@ -134,6 +134,8 @@ std::shared_ptr<const Surface> Picture::Pixels(Size wanted) const {
 
 const IconImage* Picture::Icon() const { return object_ ? object_->icon.get() : nullptr; }
 
+std::shared_ptr<LazyPixels> Picture::Lazy() const { return object_ ? object_->lazy : nullptr; }
+
 bool Picture::KeepOriginalFormat() const { return object_ && object_->original; }
 
 void Picture::KeepOriginal(std::shared_ptr<const std::vector<uint8_t>> bytes) {
@@ -203,10 +205,12 @@ void Picture::Draw(Surface& target, const RenderArgs& a, bool smooth) const {
   const double height = -a.cySrc * toPxY;
   if (std::abs(width) < 0.5 || std::abs(height) < 0.5) return;
 
-  // Decode no larger than the drawing needs: the whole picture at the target's scale.
-  const Size wanted{
-      static_cast<int>(std::ceil(natural.width * std::abs(a.cx) / std::abs(width))),
-      static_cast<int>(std::ceil(natural.height * std::abs(a.cy) / std::abs(height)))};
+  // Decode no larger than the drawing needs: the whole picture at the target's scale. The slack
+  // keeps a rounding error of the unit conversion from asking one pixel more than drawn, so that
+  // a drawing of the whole picture asks exactly its target size (what decoding ahead prepared).
+  const auto needed = [](double pixels) { return static_cast<int>(std::ceil(pixels - 1e-6)); };
+  const Size wanted{needed(natural.width * std::abs(a.cx) / std::abs(width)),
+                    needed(natural.height * std::abs(a.cy) / std::abs(height))};
   const auto pixels = Pixels(wanted);
   if (!pixels || pixels->Empty()) return;
   const double sx = static_cast<double>(pixels->Width()) / natural.width;

@@ -82,6 +82,9 @@ class Picture {
   std::shared_ptr<const Surface> Pixels(Size wanted = {}) const;
   // The icon image of an icon picture, else null.
   const IconImage* Icon() const;
+  // The lazily decoded pixels of a bitmap picture, else null; lets pixels be decoded ahead
+  // without holding the picture itself.
+  std::shared_ptr<LazyPixels> Lazy() const;
 
   // Source bytes kept with the picture, written by SaveAsFile as they are.
   bool KeepOriginalFormat() const;

@@ -88,6 +88,13 @@ gdi::Picture PictureBox::Image() const {
   const Screen& s = runtime().screen();
   int w = static_cast<int>(roundHalfEven(Width() / s.TwipsPerPixelX));
   int h = static_cast<int>(roundHalfEven(Height() / s.TwipsPerPixelY));
+  // A box that is exactly its opaque bitmap shows nothing else: hand out the picture itself
+  // rather than a full-size copy of its pixels.
+  if (autoSize_ && picture_ && picture_.Type() == gdi::PictureType::kBitmap &&
+      !(picture_.Attributes() & gdi::kPictureTransparent) &&
+      picture_.PixelSize() == gdi::Size{w, h}) {
+    return picture_;
+  }
   gdi::Surface canvas(std::max(w, 1), std::max(h, 1), gdi::AlphaMode::kOpaque);
   gdi::Fill(canvas, {0, 0, canvas.Width(), canvas.Height()}, pixelOf(backColor_));
   if (picture_) {

@@ -43,7 +43,8 @@ class PictureBox : public Control {
   void setBackColor(uint32_t v);
   int BorderStyle() const { return borderStyle_; }
   void setBorderStyle(int v);
-  // What stands painted on the box, as a bitmap picture of the box's size in pixels.
+  // What stands painted on the box, as a bitmap picture of the box's size in pixels. When that is
+  // exactly the box's opaque bitmap at its natural size, the same picture.
   gdi::Picture Image() const;
   bool focusable() const override { return true; }
   const std::vector<Property>& properties() const override;

@@ -1,0 +1,33 @@
+#pragma once
+// Pixels at exactly the size a picture is drawn, optionally flattened over a colour.
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+
+#include "gdi/pixel_source.h"
+
+namespace vellumry {
+
+// Shows `inner` at the natural size `natural` (its own size, or the size a caller asked the
+// picture to have) and produces pixels at any size up to that: it decodes at the smallest size
+// `inner` makes directly that covers the wanted one, then scales to it with halftone quality. So
+// a thumbnail is cached at its drawn size, not at the JPEG eighth it was decoded from. With a
+// `background` (0x00BBGGRR) the pixels are composed over that colour and come out opaque.
+class FittedDecoder : public gdi::ScaledDecoder {
+ public:
+  FittedDecoder(std::unique_ptr<gdi::ScaledDecoder> inner, gdi::Size natural,
+                std::optional<uint32_t> background = std::nullopt);
+
+  gdi::Size NaturalSize() const override { return natural_; }
+  bool HasAlpha() const override { return !background_ && inner_->HasAlpha(); }
+  gdi::Size NativeSizeFor(gdi::Size wanted) const override;
+  std::optional<gdi::Surface> Decode(gdi::Size native) const override;
+
+ private:
+  std::unique_ptr<gdi::ScaledDecoder> inner_;
+  gdi::Size natural_;
+  std::optional<uint32_t> background_;
+};
+
+}  // namespace vellumry

@@ -1,0 +1,58 @@
+#include "picture/LazyPicture.h"
+
+#include "codecs/ico_codec.h"
+#include "picture/FittedDecoder.h"
+#include "picture/PictureServices.h"
+#include "picture/SourceDecoder.h"
+
+namespace vellumry {
+
+namespace {
+
+gdi::Picture IconPicture(const PictureOrigin& origin, double twipsPerPixel) {
+  std::optional<std::vector<uint8_t>> read;
+  if (!origin.bytes) read = ReadWholeFile(origin.path);
+  const std::vector<uint8_t>* bytes = origin.bytes ? origin.bytes.get() : read ? &*read : nullptr;
+  if (!bytes) return {};
+  auto directory = codecs::ReadIconDirectory(*bytes);
+  if (!directory) return {};
+  auto icon = codecs::DecodeIconEntry(*bytes, codecs::DefaultIconEntry(*directory), {});
+  if (!icon) return {};
+  return gdi::Picture::FromIcon(std::move(*icon), twipsPerPixel);
+}
+
+std::unique_ptr<gdi::ScaledDecoder> MakeSourceDecoder(const PictureOrigin& origin,
+                                                      const codecs::ImageInfo& info) {
+  if (origin.bytes) return std::make_unique<SourceDecoder>(origin.bytes, info);
+  return std::make_unique<SourceDecoder>(origin.path, info);
+}
+
+}  // namespace
+
+gdi::Picture MakeLazyPicture(PictureServices& services, const PictureOrigin& origin,
+                             const codecs::ImageInfo& info, std::optional<uint32_t> background,
+                             std::optional<gdi::Size> size) {
+  if (info.width <= 0 || info.height <= 0) return {};
+  switch (info.format) {
+    case codecs::Format::kIco:
+    case codecs::Format::kCur:
+      // Flattened, an icon is a bitmap like any other.
+      if (!background) return IconPicture(origin, services.twipsPerPixel());
+      break;
+    case codecs::Format::kEmf:
+    case codecs::Format::kWmf:
+    case codecs::Format::kUnknown:
+      return {};
+    default:
+      break;
+  }
+  const gdi::Size natural = size.value_or(gdi::Size{info.width, info.height});
+  if (natural.width <= 0 || natural.height <= 0) return {};
+  auto decoder =
+      std::make_unique<FittedDecoder>(MakeSourceDecoder(origin, info), natural, background);
+  return gdi::Picture::FromLazyPixels(
+      std::make_shared<gdi::LazyPixels>(std::move(decoder), services.cache()),
+      services.twipsPerPixel());
+}
+
+}  // namespace vellumry

@@ -1,0 +1,34 @@
+#pragma once
+// Pictures whose pixels are decoded when drawn, at the drawn size, into the program's cache.
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "codecs/codecs.h"
+#include "gdi/picture.h"
+
+namespace vellumry {
+
+class PictureServices;
+
+// Where a picture's bytes are read from when it decodes: shared bytes when there are any, else
+// the file at `path`, read again at each decode.
+struct PictureOrigin {
+  std::string path;
+  std::shared_ptr<const std::vector<uint8_t>> bytes;
+};
+
+// A picture of the first image of `origin` at its natural size. Bitmaps (JPEG, PNG, TIFF, GIF,
+// BMP) decode lazily, cached at the size they are drawn; with `background` (0x00BBGGRR) they come
+// out opaque over that colour, and `size` gives them another natural size than the image's own.
+// Icons and cursors that aren't flattened are decoded at once, their default entry. Metafiles and
+// anything unreadable give an empty picture.
+gdi::Picture MakeLazyPicture(PictureServices& services, const PictureOrigin& origin,
+                             const codecs::ImageInfo& info,
+                             std::optional<uint32_t> background = std::nullopt,
+                             std::optional<gdi::Size> size = std::nullopt);
+
+}  // namespace vellumry
