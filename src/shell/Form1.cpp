@@ -101,6 +101,21 @@ Form1::Form1(Program& program) : Form(program.runtime, "Form1"), program_(progra
   Frame2.onMouseMove = [this](int, int, double, double) { Frame2_MouseMove(); };
   Label1.onChange = [this] { Label1_Change(); };
   VScroll1.onChange = [this] { VScroll1_Change(); };
+  File2.onClick = [this] { File2_Click(); };
+  File2.onDblClick = [this] { File2_DblClick(); };
+  File2.onMouseDown = [this](int button, int, double, double) { File2_MouseDown(button); };
+  Image1.onClick = [this](int i) { Image1_Click(i); };
+  Image1.onDblClick = [this](int i) { Image1_DblClick(i); };
+  Image1.onMouseDown = [this](int i, int button, int, double, double) { Image1_MouseDown(i, button); };
+  Frame1.onMouseDown = [this](int button, int, double, double) { Frame1_MouseDown(button); };
+  List.onMouseDown = [this](int i, int button, int, double, double) { List_MouseDown(i, button); };
+  btnmenu.onClick = [this] { btnmenu_Click(); };
+  btn.onClick = [this](int i) { btn_Click(i); };
+  Image4.onClick = [this] { Image4_Click(); };
+  Label3.onClick = [this] { Label3_Click(); };
+  Label.onMouseMove = [this](int, int, double, double) { Label_MouseMove(); };
+  Timer3.onTimer = [this] { Timer3_Timer(); };
+  Timer4.onTimer = [this] { Timer4_Timer(); };
 
   auto& f = fields();
   f.add("nLoad", nLoad);

@@ -94,10 +94,33 @@ class Form1 : public tk::Form {
   void Timer1_Timer();
   void pres(int16_t& i);
 
-  // Scrolling (grid/Scrolling.cpp).
+  // Scrolling and selection (grid/Scrolling.cpp).
   void pSyncPage();
   void Label1_Change();
+  void pShowPage();
+  void pFrameSel();
+  void pSelPage();
   void VScroll1_Change();
+  void File2_Click();
+
+  // Keys and mouse (shell/Form1Commands.cpp).
+  void Form_KeyUp(int& KeyCode, int Shift) override;
+  void Form_DblClick() override;
+  void Image1_Click(int Index);
+  void Image1_DblClick(int Index);
+  void Image1_MouseDown(int Index, int Button);
+  void File2_DblClick();
+  void File2_MouseDown(int Button);
+  void Frame1_MouseDown(int Button);
+  void List_MouseDown(int Index, int Button);
+  void btnmenu_Click();
+  void btn_Click(int Index);
+  void Image4_Click();
+  void Label3_Click();
+  void Label_MouseMove();
+  void Timer3_Timer();
+  void Timer4_Timer();
+  void pView();
 
  private:
   Program& program_;

@@ -12,7 +12,10 @@ Program::Program(tk::Host& host, tk::EventLoop::Clock clock, tk::Screen screen, 
       Form0(runtime, [this] { return std::make_unique<vellumry::Form0>(*this); }),
       Form1(runtime, [this] { return std::make_unique<vellumry::Form1>(*this); }),
       Form2(runtime, [this] { return std::make_unique<vellumry::Form2>(runtime); }),
-      Form3(runtime, [this] { return std::make_unique<vellumry::Form3>(runtime); }) {
+      Form3(runtime, [this] { return std::make_unique<vellumry::Form3>(runtime); }),
+      FormScreenCapture(runtime,
+                        [this] { return std::make_unique<vellumry::FormScreenCapture>(*this); }),
+      frmMenu(runtime, [this] { return std::make_unique<vellumry::frmMenu>(*this); }) {
   fields.add("sIniPath", sIniPath);
   fields.add("sInstallDir", sInstallDir);
   fields.add("sDest", sDest);
@@ -48,6 +51,21 @@ long Program::ReadSettingNumber(const std::string& key) const {
 
 void Program::WriteSetting(const std::string& key, const std::string& value) const {
   WriteIni(sIniPath, std::string(os::kSettingsSection), key, value);
+}
+
+void Program::pMinimise(std::optional<uint8_t> viewerUp) {
+  FormScreenCapture().Show();
+  if (viewerUp) ViewerUp = *viewerUp;
+  Form0().setLeft(0);
+  Form0().setWindowState(1);
+}
+
+void Program::StartHelp() {
+  if (!runtime.host().Run(sInstallDir + "/tomeview")) tk::raise(tk::err::FileNotFound, "tomeview");
+}
+
+void Program::OpenFolder(const std::string& path) {
+  if (!runtime.host().Open(path)) tk::raise(tk::err::FileNotFound, path);
 }
 
 int32_t Program::ConvertTwipsToPixels(int32_t twips, uint8_t direction) {

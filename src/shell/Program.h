@@ -3,6 +3,7 @@
 // global, so tests can run several programs side by side.
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -11,6 +12,8 @@
 #include "platform/toolkit/Runtime.h"
 #include "shell/Form0.h"
 #include "shell/Form1.h"
+#include "tools/FormScreenCapture.h"
+#include "tools/frmMenu.h"
 #include "viewer/Form2.h"
 
 namespace vellumry {
@@ -55,12 +58,21 @@ class Program {
   tk::FormSlot<vellumry::Form1> Form1;
   tk::FormSlot<vellumry::Form2> Form2;
   tk::FormSlot<vellumry::Form3> Form3;
+  tk::FormSlot<vellumry::FormScreenCapture> FormScreenCapture;
+  tk::FormSlot<vellumry::frmMenu> frmMenu;
 
   // A key of the settings file, "?" when missing; each read goes to the file.
   std::string ReadSetting(const std::string& key) const;
   // A numeric key; one that holds no number reads as its default.
   long ReadSettingNumber(const std::string& key) const;
   void WriteSetting(const std::string& key, const std::string& value) const;
+  // Minimises the program as every minimising does: the screen picture, ViewerUp when given,
+  // then Form0 to the screen and minimised; Form0's Resize hides the rest.
+  void pMinimise(std::optional<uint8_t> viewerUp);
+  // Starts the help program beside the program; a failure to start is err::FileNotFound.
+  void StartHelp();
+  // Opens a folder in the desktop's file manager; a failure is err::FileNotFound.
+  void OpenFolder(const std::string& path);
   // Twips to whole pixels by the screen; direction 0 horizontal, else vertical.
   int32_t ConvertTwipsToPixels(int32_t twips, uint8_t direction);
 };

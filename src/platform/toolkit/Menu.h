@@ -15,6 +15,9 @@ class Menu : public Control {
       : Control(form, std::move(name), Kind::Menu), caption_(std::move(caption)) {}
   const std::string& Caption() const { return caption_; }
   void setCaption(const std::string& v);
+  // The key shown beside the caption ("F1"); showing only, the form handles the key itself.
+  const std::string& Shortcut() const { return shortcut_; }
+  void setShortcut(const std::string& v) { shortcut_ = v; }
   bool Checked() const { return checked_; }
   void setChecked(bool v);
   bool separator() const { return caption_ == "-"; }
@@ -24,7 +27,7 @@ class Menu : public Control {
   const std::vector<Property>& properties() const override;
 
  private:
-  std::string caption_;
+  std::string caption_, shortcut_;
   bool checked_ = false;
   std::vector<Menu*> children_;
 };

@@ -1,0 +1,92 @@
+#include "tools/frmMenu.h"
+
+#include "platform/os/FileSystem.h"
+#include "shell/Program.h"
+
+namespace vellumry {
+
+frmMenu::frmMenu(Program& program) : Form(program.runtime, "frmMenu"), program_(program) {
+  popup(mnuLinkList, {&L9, &mHllist, &L6, &mnuEllist, &mnuRllist, &mnuFllist, &L8, &mnuAz, &mnuZa,
+                      &mnuOfo2});
+  popup(mnuSaveimg2, {&mnuSaveimg22, &mOpentxt, &mnuImgI22, &mnuMin, &mnuL1, &mnuExit2});
+  popup(mnuFimg0, {&mnuFimg00});
+  popup(mnuSaveimg0, {&mnuFimg, &mnuSaveimg00, &mDelselected, &mnuImgI});
+  popup(mnumenu, {&L7, &mnuAllist, &mnuSllist, &L3, &mnuSet, &mnuHelp, &mnuAbout, &line1,
+                  &mnuMinimize, &mnuExit});
+  mnuHelp.setShortcut("F1");
+
+  mHllist.onClick = [this] { mnuSllist_Click(); };
+  mnuSllist.onClick = [this] { mnuSllist_Click(); };
+  mnuOfo2.onClick = [this] { mnuOfo2_Click(); };
+  mnuHelp.onClick = [this] { mnuHelp_Click(); };
+  mnuMinimize.onClick = [this] { mnuMinimize_Click(); };
+  mnuMin.onClick = [this] { mnuMin_Click(); };
+  mnuExit.onClick = [this] { mnuExit_Click(); };
+  mnuExit2.onClick = [this] { mnuExit2_Click(); };
+  // The link dialog, finding, saving, file information, marking, the side text, the settings
+  // and the About panel come with their own windows.
+}
+
+void frmMenu::popup(tk::Menu& top, std::initializer_list<tk::Menu*> entries) {
+  top.setVisible(false);  // a popup only, never in a menu bar
+  for (tk::Menu* entry : entries) {
+    top.add(*entry);
+    if (entry->separator()) entry->setEnabled(false);
+  }
+}
+
+void frmMenu::mnuSllist_Click() {
+  Form1& f = program_.Form1();
+  if (mnuSllist.Caption() == "Show Link List") {
+    mnuSllist.setCaption("Hide Link List");
+    f.List(0).setVisible(true);
+    f.List(0).setListIndex(program_.iCurLink);
+    f.List(1).setListIndex(program_.iCurLink);
+    f.File2.setTop(2570);
+    f.File2.setHeight(4185);
+  } else {
+    mnuSllist.setCaption("Show Link List");
+    f.List(0).setVisible(false);
+    f.File2.setTop(35);
+    f.File2.setHeight(6720);
+  }
+}
+
+void frmMenu::mnuOfo2_Click() {
+  Form1& f = program_.Form1();
+  if (f.List(0).ListIndex() < 0) {
+    runtime().MsgBox("Please select a Link Name", 0, "");
+    return;
+  }
+  std::string path = f.List(1).List(f.List(0).ListIndex());
+  if (!os::FolderExists(path)) {
+    runtime().MsgBox("The Link does not exist! \r\n" + f.List(1).Text() +
+                         "\r\n\r\n You must remove the name of the link: " + f.List(0).Text(),
+                     64, "Invalid Path");
+    return;
+  }
+  program_.pMinimise(0);
+  program_.OpenFolder(path);
+}
+
+void frmMenu::mnuHelp_Click() {
+  program_.pMinimise(std::nullopt);
+  program_.StartHelp();
+}
+
+void frmMenu::mnuMinimize_Click() { program_.pMinimise(0); }
+
+void frmMenu::mnuMin_Click() {
+  // Pausing a playing animation first comes with the GIF viewer.
+  auto* f3 = program_.Form3.peek();
+  program_.pMinimise(f3 && f3->Visible() ? 3 : 2);
+}
+
+void frmMenu::mnuExit_Click() { program_.Form1().Unload(); }
+
+void frmMenu::mnuExit2_Click() {
+  if (auto* f2 = program_.Form2.peek()) f2->Unload();
+  program_.Form1().Unload();
+}
+
+}  // namespace vellumry
