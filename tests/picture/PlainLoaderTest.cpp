@@ -1,0 +1,90 @@
+// The plain loader: its errors, and pictures of files that keep none of their bytes.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "PictureTestSupport.h"
+#include "picture/PictureServices.h"
+#include "picture/PlainLoader.h"
+#include "platform/toolkit/Error.h"
+#include "test_images.h"
+
+namespace vellumry {
+namespace {
+
+using codecs::testing::Gradient;
+using codecs::testing::MakeGif;
+using codecs::testing::MakeJpeg;
+using codecs::testing::MakePng;
+using testing::TempFolder;
+
+class PlainLoaderTest : public ::testing::Test {
+ protected:
+  int Raised(const std::string& path) {
+    try {
+      LoadPicture(services, path);
+    } catch (const tk::Error& error) {
+      return error.Number;
+    }
+    return 0;
+  }
+  PictureServices services{15, 16u << 20, 1};
+  TempFolder folder;
+};
+
+TEST_F(PlainLoaderTest, MissingAndUnreadableFilesRaise) {
+  EXPECT_EQ(Raised(folder.Path("missing.jpg")), 53);
+  EXPECT_EQ(Raised(folder.Path("")), 53);  // a folder is no file
+  EXPECT_EQ(Raised(folder.Write("empty.jpg", {})), 481);
+  EXPECT_EQ(Raised(folder.Write("text.gif", {'G', 'I', 'F', '8', '9', 'a'})), 481);
+  // A placeable metafile is known but not drawn yet.
+  std::vector<uint8_t> wmf = {0xD7, 0xCD, 0xC6, 0x9A, 0,    0, 0, 0, 0, 0, 100,
+                              0,    100,  0,    0xA0, 0x05, 0, 0, 0, 0, 0, 0};
+  EXPECT_EQ(Raised(folder.Write("a.wmf", wmf)), 481);
+}
+
+TEST_F(PlainLoaderTest, SizeAtOnceAndPixelsFromTheFileWhenDrawn) {
+  const std::string path = folder.Write("a.jpg", MakeJpeg(320, 200));
+  const gdi::Picture picture = LoadPicture(services, path);
+  ASSERT_TRUE(picture);
+  EXPECT_EQ(picture.PixelSize(), (gdi::Size{320, 200}));
+  EXPECT_EQ(picture.Width(), 8467);  // 320 pixels at 96 per inch, in hundredths of a millimetre
+  EXPECT_FALSE(picture.KeepOriginalFormat());
+  EXPECT_EQ(services.cache()->BytesInUse(), 0u);
+  // The file is read again when the picture decodes: a changed file shows its new content,
+  // and a file gone decodes to nothing.
+  folder.Write("a.jpg", MakeJpeg(320, 200));
+  ASSERT_TRUE(picture.Pixels({40, 25}));
+  std::filesystem::remove(path);
+  EXPECT_FALSE(picture.Pixels());
+}
+
+TEST_F(PlainLoaderTest, ReadsTheOtherFormats) {
+  const auto gif = MakeGif(4, 2, {0, 1, 2, 3, 3, 2, 1, 0}, 1);
+  const gdi::Picture fromGif = LoadPicture(services, folder.Write("a.gif", gif));
+  EXPECT_EQ(fromGif.PixelSize(), (gdi::Size{4, 2}));
+  EXPECT_TRUE(fromGif.Attributes() & gdi::kPictureTransparent);
+  const gdi::Picture fromPng =
+      LoadPicture(services, folder.Write("b.png", MakePng(Gradient(5, 3))));
+  EXPECT_EQ(fromPng.PixelSize(), (gdi::Size{5, 3}));
+  // A cursor: a 2 x 2 one-bit image with its mask, hot spot (1, 1).
+  std::vector<uint8_t> cur;
+  const auto put = [&cur](uint32_t value, int bytes) {
+    for (int i = 0; i < bytes; ++i) cur.push_back(static_cast<uint8_t>(value >> (8 * i)));
+  };
+  put(0, 2), put(2, 2), put(1, 2);                         // directory: a cursor of one image
+  put(2, 1), put(2, 1), put(2, 1), put(0, 1);              // 2 x 2, two colours
+  put(1, 2), put(1, 2), put(64, 4), put(22, 4);            // hot spot, size, offset
+  put(40, 4), put(2, 4), put(4, 4), put(1, 2), put(1, 2);  // header: height counts the mask
+  for (int i = 0; i < 6; ++i) put(0, 4);
+  put(0x000000, 4), put(0xFFFFFF, 4);  // colour table
+  put(0x80, 4), put(0x40, 4);          // colour rows
+  put(0, 4), put(0, 4);                // mask rows: all shown
+  const gdi::Picture fromCur = LoadPicture(services, folder.Write("a.cur", cur));
+  ASSERT_TRUE(fromCur);
+  EXPECT_EQ(fromCur.Type(), gdi::PictureType::kIcon);
+  EXPECT_EQ(fromCur.PixelSize(), (gdi::Size{2, 2}));
+}
+
+}  // namespace
+}  // namespace vellumry
