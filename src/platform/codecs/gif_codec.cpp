@@ -197,23 +197,28 @@ Expected<Decoded> DecodeGif(std::span<const uint8_t> bytes, const Leniency& leni
   auto frame = ReadFrame(input, 0, leniency, &gif);
   if (!frame) return frame.error();
   const GifFrameIndices& f = *frame;
-  const int64_t canvasWidth = std::max<int64_t>(gif->SWidth, int64_t{f.left} + f.width);
-  const int64_t canvasHeight = std::max<int64_t>(gif->SHeight, int64_t{f.top} + f.height);
+  // A frame larger than the logical screen grows the canvas to the frame's size; one placed
+  // partly outside is clipped. Its offsets never grow the canvas, so a few bytes can't ask for a
+  // huge one.
+  const int canvasWidth = std::max<int>(gif->SWidth, f.width);
+  const int canvasHeight = std::max<int>(gif->SHeight, f.height);
   if (!FitsPixelBudget(canvasWidth, canvasHeight)) return Error::kTooLarge;
-
   Decoded out;
   out.info.format = Format::kGif;
-  out.info.width = static_cast<int>(canvasWidth);
-  out.info.height = static_cast<int>(canvasHeight);
+  out.info.width = canvasWidth;
+  out.info.height = canvasHeight;
   out.info.bitsPerPixel = 8;
   out.info.hasAlpha = true;
   out.surface = gdi::Surface(out.info.width, out.info.height, gdi::AlphaMode::kStraight);
-  for (int y = 0; y < f.height; ++y) {
-    const uint8_t* in = f.indices.data() + static_cast<size_t>(y) * f.width;
-    uint32_t* px = out.surface.Row(f.top + y) + f.left;
-    for (int x = 0; x < f.width; ++x) {
+  const gdi::Rect visible =
+      gdi::Clip({f.left, f.top, f.width, f.height}, canvasWidth, canvasHeight);
+  for (int y = visible.y; y < visible.y + visible.height; ++y) {
+    const uint8_t* in = f.indices.data() + static_cast<size_t>(y - f.top) * f.width;
+    uint32_t* px = out.surface.Row(y);
+    for (int x = visible.x; x < visible.x + visible.width; ++x) {
       // Indices beyond the colour table draw nothing, like the transparent one.
-      if (in[x] != f.transparentIndex && in[x] < f.colors.size()) px[x] = f.colors[in[x]];
+      const uint8_t index = in[x - f.left];
+      if (index != f.transparentIndex && index < f.colors.size()) px[x] = f.colors[index];
     }
   }
   return out;

@@ -13,7 +13,8 @@ namespace codecs {
 Expected<ImageInfo> ProbeGif(std::span<const uint8_t> bytes);
 
 // The first frame drawn at its place on a transparent canvas of the logical screen's size (grown
-// to hold the frame when it reaches outside). Straight alpha.
+// to the frame's size when the frame is larger; a frame placed partly outside is clipped).
+// Straight alpha.
 Expected<Decoded> DecodeGif(std::span<const uint8_t> bytes, const Leniency& leniency);
 
 // One frame exactly as stored: palette indices row by row (de-interlaced), its colour table
