@@ -309,6 +309,8 @@ void Presenter::focusChanged(tk::Form& form) {
   if (!w) return;
   QWidget* target = active ? widget(*active) : nullptr;
   if (target && target->isVisibleTo(w)) {
+    // A widget that has the focus already got it from the user's own click: leave its cursor.
+    if (w->focusWidget() == target) return;
     target->setFocus(Qt::OtherFocusReason);
     if (active->kind() == tk::Kind::TextBox) {
       const auto& box = static_cast<const tk::TextBox&>(*active);

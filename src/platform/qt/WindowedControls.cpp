@@ -125,9 +125,14 @@ QWidget* createWindowed(Presenter& presenter, tk::Control& c, QWidget* parent, C
       tap = new ControlTap(presenter, c, list);
       tap->watchMouse(list->viewport());
       list->viewport()->setMouseTracking(true);
-      QObject::connect(list, &QListWidget::currentRowChanged, tap, [tap](int row) {
-        tap->act(
-            [row](tk::Control& b) { tk::user::select(static_cast<tk::ListControl&>(b), row); });
+      // The selection, not the current row: a list that gets the focus moves its current row
+      // to the top without the user choosing anything.
+      QObject::connect(list, &QListWidget::itemSelectionChanged, tap, [tap, list] {
+        const QList<QListWidgetItem*> chosen = list->selectedItems();
+        const int row = chosen.isEmpty() ? -1 : list->row(chosen.front());
+        tap->act([row](tk::Control& b) {
+          if (row >= 0) tk::user::select(static_cast<tk::ListControl&>(b), row);
+        });
       });
       w = list;
       break;

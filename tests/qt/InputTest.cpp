@@ -1,0 +1,179 @@
+// The user's actions on the widgets reach the model once each, through the toolkit's input,
+// and only while the form takes input.
+
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTabBar>
+#include <QTest>
+#include <QWindow>
+
+#include "QtFixture.h"
+
+namespace {
+
+// The middle of the row `row` of `list`, in the viewport's pixels.
+QPoint rowCentre(QListWidget* list, int row) {
+  return list->visualItemRect(list->item(row)).center();
+}
+
+class InputTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    f = &p.form();
+    f->List1.AddItem("a");
+    f->List1.AddItem("b");
+    f->List1.AddItem("c");
+    f->Show();
+    p.log.clear();
+  }
+  QtProgram p;
+  PanelForm* f = nullptr;
+};
+
+TEST_F(InputTest, AButtonClickRunsClickOnce) {
+  QTest::mouseClick(p.widgetOf<QPushButton>(f->Command1), Qt::LeftButton);
+  EXPECT_EQ(p.count("Command1_Click"), 1);
+  EXPECT_EQ(f->ActiveControl(), &f->Command1);  // a click focuses
+}
+
+TEST_F(InputTest, AListRowClickSelectsOnceWithoutEcho) {
+  QListWidget* list = p.widgetOf<QListWidget>(f->List1);
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, rowCentre(list, 1));
+  EXPECT_EQ(f->List1.ListIndex(), 1);
+  EXPECT_EQ(p.log, (std::vector<std::string>{"List1_MouseDown 1", "List1_Click 1"}));
+  EXPECT_EQ(list->currentRow(), 1);
+}
+
+TEST_F(InputTest, AClickHandlerThatMovesTheSelectionWins) {
+  QListWidget* list = p.widgetOf<QListWidget>(f->List1);
+  f->List1.onClick = [this] {
+    p.log.push_back("List1_Click " + std::to_string(f->List1.ListIndex()));
+    if (f->List1.ListIndex() == 1) f->List1.setListIndex(2);
+  };
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, rowCentre(list, 1));
+  EXPECT_EQ(p.count("List1_Click 1"), 1);
+  EXPECT_EQ(p.count("List1_Click 2"), 1);
+  EXPECT_EQ(list->currentRow(), 2);
+}
+
+TEST_F(InputTest, ARightPressOnAListLeavesItsSelection) {
+  QListWidget* list = p.widgetOf<QListWidget>(f->List1);
+  f->List1.setListIndex(0);
+  p.log.clear();
+  QTest::mousePress(list->viewport(), Qt::RightButton, {}, rowCentre(list, 2));
+  QTest::mouseRelease(list->viewport(), Qt::RightButton, {}, rowCentre(list, 2));
+  EXPECT_EQ(p.log, (std::vector<std::string>{"List1_MouseDown 2"}));
+  EXPECT_EQ(f->List1.ListIndex(), 0);
+  EXPECT_EQ(list->currentRow(), 0);
+}
+
+TEST_F(InputTest, ValuesTheUserSetsReachTheModel) {
+  p.widgetOf<QScrollBar>(f->VScroll1)->triggerAction(QAbstractSlider::SliderSingleStepAdd);
+  EXPECT_EQ(f->VScroll1.Value(), 1);
+  QTest::mouseClick(p.widgetOf<QCheckBox>(f->Check1), Qt::LeftButton, {}, QPoint(8, 10));
+  EXPECT_EQ(f->Check1.Value(), 1);
+  QLineEdit* edit = p.widgetOf<QLineEdit>(f->Text1);
+  QTest::mouseClick(edit, Qt::LeftButton);
+  QTest::keyClicks(edit, "ok");
+  EXPECT_EQ(f->Text1.Text(), "ok");
+  p.widgetOf<QTabBar>(f->Tabs1)->setCurrentIndex(1);
+  EXPECT_EQ(f->Tabs1.SelectedItem(), 2);
+  EXPECT_EQ(p.log,
+            (std::vector<std::string>{"VScroll1_Change 1", "Check1_Click 1", "Text1_Change o",
+                                      "Text1_Change ok", "Tabs1_Click 2"}));
+}
+
+TEST_F(InputTest, ARefusedValueGoesBackOnTheWidget) {
+  // The bar is disabled in the model behind a widget that still moves: the model keeps its value.
+  QScrollBar* bar = p.widgetOf<QScrollBar>(f->VScroll1);
+  f->VScroll1.setValue(4);
+  f->setEnabled(false);
+  bar->setValue(6);
+  EXPECT_EQ(f->VScroll1.Value(), 4);
+  EXPECT_EQ(bar->value(), 4);
+}
+
+TEST_F(InputTest, AnImageGetsTheMouseInTwipsRelativeToItself) {
+  // Image1(0) stands at 220, 180 px, 40 x 40 px; the form counts 15 twips a pixel.
+  f->Image1(0).setVisible(true);
+  QTest::mouseClick(&p.window(), Qt::LeftButton, Qt::ShiftModifier, QPoint(230, 184));
+  EXPECT_EQ(p.log, (std::vector<std::string>{"Image1_MouseDown 0 1 1 150 60", "Image1_MouseUp 0 1",
+                                             "Image1_Click 0"}));
+}
+
+TEST_F(InputTest, ADoubleClickGivesClickThenDblClickAndOneMoreMouseUp) {
+  f->Image1(0).setVisible(true);
+  QTest::mouseDClick(p.window().windowHandle(), Qt::LeftButton, {}, QPoint(230, 184));
+  EXPECT_EQ(p.log, (std::vector<std::string>{"Image1_MouseDown 0 1 0 150 60", "Image1_MouseUp 0 1",
+                                             "Image1_Click 0", "Image1_DblClick 0",
+                                             "Image1_MouseUp 0 1"}));
+}
+
+TEST_F(InputTest, ReleasingOutsideTheImageGivesNoClick) {
+  f->Image1(0).setVisible(true);
+  QTest::mousePress(&p.window(), Qt::LeftButton, {}, QPoint(230, 184));
+  QTest::mouseRelease(&p.window(), Qt::LeftButton, {}, QPoint(10, 290));
+  EXPECT_EQ(p.count("Image1_MouseUp 0 1"), 1);
+  EXPECT_EQ(p.count("Image1_Click 0"), 0);
+  EXPECT_EQ(p.count("Form_Click"), 0);
+}
+
+TEST_F(InputTest, AHiddenImageLetsTheClickThroughToTheForm) {
+  f->Image1(0).setVisible(false);
+  QTest::mouseClick(&p.window(), Qt::LeftButton, {}, QPoint(230, 184));
+  EXPECT_EQ(p.log, (std::vector<std::string>{"Form_Click"}));
+}
+
+TEST_F(InputTest, KeysGoToTheFormAtPressAndRelease) {
+  f->setKeyPreview(true);
+  QWindow* native = p.window().windowHandle();
+  ASSERT_NE(native, nullptr);
+  QTest::keyClick(native, Qt::Key_Escape);
+  QTest::keyClick(native, Qt::Key_F1, Qt::ControlModifier);
+  // The control key goes down and up by itself around F1, as on a keyboard; while it is down
+  // it counts in the shift state.
+  EXPECT_EQ(p.log, (std::vector<std::string>{"Form_KeyDown 27 0", "Form_KeyUp 27 0",
+                                             "Form_KeyDown 17 2", "Form_KeyDown 112 2",
+                                             "Form_KeyUp 112 2", "Form_KeyUp 17 0"}));
+}
+
+TEST_F(InputTest, ADisabledFormTakesNoInputButStillPaints) {
+  f->Image1(0).setVisible(true);
+  f->setKeyPreview(true);
+  f->setEnabled(false);
+  QListWidget* list = p.widgetOf<QListWidget>(f->List1);
+  QTest::mouseClick(p.widgetOf<QPushButton>(f->Command1), Qt::LeftButton);
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, rowCentre(list, 1));
+  QTest::mouseClick(&p.window(), Qt::LeftButton, {}, QPoint(230, 184));
+  QTest::keyClick(p.window().windowHandle(), Qt::Key_Escape);
+  p.window().close();
+  EXPECT_TRUE(p.log.empty());
+  EXPECT_EQ(f->List1.ListIndex(), -1);
+  EXPECT_TRUE(list->selectedItems().isEmpty());
+  EXPECT_TRUE(p.window().isVisible());
+  EXPECT_TRUE(p.widgetOf<QPushButton>(f->Command1)->isEnabled());  // not greyed
+}
+
+TEST_F(InputTest, ClosingTheWindowAsksTheFormWhichMayRefuse) {
+  f->cancelUnload = 1;
+  p.window().close();
+  EXPECT_EQ(p.log, (std::vector<std::string>{"Form_QueryUnload 0"}));
+  EXPECT_TRUE(f->isLoaded());
+  EXPECT_TRUE(p.window().isVisible());
+  f->cancelUnload = 0;
+  p.window().close();
+  EXPECT_FALSE(p.panel.loaded());
+}
+
+TEST_F(InputTest, AnActionThatUnloadsTheFormEndsQuietly) {
+  f->Command1.onClick = [this] { f->Unload(); };
+  QTest::mouseClick(p.widgetOf<QPushButton>(f->Command1), Qt::LeftButton);
+  EXPECT_FALSE(p.panel.loaded());
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_TRUE(p.presenter->zOrder().empty());
+}
+
+}  // namespace

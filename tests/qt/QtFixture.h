@@ -1,0 +1,150 @@
+#pragma once
+// A small form and a program around it, shown by a presenter, for the presenter's tests. The
+// program runs on the virtual clock unless a test asks for the real one.
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/gdi/picture.h"
+#include "platform/qt/FormWindow.h"
+#include "platform/qt/Presenter.h"
+#include "platform/toolkit/BasicControls.h"
+#include "platform/toolkit/ControlArray.h"
+#include "platform/toolkit/DialogControls.h"
+#include "platform/toolkit/FormSlot.h"
+#include "platform/toolkit/HeadlessHost.h"
+#include "platform/toolkit/ListControls.h"
+#include "platform/toolkit/Menu.h"
+#include "platform/toolkit/PictureControls.h"
+#include "platform/toolkit/Runtime.h"
+#include "platform/toolkit/ScrollBar.h"
+
+// Qt wants one application for the whole process; the tests share it. It is never deleted:
+// destroying it among the static objects at exit crashes.
+inline QApplication& qtApp() {
+  static int argc = 1;
+  static char name[] = "qt_tests";
+  static char* argv[] = {name, nullptr};
+  static QApplication* app = new QApplication(argc, argv);
+  return *app;
+}
+
+// A form with one control of each kind the presenter shows, writing down what it sees.
+class PanelForm : public tk::Form {
+ public:
+  PanelForm(tk::Runtime& rt, std::vector<std::string>& log) : Form(rt, "PanelForm"), log_(log) {
+    setBorderStyle(0);
+    Move(1500, 3000, 6000, 4500);
+    Frame1.Move(150, 300, 3000, 3000);
+    Frame1.setBorderStyle(0);
+    Frame1.setBackColor(0x00FF0000);
+    List1.setContainer(&Frame1);
+    List1.Move(150, 150, 1500, 1500);
+    Command1.Move(3300, 150, 1200, 450);
+    Command1.setCaption("Go");
+    Check1.Move(3300, 750, 1200, 300);
+    Text1.Move(3300, 1200, 1200, 300);
+    VScroll1.Move(5700, 0, 255, 3000);
+    VScroll1.setMax(10);
+    Tabs1.addTab("One");
+    Tabs1.addTab("Two");
+    Tabs1.Move(3300, 1650, 2000, 400);
+    Label1.Move(3300, 2100, 1500, 300);
+    Label1.setCaption("label");
+    Image1(0).Move(3300, 2700, 600, 600);
+    Image1(0).setStretch(true);
+    Image1(0).setToolTipText("cell");
+    Shape1.Move(0, 0, 300, 300);
+
+    List1.onClick = [this] { note("List1_Click " + std::to_string(List1.ListIndex())); };
+    List1.onMouseDown = [this](int b, int, double, double) {
+      note("List1_MouseDown " + std::to_string(b));
+    };
+    List1.onDblClick = [this] { note("List1_DblClick"); };
+    Command1.onClick = [this] { note("Command1_Click"); };
+    Check1.onClick = [this] { note("Check1_Click " + std::to_string(Check1.Value())); };
+    Text1.onChange = [this] { note("Text1_Change " + Text1.Text()); };
+    VScroll1.onChange = [this] { note("VScroll1_Change " + std::to_string(VScroll1.Value())); };
+    Tabs1.onClick = [this] { note("Tabs1_Click " + std::to_string(Tabs1.SelectedItem())); };
+    Image1.onMouseDown = [this](int i, int b, int s, double x, double y) {
+      note("Image1_MouseDown " + std::to_string(i) + " " + std::to_string(b) + " " +
+           std::to_string(s) + " " + std::to_string(static_cast<int>(x)) + " " +
+           std::to_string(static_cast<int>(y)));
+    };
+    Image1.onMouseUp = [this](int i, int b, int, double, double) {
+      note("Image1_MouseUp " + std::to_string(i) + " " + std::to_string(b));
+    };
+    Image1.onClick = [this](int i) { note("Image1_Click " + std::to_string(i)); };
+    Image1.onDblClick = [this](int i) { note("Image1_DblClick " + std::to_string(i)); };
+    Timer1.onTimer = [this] { ++ticks; };
+  }
+  void Form_Resize() override { note("Form_Resize " + std::to_string(WindowState())); }
+  void Form_QueryUnload(int& cancel, int mode) override {
+    note("Form_QueryUnload " + std::to_string(mode));
+    cancel = cancelUnload;
+  }
+  void Form_Click() override { note("Form_Click"); }
+  void Form_KeyDown(int& k, int shift) override {
+    note("Form_KeyDown " + std::to_string(k) + " " + std::to_string(shift));
+  }
+  void Form_KeyUp(int& k, int shift) override {
+    note("Form_KeyUp " + std::to_string(k) + " " + std::to_string(shift));
+  }
+
+  int cancelUnload = 0;
+  int ticks = 0;
+  tk::Frame Frame1{this, "Frame1"};
+  tk::ListBox List1{this, "List1"};
+  tk::CommandButton Command1{this, "Command1"};
+  tk::CheckBox Check1{this, "Check1"};
+  tk::TextBox Text1{this, "Text1"};
+  tk::ScrollBar VScroll1{this, "VScroll1"};
+  tk::TabStrip Tabs1{this, "Tabs1"};
+  tk::Label Label1{this, "Label1"};
+  tk::ControlArray<tk::Image> Image1{this, "Image1"};
+  tk::Shape Shape1{this, "Shape1"};
+  tk::Timer Timer1{this, "Timer1"};
+
+ private:
+  void note(const std::string& s) { log_.push_back(s); }
+  std::vector<std::string>& log_;
+};
+
+// One program of one PanelForm, shown by a presenter.
+struct QtProgram {
+  explicit QtProgram(tk::EventLoop::Clock clock = tk::EventLoop::Clock::Virtual)
+      : runtime(tk::Screen::ofPixels(800, 600), host, clock),
+        panel(runtime, [this] { return std::make_unique<PanelForm>(runtime, log); }) {
+    qtApp();
+    presenter = std::make_unique<qtp::Presenter>(runtime);
+  }
+  ~QtProgram() { presenter.reset(); }
+
+  PanelForm& form() { return panel(); }
+  qtp::FormWindow& window() { return *presenter->window(panel()); }
+  template <class W>
+  W* widgetOf(const tk::Control& c) {
+    return qobject_cast<W*>(presenter->widget(c));
+  }
+  // How often `line` was written down.
+  int count(const std::string& line) const {
+    return static_cast<int>(std::count(log.begin(), log.end(), line));
+  }
+
+  tk::HeadlessHost host;
+  tk::Runtime runtime;
+  std::vector<std::string> log;
+  tk::FormSlot<PanelForm> panel;
+  std::unique_ptr<qtp::Presenter> presenter;
+};
+
+// A bitmap picture of `w` x `h` pixels of one colour (0xAARRGGBB).
+inline gdi::Picture solidPicture(int w, int h, uint32_t argb) {
+  gdi::Surface s(w, h, gdi::AlphaMode::kOpaque);
+  for (uint32_t& p : s.Pixels()) p = argb;
+  return gdi::Picture::FromSurface(std::move(s));
+}

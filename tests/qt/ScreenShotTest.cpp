@@ -1,0 +1,81 @@
+// The screen as a person would see it, painted by the code that paints the windows.
+
+#include <QDir>
+#include <QFile>
+
+#include "QtFixture.h"
+#include "platform/qt/ScreenShot.h"
+
+namespace {
+
+QRgb at(const QImage& image, int x, int y) { return image.pixel(x, y) | 0xFF000000u; }
+
+TEST(ScreenShot, ShowsAnImagesPictureWhereTheModelPlacesIt) {
+  QtProgram p;
+  PanelForm& f = p.form();
+  f.Show();
+  // The form stands at 100, 200 px; Image1(0) at 220, 180 px inside it, 40 x 40 px, stretched.
+  f.Image1(0).setPicture(solidPicture(4, 4, 0xFF00FF00));
+  f.Image1(0).setVisible(true);
+  QImage screen = qtp::renderScreen(*p.presenter);
+  ASSERT_EQ(screen.size(), QSize(800, 600));
+  EXPECT_EQ(at(screen, 100 + 220, 200 + 180), 0xFF00FF00u);
+  EXPECT_EQ(at(screen, 100 + 259, 200 + 219), 0xFF00FF00u);
+  EXPECT_NE(at(screen, 100 + 260, 200 + 220), 0xFF00FF00u);
+  // The frame's blue stands where it is, and the screen outside any form is black.
+  EXPECT_EQ(at(screen, 100 + 15, 200 + 130), 0xFF0000FFu);
+  EXPECT_EQ(at(screen, 5, 5), 0xFF000000u);
+}
+
+TEST(ScreenShot, AnImageWithoutStretchDrawsAtNaturalSize) {
+  QtProgram p;
+  PanelForm& f = p.form();
+  f.Show();
+  f.Image1(0).setStretch(false);
+  f.Image1(0).setVisible(true);
+  f.Image1(0).setPicture(solidPicture(4, 4, 0xFFFF0000));
+  EXPECT_EQ(f.Image1(0).Width(), 60);  // the model sized it to the picture
+  QImage screen = qtp::renderScreen(*p.presenter);
+  EXPECT_EQ(at(screen, 100 + 223, 200 + 183), 0xFFFF0000u);
+  EXPECT_NE(at(screen, 100 + 224, 200 + 183), 0xFFFF0000u);
+}
+
+TEST(ScreenShot, ALaterFormLiesOverAndHiddenOnesDontShow) {
+  QtProgram p;
+  PanelForm& f = p.form();
+  f.setBackColor(0x000000FF);  // red
+  f.Show();
+  tk::FormSlot<PanelForm> second(p.runtime,
+                                 [&] { return std::make_unique<PanelForm>(p.runtime, p.log); });
+  second().setBackColor(0x0000FF00);  // green, at the same place
+  second().Show();
+  QImage screen = qtp::renderScreen(*p.presenter);
+  EXPECT_EQ(at(screen, 100 + 390, 200 + 290), 0xFF00FF00u);
+  second().Hide();
+  screen = qtp::renderScreen(*p.presenter);
+  EXPECT_EQ(at(screen, 100 + 390, 200 + 290), 0xFFFF0000u);
+  f.Hide();
+  screen = qtp::renderScreen(*p.presenter);
+  EXPECT_EQ(at(screen, 100 + 390, 200 + 290), 0xFF000000u);
+  second().Unload();
+}
+
+TEST(ScreenShot, WorksWithoutAPresenterAndWritesAPng) {
+  QtProgram p;
+  p.presenter.reset();
+  PanelForm& f = p.form();
+  f.setBackColor(0x000000FF);
+  f.Show();
+  QImage screen = qtp::renderScreen(p.runtime);
+  EXPECT_EQ(at(screen, 100 + 390, 200 + 290), 0xFFFF0000u);
+  EXPECT_EQ(p.runtime.observer(), nullptr);  // the one made for the moment is gone
+
+  const QString file = QDir::temp().filePath("vellumry-qt-shot.png");
+  ASSERT_TRUE(qtp::saveShot(p.runtime, nullptr, file));
+  QImage back(file);
+  EXPECT_EQ(back.size(), QSize(800, 600));
+  QFile::remove(file);
+  EXPECT_FALSE(qtp::saveShot(p.runtime, nullptr, "/nonexistent-folder/shot.png"));
+}
+
+}  // namespace
