@@ -9,6 +9,8 @@ namespace vellumry {
 Program::Program(tk::Host& host, tk::EventLoop::Clock clock, tk::Screen screen, Places where)
     : runtime(screen, host, clock),
       places(std::move(where)),
+      pictures(screen.TwipsPerPixelX),
+      module1(pictures, [this] { return Form1().Frame1.BackColor(); }),
       Form0(runtime, [this] { return std::make_unique<vellumry::Form0>(*this); }),
       Form1(runtime, [this] { return std::make_unique<vellumry::Form1>(*this); }),
       Form2(runtime, [this] { return std::make_unique<vellumry::Form2>(runtime); }),

@@ -8,6 +8,8 @@
 #include <vector>
 
 #include "gif/Form3.h"
+#include "picture/Module1.h"
+#include "picture/PictureServices.h"
 #include "platform/toolkit/FormSlot.h"
 #include "platform/toolkit/Runtime.h"
 #include "shell/Form0.h"
@@ -33,6 +35,9 @@ class Program {
 
   tk::Runtime runtime;
   Places places;
+  // The picture engine: decoders, pixel cache, decoding ahead, and the two roads of the grid.
+  PictureServices pictures;
+  Module1 module1;
 
   // Program-wide state.
   std::string sIniPath, sInstallDir, sDest;
