@@ -197,7 +197,7 @@ void Form1::Timer6_Timer() {
         "");
     if (answer == tk::mb::Yes) return runtime().End();
   }
-  // Showing the link list at the start comes with the link store.
+  if (setting("showll") != "0" && List(0).ListCount() > 0) program_.frmMenu().mnuSllist_Click();
 }
 
 void Form1::Form_QueryUnload(int& Cancel, int) {

@@ -35,19 +35,27 @@ void CommonDialog::ShowColor() {
   if (cancelled_ && CancelError) raise(err::CancelSelected);
 }
 
+namespace {
+// A property bound to a plain field of the common dialog.
+template <auto Field>
+Property dialogField(const char* name) {
+  using T = std::remove_cvref_t<decltype(std::declval<CommonDialog&>().*Field)>;
+  return {name, [](const Control& c) { return toValue(static_cast<const CommonDialog&>(c).*Field); },
+          [](Control& c, const Value& v) { static_cast<CommonDialog&>(c).*Field = fromValue<T>(v); }};
+}
+}  // namespace
+
 const std::vector<Property>& CommonDialog::properties() const {
-  static const auto props = extend(
-      Control::properties(),
-      {
-          Property{"FileName",
-                   [](const Control& c) -> Value { return static_cast<const CommonDialog&>(c).FileName; },
-                   [](Control& c, const Value& v) { static_cast<CommonDialog&>(c).FileName = toText(v); }},
-          Property{"Color",
-                   [](const Control& c) -> Value { return double(static_cast<const CommonDialog&>(c).Color); },
-                   [](Control& c, const Value& v) {
-                     static_cast<CommonDialog&>(c).Color = fromValue<uint32_t>(v);
-                   }},
-      });
+  static const auto props = extend(Control::properties(),
+                                   {
+                                       dialogField<&CommonDialog::DialogTitle>("DialogTitle"),
+                                       dialogField<&CommonDialog::Filter>("Filter"),
+                                       dialogField<&CommonDialog::FileName>("FileName"),
+                                       dialogField<&CommonDialog::InitDir>("InitDir"),
+                                       dialogField<&CommonDialog::Flags>("Flags"),
+                                       dialogField<&CommonDialog::CancelError>("CancelError"),
+                                       dialogField<&CommonDialog::Color>("Color"),
+                                   });
   return props;
 }
 
