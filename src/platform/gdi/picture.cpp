@@ -208,9 +208,12 @@ void Picture::Draw(Surface& target, const RenderArgs& a, bool smooth) const {
   // Decode no larger than the drawing needs: the whole picture at the target's scale. The slack
   // keeps a rounding error of the unit conversion from asking one pixel more than drawn, so that
   // a drawing of the whole picture asks exactly its target size (what decoding ahead prepared).
-  const auto needed = [](double pixels) { return static_cast<int>(std::ceil(pixels - 1e-6)); };
-  const Size wanted{needed(natural.width * std::abs(a.cx) / std::abs(width)),
-                    needed(natural.height * std::abs(a.cy) / std::abs(height))};
+  const auto needed = [](double pixels) {
+    return static_cast<int>(std::min(std::ceil(pixels - 1e-6), 1e9));
+  };
+  const Size wanted{
+      needed(static_cast<double>(natural.width) * std::abs(a.cx) / std::abs(width)),
+      needed(static_cast<double>(natural.height) * std::abs(a.cy) / std::abs(height))};
   const auto pixels = Pixels(wanted);
   if (!pixels || pixels->Empty()) return;
   const double sx = static_cast<double>(pixels->Width()) / natural.width;
