@@ -32,12 +32,12 @@ const char* kindName(Kind kind) {
 }
 
 Control::Control(Form* form, std::string name, Kind kind)
-    : form_(form ? form : static_cast<Form*>(this)), name_(std::move(name)), kind_(kind) {
-  if (form) {
-    container_ = form;
-    form->adopt(this);
-  }
+    : form_(form), name_(std::move(name)), kind_(kind), container_(form) {
+  form->adopt(this);
 }
+
+Control::Control(FormItself, Form* self, std::string name)
+    : form_(self), name_(std::move(name)), kind_(Kind::Form) {}
 
 Control::Control(const Control& other)
     : EventSet<>(),
@@ -58,7 +58,7 @@ Control::Control(const Control& other)
 }
 
 Control::~Control() {
-  if (form_ != this) form_->release(this);
+  if (kind_ != Kind::Form) form_->release(this);
 }
 
 Runtime& Control::runtime() const { return form_->runtime(); }
@@ -100,7 +100,7 @@ void Control::Move(double left, double top, double width, double height) {
 }
 
 bool Control::reachable() const {
-  for (const Control* c = this; c; c = c == form_ ? nullptr : c->container_)
+  for (const Control* c = this; c; c = c->kind_ == Kind::Form ? nullptr : c->container_)
     if (!c->visible_ || !c->enabled_) return false;
   return true;
 }

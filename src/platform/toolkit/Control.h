@@ -22,7 +22,7 @@ const char* kindName(Kind kind);
 
 class Control : public EventSet<> {
  public:
-  // `form` owns the control; a form passes nullptr for itself.
+  // `form` owns the control.
   Control(Form* form, std::string name, Kind kind);
   virtual ~Control();
   Control& operator=(const Control&) = delete;
@@ -68,6 +68,9 @@ class Control : public EventSet<> {
   virtual const std::vector<Property>& properties() const;
 
  protected:
+  // The form's own part: it is its own form and lies in no container.
+  struct FormItself {};
+  Control(FormItself, Form* self, std::string name);
   // A hidden copy for a control array's new element; the array sets its Index.
   Control(const Control& other);
   // Tells the observer; every setter that changes what shows calls it.

@@ -9,7 +9,7 @@
 namespace tk {
 
 Form::Form(Runtime& runtime, std::string name)
-    : Control(nullptr, std::move(name), Kind::Form), runtime_(runtime) {
+    : Control(FormItself{}, this, std::move(name)), runtime_(runtime) {
   Control::setVisible(false);
   onClick = [this] { Form_Click(); };
   onDblClick = [this] { Form_DblClick(); };
