@@ -28,7 +28,6 @@ void whenShown(F act) {
 }
 
 int answerWith(int style, QMessageBox::StandardButton press) {
-  qtApp();
   qtp::QtHost host;
   whenShown<QMessageBox>([press](QMessageBox* box) {
     if (press == QMessageBox::NoButton)
@@ -53,7 +52,6 @@ TEST(QtHostMsgBox, AClosedBoxGivesTheClosingAnswer) {
 }
 
 TEST(QtHostMsgBox, StyleGivesButtonsAndIcon) {
-  qtApp();
   qtp::QtHost host;
   QMessageBox::Icon icon = QMessageBox::NoIcon;
   int buttons = 0;

@@ -23,16 +23,6 @@
 #include "platform/toolkit/Runtime.h"
 #include "platform/toolkit/ScrollBar.h"
 
-// Qt wants one application for the whole process; the tests share it. It is never deleted:
-// destroying it among the static objects at exit crashes.
-inline QApplication& qtApp() {
-  static int argc = 1;
-  static char name[] = "qt_tests";
-  static char* argv[] = {name, nullptr};
-  static QApplication* app = new QApplication(argc, argv);
-  return *app;
-}
-
 // A form with one control of each kind the presenter shows, writing down what it sees.
 class PanelForm : public tk::Form {
  public:
@@ -119,7 +109,6 @@ struct QtProgram {
   explicit QtProgram(tk::EventLoop::Clock clock = tk::EventLoop::Clock::Virtual)
       : runtime(tk::Screen::ofPixels(800, 600), host, clock),
         panel(runtime, [this] { return std::make_unique<PanelForm>(runtime, log); }) {
-    qtApp();
     presenter = std::make_unique<qtp::Presenter>(runtime);
   }
   ~QtProgram() { presenter.reset(); }
