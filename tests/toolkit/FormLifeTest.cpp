@@ -48,6 +48,17 @@ TEST(FormLife, AFormUnloadsItselfFromItsOwnClick) {
   EXPECT_FALSE(p.form.loaded());
 }
 
+TEST(FormLife, AGestureStopsAtAFormItsFirstEventUnloaded) {
+  TestProgram p;
+  LogForm& f = p.form();
+  f.Show();
+  f.Command1.onMouseDown = [&f](int, int, double, double) { f.Unload(); };
+  p.log.clear();
+  EXPECT_TRUE(tk::user::dblClick(f.Command1));  // the rest of the gesture finds no form
+  EXPECT_EQ(p.log, (Log{"Form_QueryUnload", "Form_Unload"}));
+  EXPECT_FALSE(p.form.loaded());
+}
+
 TEST(FormLife, KeyPreviewSeesKeysFirstAndCanSwallowThem) {
   TestProgram p;
   LogForm& f = p.form();

@@ -23,6 +23,15 @@ bool act(Control& c, F&& action) {
   return true;
 }
 
+// Runs the events of one gesture as one event from outside, so that a control a handler
+// unloads halfway stays alive (and refuses the rest) until the gesture is over.
+template <class F>
+bool gesture(Control& c, F&& events) {
+  bool taken = false;
+  c.runtime().dispatch([&] { taken = events(); });
+  return taken;
+}
+
 void focusOnPress(Control& c) {
   if (&c != &c.form() && c.focusable() && c.reachable()) c.SetFocus();
 }
@@ -44,17 +53,21 @@ bool mouseMove(Control& c, int button, int shift, double x, double y) {
 }
 
 bool click(Control& c, int button) {
-  if (!mouseDown(c, button)) return false;
-  mouseUp(c, button);
-  if (button == kLeftButton) raiseClick(c);
-  return true;
+  return gesture(c, [&] {
+    if (!mouseDown(c, button)) return false;
+    mouseUp(c, button);
+    if (button == kLeftButton) raiseClick(c);
+    return true;
+  });
 }
 
 bool dblClick(Control& c) {
-  if (!click(c)) return false;
-  raiseDblClick(c);
-  mouseUp(c, kLeftButton);
-  return true;
+  return gesture(c, [&] {
+    if (!click(c)) return false;
+    raiseDblClick(c);
+    mouseUp(c, kLeftButton);
+    return true;
+  });
 }
 
 bool raiseClick(Control& c) {
@@ -81,9 +94,11 @@ bool keyPhase(Form& f, int keyCode, int shift,
 }  // namespace
 
 bool key(Form& f, int keyCode, int shift) {
-  if (!keyDown(f, keyCode, shift)) return false;
-  keyUp(f, keyCode, shift);
-  return true;
+  return gesture(f, [&] {
+    if (!keyDown(f, keyCode, shift)) return false;
+    keyUp(f, keyCode, shift);
+    return true;
+  });
 }
 
 bool keyDown(Form& f, int keyCode, int shift) {
