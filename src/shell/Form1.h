@@ -21,11 +21,12 @@ class Form1 : public tk::Form {
  public:
   explicit Form1(Program& program);
 
-  // Controls, in the order they are drawn.
+  // Controls, in the order they are drawn: the empty cell lies over its picture and takes the
+  // mouse.
   tk::Frame Frame1{this, "Frame1"};
-  tk::ControlArray<tk::Image> Image1{this, "Image1"};
   tk::ControlArray<tk::Image> Image123{this, "Image123"};
   tk::ControlArray<tk::Image> Img1{this, "Img1"};
+  tk::ControlArray<tk::Image> Image1{this, "Image1"};
   tk::ControlArray<tk::Shape> Frame3{this, "Frame3"};
   tk::Label Label{this, "Label"};
   tk::Frame Frame2{this, "Frame2"};

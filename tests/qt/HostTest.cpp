@@ -81,6 +81,7 @@ class PopupTest : public ::testing::Test {
     hidden.setVisible(false);
     off.setEnabled(false);
     two.setChecked(true);
+    one.setShortcut("F1");
   }
   QtProgram p;
   PanelForm* f = nullptr;
@@ -97,7 +98,7 @@ TEST_F(PopupTest, ShowsVisibleEntriesWithSeparatorsGreyAndChecks) {
   auto entries = qtp::buildMenu(top, menu);
   const auto actions = menu.actions();
   ASSERT_EQ(actions.size(), 4);  // the hidden entry is left out
-  EXPECT_EQ(actions[0]->text(), "One");
+  EXPECT_EQ(actions[0]->text(), "One\tF1");  // the key shows beside the caption
   EXPECT_TRUE(actions[1]->isSeparator());
   EXPECT_TRUE(actions[2]->isChecked());
   EXPECT_FALSE(actions[3]->isEnabled());

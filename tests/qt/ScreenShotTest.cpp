@@ -27,6 +27,23 @@ TEST(ScreenShot, ShowsAnImagesPictureWhereTheModelPlacesIt) {
   EXPECT_EQ(at(screen, 5, 5), 0xFF000000u);
 }
 
+TEST(ScreenShot, ArrayElementsStandAtTheLevelOfTheirFirstElement) {
+  QtProgram p;
+  PanelForm& f = p.form();
+  f.Show();
+  // Shape1 is made after Image1(0): an element loaded later still lies below it.
+  f.Shape1.Move(220 * 15, 180 * 15, 40 * 15, 40 * 15);
+  f.Shape1.setFillStyle(0);
+  f.Shape1.setFillColor(0x000000FF);  // red
+  f.Shape1.setVisible(true);
+  tk::Image& late = f.Image1.Load(1);
+  late.setStretch(true);
+  late.Move(220 * 15, 180 * 15, 40 * 15, 40 * 15);
+  late.setPicture(solidPicture(4, 4, 0xFF00FF00));
+  late.setVisible(true);
+  EXPECT_EQ(at(qtp::renderScreen(*p.presenter), 100 + 240, 200 + 200), 0xFFFF0000u);
+}
+
 TEST(ScreenShot, AnImageWithoutStretchDrawsAtNaturalSize) {
   QtProgram p;
   PanelForm& f = p.form();

@@ -27,7 +27,7 @@ class ContainerView : public QWidget {
   // The model object is going: nothing of it is touched any more.
   virtual void detach();
 
-  // Windowless controls painted here; `order` is their place in creation order.
+  // Windowless controls painted here, bottom first by `order`.
   void addWindowless(tk::Control& c, uint64_t order);
   void removeWindowless(const tk::Control& c);
   // Repaints where `c` stood and where it stands now; `contentChanged` drops kept pixels.

@@ -153,6 +153,16 @@ void Presenter::controlLoaded(tk::Control& c) {
 
 void Presenter::controlUnloaded(tk::Control& c) { remove(c); }
 
+uint64_t Presenter::placeOf(const tk::Control& c) {
+  // Elements of a control array stand at their element 0's level, in index order.
+  if (c.Index() > 0) {
+    const tk::Control* first = c.form().find(c.Name(), 0);
+    if (auto it = entries_.find(first); first && it != entries_.end())
+      return it->second.order + static_cast<uint64_t>(c.Index());
+  }
+  return (nextOrder_++) << 16;
+}
+
 void Presenter::show(tk::Control& c) {
   if (alive(&c) || c.kind() == tk::Kind::Form) return;
   tk::Control* container = c.Container();
@@ -160,7 +170,7 @@ void Presenter::show(tk::Control& c) {
   ContainerView* parent = containerView(container);
   if (!parent) return;
   Entry entry;
-  entry.order = nextOrder_++;
+  entry.order = placeOf(c);
   if (isWindowless(c)) {
     entry.host = parent;
     entries_[&c] = entry;

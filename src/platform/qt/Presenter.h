@@ -80,7 +80,7 @@ class Presenter final : public tk::Observer {
     QWidget* widget = nullptr;      // window, container view or windowed widget
     ContainerView* host = nullptr;  // the container that paints a windowless control
     ControlTap* tap = nullptr;      // a windowed control's tap
-    uint64_t order = 0;             // creation order, for painting windowless controls
+    uint64_t order = 0;             // painting order of windowless controls: see placeOf
   };
   void show(tk::Control& c);
   void remove(const tk::Control& c);
@@ -98,6 +98,8 @@ class Presenter final : public tk::Observer {
   std::vector<FormWindow*> stack_;  // bottom first
   const tk::Form* taskbarForm_ = nullptr;
   const tk::Form* inputForm_ = nullptr;
+  // Creation order in the high bits; an array element's index below its element 0's.
+  uint64_t placeOf(const tk::Control& c);
   uint64_t nextOrder_ = 0;
 };
 

@@ -115,7 +115,9 @@ std::map<const QAction*, tk::Menu*> buildMenu(const tk::Menu& menu, QMenu& out) 
       entries.merge(buildMenu(*child, *sub));
       continue;
     }
-    QAction* action = out.addAction(caption);
+    // Text behind a tab shows as the entry's key, right-aligned.
+    QAction* action = out.addAction(
+        child->Shortcut().empty() ? caption : caption + "\t" + QString::fromStdString(child->Shortcut()));
     action->setEnabled(child->Enabled());
     action->setCheckable(child->Checked());
     action->setChecked(child->Checked());
