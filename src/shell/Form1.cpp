@@ -1,5 +1,6 @@
 #include "shell/Form1.h"
 
+#include "picture/PlainLoader.h"
 #include "platform/os/FileSystem.h"
 #include "platform/toolkit/Numbers.h"
 #include "shell/Program.h"
@@ -86,6 +87,13 @@ Form1::Form1(Program& program) : Form(program.runtime, "Form1"), program_(progra
   Image5.Move(0, 0, 256, 256);
   Image5.setStretch(true);
   Image2123.Move(0, 0, 1575, 1215);
+  // The stored pictures lie beside the program; without them the images stand empty.
+  for (auto [image, file] : {std::pair{&Image2, "start.png"}, std::pair{&Image3, "start-passive.png"},
+                             std::pair{&Image4, "exit.png"}, std::pair{&Image5, "mark.gif"}}) {
+    tk::resumeNext([&] {
+      image->setPicture(LoadPicture(program.pictures, program.sInstallDir + "/ui/" + file));
+    });
+  }
   for (tk::Timer* t : {&Timer3, &Timer4, &Timer5, &Timer6}) t->setEnabled(false);
   Timer3.setInterval(50);
   Timer4.setInterval(50);

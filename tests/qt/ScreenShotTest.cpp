@@ -5,6 +5,7 @@
 
 #include "QtFixture.h"
 #include "platform/qt/ScreenShot.h"
+#include "platform/qt/WindowlessPainter.h"
 
 namespace {
 
@@ -42,6 +43,16 @@ TEST(ScreenShot, ArrayElementsStandAtTheLevelOfTheirFirstElement) {
   late.setPicture(solidPicture(4, 4, 0xFF00FF00));
   late.setVisible(true);
   EXPECT_EQ(at(qtp::renderScreen(*p.presenter), 100 + 240, 200 + 200), 0xFFFF0000u);
+}
+
+TEST(ScreenShot, ADrawnPictureWithAlphaOwnsItsPixels) {
+  gdi::Surface half(8, 8, gdi::AlphaMode::kPremultiplied);
+  for (int y = 4; y < 8; ++y)
+    for (int x = 0; x < 8; ++x) half.SetPixel(x, y, 0xFF0000FF);
+  QImage drawn = qtp::renderPicture(gdi::Picture::FromSurface(std::move(half)), QSize(8, 8));
+  std::vector<char> reuse(4096, 'x');  // what the freed canvas would have held now
+  EXPECT_EQ(drawn.pixel(0, 0), 0x00000000u);
+  EXPECT_EQ(drawn.pixel(7, 7), 0xFF0000FFu);
 }
 
 TEST(ScreenShot, AnImageWithoutStretchDrawsAtNaturalSize) {

@@ -16,8 +16,12 @@ QImage renderPicture(const gdi::Picture& picture, QSize size) {
                       transparent ? gdi::AlphaMode::kPremultiplied : gdi::AlphaMode::kOpaque);
   picture.Render(canvas, 0, 0, size.width(), size.height(), 0, picture.Height(), picture.Width(),
                  -picture.Height());
-  // The conversion copies the pixels and makes opaque ones truly opaque.
-  return canvas.View().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+  // The canvas goes with this call: a conversion to the format it has already would only share
+  // its pixels, so that case copies them. Opaque pixels come out truly opaque.
+  const QImage view = canvas.View();
+  return view.format() == QImage::Format_ARGB32_Premultiplied
+             ? view.copy()
+             : view.convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
 
 void WindowlessPainter::paint(QPainter& painter, const tk::Control& c, const QRect& rect,
