@@ -25,13 +25,16 @@ bool holdsPictures(const std::string& folder) {
   return false;
 }
 
-// The start folder named on the command line, as a `dest` good for this one start.
-void takeCommandLine(const QStringList& args, const std::string& settingsFile) {
+// The start folder named on the command line, as a `dest` good for this one start; a picture
+// named there gives its folder and is selected once the grid has loaded.
+void takeCommandLine(const QStringList& args, const std::string& settingsFile,
+                     vellumry::Places& places) {
   if (args.size() < 2) return;
   QFileInfo named(args[1]);
   QString folder = named.isDir() ? named.absoluteFilePath() : named.absolutePath();
-  if (QFileInfo(folder).isDir())
-    WriteIni(settingsFile, std::string(os::kSettingsSection), "dest", folder.toStdString());
+  if (!QFileInfo(folder).isDir()) return;
+  WriteIni(settingsFile, std::string(os::kSettingsSection), "dest", folder.toStdString());
+  if (named.isFile()) places.startFile = named.fileName().toStdString();
 }
 
 }  // namespace
@@ -43,7 +46,7 @@ int main(int argc, char** argv) {
   vellumry::Places places{os::SettingsFolder(), os::InstallFolder(), os::PicturesFolder()};
   std::string settingsFile = places.programFolder + "/" + std::string(os::kSettingsFileName);
   os::CreateSettingsFileIfMissing(settingsFile);
-  takeCommandLine(app.arguments(), settingsFile);
+  takeCommandLine(app.arguments(), settingsFile, places);
   std::string samples = QCoreApplication::applicationDirPath().toStdString() + "/samples";
   if (!holdsPictures(places.picturesFolder) && holdsPictures(samples)) places.picturesFolder = samples;
 

@@ -1,5 +1,6 @@
 // The grid's phases: empty, loading, loaded, emptying; the start button and changes of folder.
 #include <algorithm>
+#include <utility>
 
 #include "platform/os/FileSystem.h"
 #include "platform/toolkit/Numbers.h"
@@ -55,6 +56,9 @@ void Form1::pFoldername() {
     File2.SetFocus();
   }
   pCaption();
+  // A picture the program was opened with is selected once, at the end of the first loading.
+  std::string file = std::exchange(program_.places.startFile, {});
+  if (!file.empty()) File2.setFileName(file);
 }
 
 void Form1::pNewFolder() {

@@ -26,6 +26,7 @@ struct Places {
   std::string programFolder;   // holds the settings file and the link list
   std::string installFolder;   // the per-user install folder setting
   std::string picturesFolder;  // the user's default folder of pictures
+  std::string startFile;       // a file named on the command line: selected once the grid loads
 };
 
 class Program {

@@ -60,6 +60,21 @@ TEST_F(GridModelTest, PhasesWithTheirFlags) {
   EXPECT_EQ(f.Timer1.Interval(), 0);  // nothing loads by itself again
 }
 
+TEST_F(GridModelTest, APictureNamedAtTheStartIsSelectedOnceLoaded) {
+  makeFiles(30);
+  program = std::make_unique<vellumry::Program>(
+      host, tk::EventLoop::Clock::Virtual, tk::Screen::ofPixels(1024, 768),
+      vellumry::Places{home.string(), home.string(), pictures.string(), "img7.jpg"});
+  vellumry::Main(*program);
+  wait(500 + 12 * 30);
+  vellumry::Form1& f = form1();
+  ASSERT_TRUE(f.bLoaded);
+  EXPECT_EQ(f.File2.FileName(), "img7.jpg");
+  EXPECT_TRUE(f.Frame3(0).Visible());
+  EXPECT_EQ(f.nSel, f.File2.ListIndex() + 1);
+  EXPECT_TRUE(program->places.startFile.empty());  // only once
+}
+
 TEST_F(GridModelTest, LoadingIgnoresTheUserUntilItEnds) {
   makeFiles(5);
   start();
