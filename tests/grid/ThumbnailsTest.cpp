@@ -79,6 +79,34 @@ TEST_F(ThumbnailsTest, EachEndingTakesItsRoad) {
   EXPECT_FALSE(f.Image123(position("x.PNG")).Picture().Attributes() & gdi::kPictureTransparent);
 }
 
+TEST_F(ThumbnailsTest, EveryKindOfPictureFillsItsCell) {
+  const std::filesystem::path cursor = "../shared/corpus/faint-graphics-editor/tests/test-data/24bipp-6x6.cur";
+  if (!std::filesystem::exists(cursor)) GTEST_SKIP() << "no corpus beside the project";
+  std::filesystem::copy_file(cursor, pictures / "pointer.cur");
+  for (const char* sample : {"bubble.png", "dusk.jpg", "frame.bmp", "oval.tif", "sun.gif", "tile.ico"})
+    std::filesystem::copy_file(std::filesystem::path("assets/samples") / sample, pictures / sample);
+  std::ofstream(pictures / "broken.png") << "\x89PNG\r\n\x1a\n and then nothing";
+  vellumry::Form1& f = load();
+  ASSERT_TRUE(f.bLoaded);
+  struct Kind {
+    const char* file;
+    int width, height;  // natural size in pixels
+  };
+  for (Kind k : {Kind{"bubble.png", 512, 512}, Kind{"dusk.jpg", 800, 600}, Kind{"frame.bmp", 300, 200},
+                 Kind{"oval.tif", 720, 480}, Kind{"sun.gif", 400, 400}, Kind{"tile.ico", 64, 64},
+                 Kind{"pointer.cur", 6, 6}}) {
+    SCOPED_TRACE(k.file);
+    int i = position(k.file);
+    EXPECT_EQ(program->aPicW[i], k.width * 5);
+    EXPECT_EQ(program->aPicH[i], k.height * 5);
+    const tk::Image& pic = f.Image123(i);
+    EXPECT_TRUE(pic.Visible());
+    EXPECT_LE(std::max(pic.Width(), pic.Height()), 1570);
+    EXPECT_TRUE(pic.Picture().Pixels({1, 1}) || pic.Picture().Icon());  // it really decodes
+  }
+  EXPECT_FALSE(f.Image123(position("broken.png")).Visible());
+}
+
 TEST_F(ThumbnailsTest, ABrokenFileCostsOnlyItsCell) {
   picture("a.png", 40, 30, "PNG");
   std::ofstream(pictures / "b.jpg") << "this is no picture";
