@@ -6,15 +6,9 @@
 
 namespace tk {
 
-// Assigns and tells the observer when the value differs.
-#define TK_ASSIGN(member, Prop) \
-  if (member == v) return;      \
-  member = v;                   \
-  changed(Prop)
-
-void Frame::setCaption(const std::string& v) { TK_ASSIGN(caption_, "Caption"); }
-void Frame::setBackColor(uint32_t v) { TK_ASSIGN(backColor_, "BackColor"); }
-void Frame::setBorderStyle(int v) { TK_ASSIGN(borderStyle_, "BorderStyle"); }
+void Frame::setCaption(const std::string& v) { assign(caption_, v, "Caption"); }
+void Frame::setBackColor(uint32_t v) { assign(backColor_, v, "BackColor"); }
+void Frame::setBorderStyle(int v) { assign(borderStyle_, v, "BorderStyle"); }
 const std::vector<Property>& Frame::properties() const {
   static const auto props =
       extend(Control::properties(), {
@@ -26,13 +20,12 @@ const std::vector<Property>& Frame::properties() const {
 }
 
 void Label::setCaption(const std::string& v) {
-  TK_ASSIGN(caption_, "Caption");
-  fire(onChange);
+  if (assign(caption_, v, "Caption")) fire(onChange);
 }
-void Label::setAlignment(int v) { TK_ASSIGN(alignment_, "Alignment"); }
-void Label::setBackColor(uint32_t v) { TK_ASSIGN(backColor_, "BackColor"); }
-void Label::setForeColor(uint32_t v) { TK_ASSIGN(foreColor_, "ForeColor"); }
-void Label::setBackStyle(int v) { TK_ASSIGN(backStyle_, "BackStyle"); }
+void Label::setAlignment(int v) { assign(alignment_, v, "Alignment"); }
+void Label::setBackColor(uint32_t v) { assign(backColor_, v, "BackColor"); }
+void Label::setForeColor(uint32_t v) { assign(foreColor_, v, "ForeColor"); }
+void Label::setBackStyle(int v) { assign(backStyle_, v, "BackStyle"); }
 const std::vector<Property>& Label::properties() const {
   static const auto props = extend(
       Control::properties(),
@@ -47,10 +40,9 @@ const std::vector<Property>& Label::properties() const {
 }
 
 void TextBox::setText(const std::string& v) {
-  TK_ASSIGN(text_, "Text");
-  fire(onChange);
+  if (assign(text_, v, "Text")) fire(onChange);
 }
-void TextBox::setLocked(bool v) { TK_ASSIGN(locked_, "Locked"); }
+void TextBox::setLocked(bool v) { assign(locked_, v, "Locked"); }
 const std::vector<Property>& TextBox::properties() const {
   static const auto props = extend(
       Control::properties(),
@@ -63,7 +55,7 @@ const std::vector<Property>& TextBox::properties() const {
   return props;
 }
 
-void CommandButton::setCaption(const std::string& v) { TK_ASSIGN(caption_, "Caption"); }
+void CommandButton::setCaption(const std::string& v) { assign(caption_, v, "Caption"); }
 const std::vector<Property>& CommandButton::properties() const {
   static const auto props = extend(
       Control::properties(),
@@ -71,11 +63,10 @@ const std::vector<Property>& CommandButton::properties() const {
   return props;
 }
 
-void CheckBox::setCaption(const std::string& v) { TK_ASSIGN(caption_, "Caption"); }
+void CheckBox::setCaption(const std::string& v) { assign(caption_, v, "Caption"); }
 void CheckBox::setValue(int v) {
   if (v < 0 || v > 2) raise(err::InvalidProperty, "Value");
-  TK_ASSIGN(value_, "Value");
-  fire(onClick);
+  if (assign(value_, v, "Value")) fire(onClick);
 }
 const std::vector<Property>& CheckBox::properties() const {
   static const auto props =
@@ -86,12 +77,12 @@ const std::vector<Property>& CheckBox::properties() const {
   return props;
 }
 
-void Shape::setShapeKind(int v) { TK_ASSIGN(shape_, "Shape"); }
-void Shape::setBorderWidth(int v) { TK_ASSIGN(borderWidth_, "BorderWidth"); }
-void Shape::setBorderColor(uint32_t v) { TK_ASSIGN(borderColor_, "BorderColor"); }
-void Shape::setBorderStyle(int v) { TK_ASSIGN(borderStyle_, "BorderStyle"); }
-void Shape::setFillStyle(int v) { TK_ASSIGN(fillStyle_, "FillStyle"); }
-void Shape::setFillColor(uint32_t v) { TK_ASSIGN(fillColor_, "FillColor"); }
+void Shape::setShapeKind(int v) { assign(shape_, v, "Shape"); }
+void Shape::setBorderWidth(int v) { assign(borderWidth_, v, "BorderWidth"); }
+void Shape::setBorderColor(uint32_t v) { assign(borderColor_, v, "BorderColor"); }
+void Shape::setBorderStyle(int v) { assign(borderStyle_, v, "BorderStyle"); }
+void Shape::setFillStyle(int v) { assign(fillStyle_, v, "FillStyle"); }
+void Shape::setFillColor(uint32_t v) { assign(fillColor_, v, "FillColor"); }
 const std::vector<Property>& Shape::properties() const {
   static const auto props = extend(
       Control::properties(),
@@ -105,7 +96,6 @@ const std::vector<Property>& Shape::properties() const {
       });
   return props;
 }
-#undef TK_ASSIGN
 
 Timer::Timer(const Timer& other) : Control(other), interval_(other.interval_) {
   reschedule();

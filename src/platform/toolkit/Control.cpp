@@ -72,25 +72,19 @@ void Control::setContainer(Control* container) {
   changed("Container");
 }
 
-#define TK_SETTER(member, Prop)   \
-  if (member == v) return;        \
-  member = v;                     \
-  changed(Prop);
-
-void Control::setLeft(double v) { TK_SETTER(left_, "Left") }
-void Control::setTop(double v) { TK_SETTER(top_, "Top") }
+void Control::setLeft(double v) { assign(left_, v, "Left"); }
+void Control::setTop(double v) { assign(top_, v, "Top"); }
 void Control::setWidth(double v) {
   if (v < 0) raise(err::InvalidProperty, "Width");
-  TK_SETTER(width_, "Width")
+  assign(width_, v, "Width");
 }
 void Control::setHeight(double v) {
   if (v < 0) raise(err::InvalidProperty, "Height");
-  TK_SETTER(height_, "Height")
+  assign(height_, v, "Height");
 }
-void Control::setVisible(bool v) { TK_SETTER(visible_, "Visible") }
-void Control::setEnabled(bool v) { TK_SETTER(enabled_, "Enabled") }
-void Control::setToolTipText(const std::string& v) { TK_SETTER(toolTip_, "ToolTipText") }
-#undef TK_SETTER
+void Control::setVisible(bool v) { assign(visible_, v, "Visible"); }
+void Control::setEnabled(bool v) { assign(enabled_, v, "Enabled"); }
+void Control::setToolTipText(const std::string& v) { assign(toolTip_, v, "ToolTipText"); }
 
 void Control::Move(double left, double top, double width, double height) {
   setLeft(left);

@@ -75,6 +75,14 @@ class Control : public EventSet<> {
   Control(const Control& other);
   // Tells the observer; every setter that changes what shows calls it.
   void changed(std::string_view property);
+  // Sets `member` to `v` and tells the observer; false when it held that value already.
+  template <class T, class V>
+  bool assign(T& member, const V& v, std::string_view property) {
+    if (member == v) return false;
+    member = v;
+    changed(property);
+    return true;
+  }
 
  private:
   template <class T>

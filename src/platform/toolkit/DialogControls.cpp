@@ -8,10 +8,7 @@ namespace tk {
 
 void TabStrip::setSelectedItem(int v) {
   if (v < 1 || v > static_cast<int>(tabs_.size())) raise(err::InvalidProperty, Name() + ".SelectedItem");
-  if (v == selected_) return;
-  selected_ = v;
-  changed("SelectedItem");
-  fire(onClick);
+  if (assign(selected_, v, "SelectedItem")) fire(onClick);
 }
 
 const std::vector<Property>& TabStrip::properties() const {

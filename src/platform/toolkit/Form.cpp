@@ -48,23 +48,11 @@ void Form::discard() {
   Control::setVisible(false);
 }
 
-void Form::setCaption(const std::string& v) {
-  if (caption_ == v) return;
-  caption_ = v;
-  changed("Caption");
-}
+void Form::setCaption(const std::string& v) { assign(caption_, v, "Caption"); }
 
-void Form::setBackColor(uint32_t v) {
-  if (backColor_ == v) return;
-  backColor_ = v;
-  changed("BackColor");
-}
+void Form::setBackColor(uint32_t v) { assign(backColor_, v, "BackColor"); }
 
-void Form::setMousePointer(int v) {
-  if (mousePointer_ == v) return;
-  mousePointer_ = v;
-  changed("MousePointer");
-}
+void Form::setMousePointer(int v) { assign(mousePointer_, v, "MousePointer"); }
 
 void Form::setBorderStyle(int v) {
   borderStyle_ = v;
@@ -77,9 +65,7 @@ void Form::raiseResize() {
 
 void Form::setWindowState(int v) {
   if (v < 0 || v > 2) raise(err::InvalidProperty, "WindowState");
-  if (windowState_ == v) return;
-  windowState_ = v;
-  changed("WindowState");
+  if (!assign(windowState_, v, "WindowState")) return;
   raiseResize();
 }
 

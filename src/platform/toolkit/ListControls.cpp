@@ -20,10 +20,7 @@ std::string ListControl::List(int i) const {
 
 void ListControl::setListIndex(int v) {
   if (v < -1 || v >= ListCount()) raise(err::InvalidProperty, Name() + ".ListIndex");
-  if (v == listIndex_) return;
-  listIndex_ = v;
-  changed("ListIndex");
-  fire(onClick);
+  if (assign(listIndex_, v, "ListIndex")) fire(onClick);
 }
 
 void ListControl::replaceItems(std::vector<std::string> items) {

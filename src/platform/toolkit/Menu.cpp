@@ -4,17 +4,9 @@
 
 namespace tk {
 
-void Menu::setCaption(const std::string& v) {
-  if (v == caption_) return;
-  caption_ = v;
-  changed("Caption");
-}
+void Menu::setCaption(const std::string& v) { assign(caption_, v, "Caption"); }
 
-void Menu::setChecked(bool v) {
-  if (v == checked_) return;
-  checked_ = v;
-  changed("Checked");
-}
+void Menu::setChecked(bool v) { assign(checked_, v, "Checked"); }
 
 const std::vector<Property>& Menu::properties() const {
   static const auto props = extend(Control::properties(),

@@ -35,11 +35,7 @@ void Image::setPicture(const gdi::Picture& p) {
   changed("Picture");
 }
 
-void Image::setStretch(bool v) {
-  if (v == stretch_) return;
-  stretch_ = v;
-  changed("Stretch");
-}
+void Image::setStretch(bool v) { assign(stretch_, v, "Stretch"); }
 
 const std::vector<Property>& Image::properties() const {
   static const auto props = extend(
@@ -72,17 +68,9 @@ void PictureBox::setAutoSize(bool v) {
   fitToPicture();
 }
 
-void PictureBox::setBackColor(uint32_t v) {
-  if (v == backColor_) return;
-  backColor_ = v;
-  changed("BackColor");
-}
+void PictureBox::setBackColor(uint32_t v) { assign(backColor_, v, "BackColor"); }
 
-void PictureBox::setBorderStyle(int v) {
-  if (v == borderStyle_) return;
-  borderStyle_ = v;
-  changed("BorderStyle");
-}
+void PictureBox::setBorderStyle(int v) { assign(borderStyle_, v, "BorderStyle"); }
 
 gdi::Picture PictureBox::Image() const {
   const Screen& s = runtime().screen();

@@ -20,26 +20,19 @@ void ScrollBar::clampValue() {
 
 void ScrollBar::setMin(int v) {
   checkRange(v, Name() + ".Min");
-  if (v == min_) return;
-  min_ = v;
-  changed("Min");
+  if (!assign(min_, v, "Min")) return;
   clampValue();
 }
 
 void ScrollBar::setMax(int v) {
   checkRange(v, Name() + ".Max");
-  if (v == max_) return;
-  max_ = v;
-  changed("Max");
+  if (!assign(max_, v, "Max")) return;
   clampValue();
 }
 
 void ScrollBar::setValue(int v) {
   if (v < std::min(min_, max_) || v > std::max(min_, max_)) raise(err::InvalidProperty, Name() + ".Value");
-  if (v == value_) return;
-  value_ = v;
-  changed("Value");
-  fire(onChange);
+  if (assign(value_, v, "Value")) fire(onChange);
 }
 
 const std::vector<Property>& ScrollBar::properties() const {
