@@ -8,16 +8,15 @@
 #include <cstddef>
 #include <cstdio>
 
-// After the two above, which it needs and doesn't include.
-#include <jpeglib.h>
+#include <jpeglib.h>  // after the two above, which it needs and doesn't include
 
 #include <QImage>
 #include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <cmath>
-#include <cstdio>  // before jpeglib.h, which needs FILE and size_t
 #include <cstdio>
+#include <cstring>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -29,6 +28,7 @@
 #include "platform/toolkit/HeadlessHost.h"
 #include "shell/INIFunctions.h"
 #include "shell/Program.h"
+#include "test_images.h"
 #include "picture/Module1.h"
 #include "picture/PictureServices.h"
 #include "picture/PlainLoader.h"
@@ -60,26 +60,12 @@ QImage Scene(int width, int height, int seed) {
 }
 
 void WriteJpeg(const QImage& image, const std::string& path) {
-  jpeg_compress_struct cinfo{};
-  jpeg_error_mgr errors{};
-  cinfo.err = jpeg_std_error(&errors);
-  jpeg_create_compress(&cinfo);
-  FILE* out = std::fopen(path.c_str(), "wb");
-  jpeg_stdio_dest(&cinfo, out);
-  cinfo.image_width = static_cast<JDIMENSION>(image.width());
-  cinfo.image_height = static_cast<JDIMENSION>(image.height());
-  cinfo.input_components = 4;
-  cinfo.in_color_space = JCS_EXT_BGRX;
-  jpeg_set_defaults(&cinfo);
-  jpeg_set_quality(&cinfo, 85, TRUE);
-  jpeg_start_compress(&cinfo, TRUE);
-  while (cinfo.next_scanline < cinfo.image_height) {
-    JSAMPROW row = const_cast<JSAMPROW>(image.constScanLine(static_cast<int>(cinfo.next_scanline)));
-    jpeg_write_scanlines(&cinfo, &row, 1);
-  }
-  jpeg_finish_compress(&cinfo);
-  jpeg_destroy_compress(&cinfo);
-  std::fclose(out);
+  gdi::Surface pixels(image.width(), image.height(), gdi::AlphaMode::kOpaque);
+  for (int y = 0; y < image.height(); ++y)
+    std::memcpy(pixels.Row(y), image.constScanLine(y), static_cast<size_t>(image.width()) * 4);
+  const std::vector<uint8_t> bytes = codecs::testing::MakeJpeg(pixels, 85);
+  std::ofstream(path, std::ios::binary)
+      .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
 }
 
 // Runs job(i) for i in [0, count) on every core.

@@ -3,7 +3,6 @@
 // the window that popped it up.
 
 #include <initializer_list>
-#include <optional>
 
 #include "platform/toolkit/Form.h"
 #include "platform/toolkit/Menu.h"

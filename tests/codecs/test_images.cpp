@@ -22,8 +22,9 @@ gdi::Surface Gradient(int width, int height) {
   return s;
 }
 
-std::vector<uint8_t> MakeJpeg(int width, int height) {
-  const gdi::Surface pixels = Gradient(width, height);
+std::vector<uint8_t> MakeJpeg(int width, int height) { return MakeJpeg(Gradient(width, height), 90); }
+
+std::vector<uint8_t> MakeJpeg(const gdi::Surface& pixels, int quality) {
   jpeg_compress_struct cinfo{};
   jpeg_error_mgr errors{};
   cinfo.err = jpeg_std_error(&errors);
@@ -31,12 +32,12 @@ std::vector<uint8_t> MakeJpeg(int width, int height) {
   unsigned char* buffer = nullptr;
   unsigned long size = 0;
   jpeg_mem_dest(&cinfo, &buffer, &size);
-  cinfo.image_width = static_cast<JDIMENSION>(width);
-  cinfo.image_height = static_cast<JDIMENSION>(height);
+  cinfo.image_width = static_cast<JDIMENSION>(pixels.Width());
+  cinfo.image_height = static_cast<JDIMENSION>(pixels.Height());
   cinfo.input_components = 4;
   cinfo.in_color_space = JCS_EXT_BGRX;
   jpeg_set_defaults(&cinfo);
-  jpeg_set_quality(&cinfo, 90, TRUE);
+  jpeg_set_quality(&cinfo, quality, TRUE);
   jpeg_start_compress(&cinfo, TRUE);
   while (cinfo.next_scanline < cinfo.image_height) {
     auto* row = reinterpret_cast<JSAMPROW>(

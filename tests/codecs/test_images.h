@@ -10,6 +10,8 @@ namespace codecs::testing {
 
 // A width x height gradient (red across, green down, blue 64), JPEG at quality 90.
 std::vector<uint8_t> MakeJpeg(int width, int height);
+// `pixels` (opaque) as a JPEG at `quality`.
+std::vector<uint8_t> MakeJpeg(const gdi::Surface& pixels, int quality);
 // `pixels` as a PNG (with alpha when the surface has straight alpha).
 std::vector<uint8_t> MakePng(const gdi::Surface& pixels);
 // A one-frame GIF of `indices` with a 4-colour table, transparent index `transparent` (-1 none).

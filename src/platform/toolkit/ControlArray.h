@@ -67,7 +67,6 @@ class ControlArray : public EventSet<int> {
       if (elements_[i]) out.push_back(static_cast<int>(i));
     return out;
   }
-  int UBound() const { return static_cast<int>(elements_.size()) - 1; }
   size_t Count() const { return count_; }
 
  private:

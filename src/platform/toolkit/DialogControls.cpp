@@ -20,16 +20,14 @@ const std::vector<Property>& TabStrip::properties() const {
 
 void CommonDialog::ShowSave() {
   auto path = runtime().SaveFile({DialogTitle, Filter, FileName, InitDir});
-  cancelled_ = !path;
   if (path) FileName = *path;
-  if (cancelled_ && CancelError) raise(err::CancelSelected);
+  if (!path && CancelError) raise(err::CancelSelected);
 }
 
 void CommonDialog::ShowColor() {
   auto color = runtime().ChooseColor(Color);
-  cancelled_ = !color;
   if (color) Color = *color;
-  if (cancelled_ && CancelError) raise(err::CancelSelected);
+  if (!color && CancelError) raise(err::CancelSelected);
 }
 
 namespace {

@@ -38,10 +38,6 @@ class CommonDialog : public Control {
   // Asks for a colour; sets Color.
   void ShowColor();
   const std::vector<Property>& properties() const override;
-  bool lastCancelled() const { return cancelled_; }
-
- private:
-  bool cancelled_ = false;
 };
 
 }  // namespace tk
