@@ -25,7 +25,7 @@ class ProgramFixture : public ::testing::Test {
     pictures = root / "pictures";
     std::filesystem::create_directories(home);
     std::filesystem::create_directories(pictures);
-    os::CreateSettingsFileIfMissing(iniPath());
+    vellumry::os::CreateSettingsFileIfMissing(iniPath());
   }
   void TearDown() override {
     program.reset();
@@ -34,21 +34,24 @@ class ProgramFixture : public ::testing::Test {
 
   std::string iniPath() const { return (home / "OstrelWorks.INI").string(); }
   void setting(const std::string& key, const std::string& value) {
-    WriteIni(iniPath(), "Settings", key, value);
+    vellumry::WriteIni(iniPath(), "Settings", key, value);
   }
-  std::string setting(const std::string& key) { return ReadIni(iniPath(), "Settings", key, "?"); }
+  std::string setting(const std::string& key) {
+    return vellumry::ReadIni(iniPath(), "Settings", key, "?");
+  }
   // `count` files named img1.jpg ... in `folder` (the pictures folder when empty).
   void makeFiles(int count, std::filesystem::path folder = {}) {
     if (folder.empty()) folder = pictures;
     std::filesystem::create_directories(folder);
-    for (int i = 1; i <= count; ++i) std::ofstream(folder / ("img" + std::to_string(i) + ".jpg")) << "x";
+    for (int i = 1; i <= count; ++i)
+      std::ofstream(folder / ("img" + std::to_string(i) + ".jpg")) << "x";
   }
   // Starts the program on a screen of `w` by `h` pixels.
   vellumry::Program& start(int w = 1024, int h = 768) {
     program = std::make_unique<vellumry::Program>(
-        host, tk::EventLoop::Clock::Virtual, tk::Screen::ofPixels(w, h),
+        host, vellumry::tk::EventLoop::Clock::Virtual, vellumry::tk::Screen::ofPixels(w, h),
         vellumry::Places{home.string(), home.string(), pictures.string()});
-    program->runtime.onUncaught = [](const tk::Error& e) {
+    program->runtime.onUncaught = [](const vellumry::tk::Error& e) {
       ADD_FAILURE() << "uncaught error " << e.Number << ": " << e.Description;
     };
     vellumry::Main(*program);
@@ -65,6 +68,6 @@ class ProgramFixture : public ::testing::Test {
   }
 
   std::filesystem::path root, home, pictures;
-  tk::HeadlessHost host;
+  vellumry::tk::HeadlessHost host;
   std::unique_ptr<vellumry::Program> program;
 };

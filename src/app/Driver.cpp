@@ -98,15 +98,16 @@ std::string propertiesJson(const tk::Control& c) {
   }
   if (auto* list = dynamic_cast<const tk::ListControl*>(&c)) {
     out += ",\"List\":[";
-    for (int i = 0; i < list->ListCount(); ++i) out += (i ? "," : "") + tk::jsonQuote(list->List(i));
+    for (int i = 0; i < list->ListCount(); ++i)
+      out += (i ? "," : "") + tk::jsonQuote(list->List(i));
     out += "]";
   }
   return out + "}";
 }
 
 std::string dumpJson(tk::Form& form) {
-  std::string out = "{\"form\":" + tk::jsonQuote(form.Name()) + ",\"properties\":" +
-                    propertiesJson(form) + ",\"controls\":[";
+  std::string out = "{\"form\":" + tk::jsonQuote(form.Name()) +
+                    ",\"properties\":" + propertiesJson(form) + ",\"controls\":[";
   bool first = true;
   for (tk::Control* c : form.controls()) {
     out += first ? "" : ",";
@@ -176,7 +177,7 @@ void Driver::command(const Args& a) {
     if (!t.control || !t.member.empty()) raise(err::InvalidCall, path + " is no control");
     return *t.control;
   };
-  auto as = [&](tk::Control& c, auto* kind) -> auto& {
+  auto as = [&](tk::Control & c, auto* kind) -> auto& {
     auto* typed = dynamic_cast<std::remove_pointer_t<decltype(kind)>*>(&c);
     if (!typed) raise(err::NotSupported, c.Name() + " can't do that");
     return *typed;
@@ -208,7 +209,8 @@ void Driver::command(const Args& a) {
     need(a, 2, "dblclick PATH");
     act(tk::user::dblClick(control(a[1])), currentLine_);
   } else if (verb == "mousedown" || verb == "mouseup" || verb == "mousemove") {
-    need(a, verb == "mousemove" ? 5 : 3, "mousedown|mouseup PATH BUTTON [X Y] / mousemove PATH BUTTON X Y");
+    need(a, verb == "mousemove" ? 5 : 3,
+         "mousedown|mouseup PATH BUTTON [X Y] / mousemove PATH BUTTON X Y");
     tk::Control& c = control(a[1]);
     int button = toInt(a[2]);
     double x = a.size() > 4 ? tk::toNumber(tk::Value(a[3])) : 0;
@@ -244,8 +246,9 @@ void Driver::command(const Args& a) {
     host_.queueSaveFile(a[1] == "cancel" ? std::nullopt : std::optional<std::string>(a[1]));
   } else if (verb == "color") {
     need(a, 2, "color N|cancel");
-    host_.queueColor(a[1] == "cancel" ? std::nullopt
-                                       : std::optional<uint32_t>(static_cast<uint32_t>(toInt(a[1]))));
+    host_.queueColor(a[1] == "cancel"
+                         ? std::nullopt
+                         : std::optional<uint32_t>(static_cast<uint32_t>(toInt(a[1]))));
   } else if (verb == "get") {
     need(a, 2, "get PATH");
     out_ << formatValue(getValue(resolve(running(), a[1]))) << "\n";

@@ -22,9 +22,15 @@ std::string readJsonString(const std::string& line, size_t& at) {
     }
     if (++at >= line.size()) break;
     switch (line[at]) {
-      case 'n': out += '\n'; break;
-      case 'r': out += '\r'; break;
-      case 't': out += '\t'; break;
+      case 'n':
+        out += '\n';
+        break;
+      case 'r':
+        out += '\r';
+        break;
+      case 't':
+        out += '\t';
+        break;
       case 'u': {
         if (at + 4 >= line.size()) tk::raise(tk::err::InvalidCall, "bad \\u escape");
         unsigned code = 0;
@@ -42,7 +48,8 @@ std::string readJsonString(const std::string& line, size_t& at) {
         }
         break;
       }
-      default: out += line[at];
+      default:
+        out += line[at];
     }
   }
   tk::raise(tk::err::InvalidCall, "unterminated string");

@@ -82,8 +82,8 @@ void Form1::pRollRow() {
     resumeNext([&] { Image1(j).setTop(Image1(j).Top() - Image1(j).Height()); });
     resumeNext([&] {
       tk::Image& pic = Image123(j);
-      pic.setTop(Image1(j).Top() + static_cast<double>(IntDiv(Image1(j).Height(), 2) -
-                                                       IntDiv(pic.Height(), 2)));
+      pic.setTop(Image1(j).Top() +
+                 static_cast<double>(IntDiv(Image1(j).Height(), 2) - IntDiv(pic.Height(), 2)));
     });
   }
 }

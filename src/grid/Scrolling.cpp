@@ -65,10 +65,12 @@ void Form1::pShowPage() {
       cell.setTop(cell.Height() + Image1(i - 1).Top());
     });
     resumeNext([&] {
-      Image123(i).setLeft(Image1(i).Left() + (Image1(i).Width() - 200) / 2 - Image123(i).Width() / 2 + 100);
+      Image123(i).setLeft(Image1(i).Left() + (Image1(i).Width() - 200) / 2 -
+                          Image123(i).Width() / 2 + 100);
     });
     resumeNext([&] {
-      Image123(i).setTop(Image1(i).Top() + (Image1(i).Height() - 200) / 2 - Image123(i).Height() / 2 + 100);
+      Image123(i).setTop(Image1(i).Top() + (Image1(i).Height() - 200) / 2 -
+                         Image123(i).Height() / 2 + 100);
     });
     resumeNext([&] { Image123(i).setVisible(true); });
     nLoad = static_cast<int16_t>(nLoad + 1);

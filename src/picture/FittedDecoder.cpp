@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "gdi/blit.h"
+#include "platform/gdi/Blit.h"
 
 namespace vellumry {
 

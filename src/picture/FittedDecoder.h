@@ -5,7 +5,7 @@
 #include <memory>
 #include <optional>
 
-#include "gdi/pixel_source.h"
+#include "platform/gdi/PixelSource.h"
 
 namespace vellumry {
 

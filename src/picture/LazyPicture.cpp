@@ -1,9 +1,9 @@
 #include "picture/LazyPicture.h"
 
-#include "codecs/ico_codec.h"
 #include "picture/FittedDecoder.h"
 #include "picture/PictureServices.h"
 #include "picture/SourceDecoder.h"
+#include "platform/codecs/IcoCodec.h"
 
 namespace vellumry {
 

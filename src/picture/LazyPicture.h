@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "codecs/codecs.h"
-#include "gdi/picture.h"
+#include "platform/codecs/Codecs.h"
+#include "platform/gdi/Picture.h"
 
 namespace vellumry {
 

@@ -2,10 +2,10 @@
 
 #include <cmath>
 
-#include "gdi/blit.h"
 #include "picture/LazyPicture.h"
 #include "picture/PictureServices.h"
 #include "picture/SourceDecoder.h"
+#include "platform/gdi/Blit.h"
 #include "platform/toolkit/Error.h"
 #include "platform/toolkit/Numbers.h"
 

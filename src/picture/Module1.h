@@ -7,8 +7,8 @@
 #include <string>
 #include <variant>
 
-#include "gdi/picture.h"
 #include "picture/StdPictureEx.h"
+#include "platform/gdi/Picture.h"
 #include "platform/toolkit/PictureControls.h"
 
 namespace vellumry {

@@ -10,8 +10,8 @@
 #include <thread>
 #include <vector>
 
-#include "gdi/picture.h"
-#include "gdi/pixel_cache.h"
+#include "platform/gdi/Picture.h"
+#include "platform/gdi/PixelCache.h"
 
 namespace vellumry {
 

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "gdi/picture.h"
+#include "platform/gdi/Picture.h"
 
 namespace vellumry {
 

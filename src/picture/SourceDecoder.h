@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "codecs/codecs.h"
-#include "gdi/pixel_source.h"
+#include "platform/codecs/Codecs.h"
+#include "platform/gdi/PixelSource.h"
 
 namespace vellumry {
 

@@ -2,10 +2,10 @@
 
 #include <cstdlib>
 
-#include "codecs/codecs.h"
 #include "picture/LazyPicture.h"
 #include "picture/PictureServices.h"
 #include "picture/SourceDecoder.h"
+#include "platform/codecs/Codecs.h"
 
 namespace vellumry {
 

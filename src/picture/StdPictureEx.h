@@ -9,8 +9,8 @@
 #include <variant>
 #include <vector>
 
-#include "gdi/picture.h"
 #include "picture/PictureRecord.h"
+#include "platform/gdi/Picture.h"
 
 namespace vellumry {
 

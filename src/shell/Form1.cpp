@@ -18,9 +18,10 @@ Form1::Form1(Program& program) : Form(program.runtime, "Form1"), program_(progra
   setKeyPreview(true);
   Frame1.Move(4800, 2400, 3975, 3375);
   Frame1.setBorderStyle(0);
-  for (tk::Control* c : {static_cast<tk::Control*>(&Image1(0)), static_cast<tk::Control*>(&Image123(0)),
-                         static_cast<tk::Control*>(&Img1(0)), static_cast<tk::Control*>(&Frame3(0)),
-                         static_cast<tk::Control*>(&Label)})
+  for (tk::Control* c :
+       {static_cast<tk::Control*>(&Image1(0)), static_cast<tk::Control*>(&Image123(0)),
+        static_cast<tk::Control*>(&Img1(0)), static_cast<tk::Control*>(&Frame3(0)),
+        static_cast<tk::Control*>(&Label)})
     c->setContainer(&Frame1);
   Frame3(0).Move(0, 0, 2295, 2055);
   Frame3(0).setBorderWidth(4);
@@ -88,8 +89,9 @@ Form1::Form1(Program& program) : Form(program.runtime, "Form1"), program_(progra
   Image5.setStretch(true);
   Image2123.Move(0, 0, 1575, 1215);
   // The stored pictures lie beside the program; without them the images stand empty.
-  for (auto [image, file] : {std::pair{&Image2, "start.png"}, std::pair{&Image3, "start-passive.png"},
-                             std::pair{&Image4, "exit.png"}, std::pair{&Image5, "mark.gif"}}) {
+  for (auto [image, file] :
+       {std::pair{&Image2, "start.png"}, std::pair{&Image3, "start-passive.png"},
+        std::pair{&Image4, "exit.png"}, std::pair{&Image5, "mark.gif"}}) {
     tk::resumeNext([&] {
       image->setPicture(LoadPicture(program.pictures, program.sInstallDir + "/ui/" + file));
     });
@@ -114,7 +116,9 @@ Form1::Form1(Program& program) : Form(program.runtime, "Form1"), program_(progra
   File2.onMouseDown = [this](int button, int, double, double) { File2_MouseDown(button); };
   Image1.onClick = [this](int i) { Image1_Click(i); };
   Image1.onDblClick = [this](int i) { Image1_DblClick(i); };
-  Image1.onMouseDown = [this](int i, int button, int, double, double) { Image1_MouseDown(i, button); };
+  Image1.onMouseDown = [this](int i, int button, int, double, double) {
+    Image1_MouseDown(i, button);
+  };
   Frame1.onMouseDown = [this](int button, int, double, double) { Frame1_MouseDown(button); };
   List.onMouseDown = [this](int i, int button, int, double, double) { List_MouseDown(i, button); };
   btnmenu.onClick = [this] { btnmenu_Click(); };
@@ -201,8 +205,8 @@ void Form1::Timer6_Timer() {
   Image2_Click();
   if (File2.ListCount() < 1) {
     int answer = runtime().MsgBox(
-        "  No images in the own folder of this record!\r\n\r\nDo you want to close: 'Vellumry'?", 36,
-        "");
+        "  No images in the own folder of this record!\r\n\r\nDo you want to close: 'Vellumry'?",
+        36, "");
     if (answer == tk::mb::Yes) return runtime().End();
   }
   if (setting("showll") != "0" && List(0).ListCount() > 0) program_.frmMenu().mnuSllist_Click();

@@ -7,9 +7,11 @@
 #include <span>
 #include <string_view>
 
-#include "os/ProfileString.h"
-#include "os/SettingsFile.h"
-#include "os/Utf.h"
+#include "platform/os/ProfileString.h"
+#include "platform/os/SettingsFile.h"
+#include "platform/os/Utf.h"
+
+namespace vellumry {
 
 namespace {
 
@@ -57,3 +59,5 @@ long ReadIniNumber(const std::string& file, const std::string& section, const st
   const auto fallback = os::DefaultSetting(key);
   return fallback ? LeadingNumber(*fallback).value_or(0) : 0;
 }
+
+}  // namespace vellumry

@@ -2,6 +2,8 @@
 
 #include <string>
 
+namespace vellumry {
+
 // The routines through which the program reads and writes its settings file. All text is UTF-8.
 
 // The value of `key` in `section` of `file`, cut at 254 characters; `def` when the file or the
@@ -19,3 +21,5 @@ void WriteIni(const std::string& file, const std::string& section, const std::st
 // for a long, gives the key's default from the settings table, without a message; 0 when the
 // key has no numeric default.
 long ReadIniNumber(const std::string& file, const std::string& section, const std::string& key);
+
+}  // namespace vellumry

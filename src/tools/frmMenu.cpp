@@ -6,8 +6,8 @@
 namespace vellumry {
 
 frmMenu::frmMenu(Program& program) : Form(program.runtime, "frmMenu"), program_(program) {
-  popup(mnuLinkList, {&L9, &mHllist, &L6, &mnuEllist, &mnuRllist, &mnuFllist, &L8, &mnuAz, &mnuZa,
-                      &mnuOfo2});
+  popup(mnuLinkList,
+        {&L9, &mHllist, &L6, &mnuEllist, &mnuRllist, &mnuFllist, &L8, &mnuAz, &mnuZa, &mnuOfo2});
   popup(mnuSaveimg2, {&mnuSaveimg22, &mOpentxt, &mnuImgI22, &mnuMin, &mnuL1, &mnuExit2});
   popup(mnuFimg0, {&mnuFimg00});
   popup(mnuSaveimg0, {&mnuFimg, &mnuSaveimg00, &mDelselected, &mnuImgI});

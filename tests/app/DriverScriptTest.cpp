@@ -6,6 +6,8 @@
 #include "app/Driver.h"
 #include "app/ScriptWords.h"
 
+using namespace vellumry;
+
 using DriverScriptTest = ProgramFixture;
 
 namespace {

@@ -1,6 +1,8 @@
 // The grid's phases and the caption of a folder.
 #include "ProgramFixture.h"
 
+using namespace vellumry;
+
 using GridModelTest = ProgramFixture;
 
 TEST_F(GridModelTest, PhasesWithTheirFlags) {

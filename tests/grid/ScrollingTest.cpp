@@ -1,6 +1,8 @@
 // Scrolling by rows and the selection that the grid follows.
 #include "ProgramFixture.h"
 
+using namespace vellumry;
+
 using ScrollingTest = ProgramFixture;
 
 namespace {

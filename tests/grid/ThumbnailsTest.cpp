@@ -3,13 +3,16 @@
 
 #include "ProgramFixture.h"
 
+using namespace vellumry;
+
 namespace {
 
 class ThumbnailsTest : public ProgramFixture {
  protected:
   void SetUp() override {
     ProgramFixture::SetUp();
-    setting("rows", "2");  // at 5 twips a pixel: cells of 1770, inner size 1570 = 314 pixels, 5 a row
+    setting("rows",
+            "2");  // at 5 twips a pixel: cells of 1770, inner size 1570 = 314 pixels, 5 a row
   }
   void picture(const std::string& name, int w, int h, const char* format) {
     QImage image(w, h, QImage::Format_ARGB32);
@@ -45,11 +48,11 @@ class ThumbnailsTest : public ProgramFixture {
 };
 
 TEST_F(ThumbnailsTest, TheFittingRulesInTheirOrder) {
-  picture("a-tall.png", 200, 314, "PNG");     // exactly ch high: rule A, same height
-  picture("b-small.png", 20, 20, "PNG");      // 100 by 100 twips: kept
-  picture("c-square.png", 354, 354, "PNG");   // the full cell: only rule C fits it
-  picture("d-wide.jpeg", 700, 350, "JPG");    // wide: rule B; .jpeg goes by the plain road
-  picture("e-huge.png", 2000, 1000, "PNG");   // rule B, then nothing more
+  picture("a-tall.png", 200, 314, "PNG");    // exactly ch high: rule A, same height
+  picture("b-small.png", 20, 20, "PNG");     // 100 by 100 twips: kept
+  picture("c-square.png", 354, 354, "PNG");  // the full cell: only rule C fits it
+  picture("d-wide.jpeg", 700, 350, "JPG");   // wide: rule B; .jpeg goes by the plain road
+  picture("e-huge.png", 2000, 1000, "PNG");  // rule B, then nothing more
   vellumry::Form1& f = load();
   ASSERT_EQ(f.Image1(0).Height(), 1770);
   expectCentred(position("a-tall.png"), 1000, 1570);
@@ -60,7 +63,7 @@ TEST_F(ThumbnailsTest, TheFittingRulesInTheirOrder) {
   int huge = position("e-huge.png");
   EXPECT_EQ(program->aPicW[huge], 10000);  // natural sizes in twips
   EXPECT_EQ(program->aPicH[huge], 5000);
-  EXPECT_EQ(f.sExt, "PNG");                  // the last file's letters
+  EXPECT_EQ(f.sExt, "PNG");  // the last file's letters
 }
 
 TEST_F(ThumbnailsTest, EachEndingTakesItsRoad) {
@@ -80,10 +83,12 @@ TEST_F(ThumbnailsTest, EachEndingTakesItsRoad) {
 }
 
 TEST_F(ThumbnailsTest, EveryKindOfPictureFillsItsCell) {
-  const std::filesystem::path cursor = "../shared/corpus/faint-graphics-editor/tests/test-data/24bipp-6x6.cur";
+  const std::filesystem::path cursor =
+      "../shared/corpus/faint-graphics-editor/tests/test-data/24bipp-6x6.cur";
   if (!std::filesystem::exists(cursor)) GTEST_SKIP() << "no corpus beside the project";
   std::filesystem::copy_file(cursor, pictures / "pointer.cur");
-  for (const char* sample : {"bubble.png", "dusk.jpg", "frame.bmp", "oval.tif", "sun.gif", "tile.ico"})
+  for (const char* sample :
+       {"bubble.png", "dusk.jpg", "frame.bmp", "oval.tif", "sun.gif", "tile.ico"})
     std::filesystem::copy_file(std::filesystem::path("assets/samples") / sample, pictures / sample);
   std::ofstream(pictures / "broken.png") << "\x89PNG\r\n\x1a\n and then nothing";
   vellumry::Form1& f = load();
@@ -92,9 +97,9 @@ TEST_F(ThumbnailsTest, EveryKindOfPictureFillsItsCell) {
     const char* file;
     int width, height;  // natural size in pixels
   };
-  for (Kind k : {Kind{"bubble.png", 512, 512}, Kind{"dusk.jpg", 800, 600}, Kind{"frame.bmp", 300, 200},
-                 Kind{"oval.tif", 720, 480}, Kind{"sun.gif", 400, 400}, Kind{"tile.ico", 64, 64},
-                 Kind{"pointer.cur", 6, 6}}) {
+  for (Kind k : {Kind{"bubble.png", 512, 512}, Kind{"dusk.jpg", 800, 600},
+                 Kind{"frame.bmp", 300, 200}, Kind{"oval.tif", 720, 480}, Kind{"sun.gif", 400, 400},
+                 Kind{"tile.ico", 64, 64}, Kind{"pointer.cur", 6, 6}}) {
     SCOPED_TRACE(k.file);
     int i = position(k.file);
     EXPECT_EQ(program->aPicW[i], k.width * 5);

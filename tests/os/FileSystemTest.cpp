@@ -7,9 +7,11 @@
 #include <string>
 #include <vector>
 
-#include "os/FileSystem.h"
-#include "os/ProfileString.h"
 #include "os/TestFiles.h"
+#include "platform/os/FileSystem.h"
+#include "platform/os/ProfileString.h"
+
+using namespace vellumry;
 
 namespace {
 

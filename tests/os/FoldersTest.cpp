@@ -6,9 +6,11 @@
 #include <optional>
 #include <string>
 
-#include "os/FileSystem.h"
-#include "os/Folders.h"
 #include "os/TestFiles.h"
+#include "platform/os/FileSystem.h"
+#include "platform/os/Folders.h"
+
+using namespace vellumry;
 
 namespace {
 

@@ -3,9 +3,11 @@
 #include <QTemporaryDir>
 #include <string>
 
-#include "os/ProfileString.h"
 #include "os/TestFiles.h"
-#include "os/Utf.h"
+#include "platform/os/ProfileString.h"
+#include "platform/os/Utf.h"
+
+using namespace vellumry;
 
 namespace {
 

@@ -3,8 +3,10 @@
 #include <QTemporaryDir>
 #include <string>
 
-#include "os/ProfileString.h"
 #include "os/TestFiles.h"
+#include "platform/os/ProfileString.h"
+
+using namespace vellumry;
 
 namespace {
 

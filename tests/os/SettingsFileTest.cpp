@@ -5,10 +5,12 @@
 #include <set>
 #include <string>
 
-#include "os/ProfileString.h"
-#include "os/SettingsFile.h"
 #include "os/TestFiles.h"
-#include "os/Utf.h"
+#include "platform/os/ProfileString.h"
+#include "platform/os/SettingsFile.h"
+#include "platform/os/Utf.h"
+
+using namespace vellumry;
 
 namespace {
 

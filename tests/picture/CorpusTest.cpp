@@ -4,13 +4,15 @@
 
 #include <filesystem>
 
-#include "PictureTestSupport.h"
+#include "codecs/TestFiles.h"
 #include "picture/Module1.h"
 #include "picture/PictureServices.h"
+#include "picture/PictureTestSupport.h"
 #include "picture/PlainLoader.h"
 #include "picture/StdPictureEx.h"
 #include "platform/toolkit/Error.h"
-#include "test_files.h"
+
+using namespace vellumry;
 
 namespace vellumry {
 namespace {

@@ -2,11 +2,13 @@
 // picture box that hands out its picture.
 #include <gtest/gtest.h>
 
-#include "PictureTestSupport.h"
+#include "codecs/TestImages.h"
 #include "picture/Module1.h"
 #include "picture/PictureServices.h"
+#include "picture/PictureTestSupport.h"
 #include "platform/toolkit/Error.h"
-#include "test_images.h"
+
+using namespace vellumry;
 
 namespace vellumry {
 namespace {
@@ -14,9 +16,9 @@ namespace {
 using codecs::testing::Gradient;
 using codecs::testing::MakeJpeg;
 using codecs::testing::MakePng;
-using testing::Filled;
-using testing::TempFolder;
-using testing::WriteTiff;
+using testsupport::Filled;
+using testsupport::TempFolder;
+using testsupport::WriteTiff;
 
 class Module1Test : public ::testing::Test {
  protected:
@@ -24,7 +26,7 @@ class Module1Test : public ::testing::Test {
   uint32_t gridColor = 0x00402010;  // 0x00BBGGRR
   Module1 module1{services, [this] { return gridColor; }};
   TempFolder folder;
-  testing::BoxProgram program;
+  testsupport::BoxProgram program;
 
   // The error LoadGdiPicture raises for `source`.
   tk::Error Raised(const GdiSource& source) {

@@ -2,17 +2,19 @@
 // finds them there.
 #include <gtest/gtest.h>
 
-#include "PictureTestSupport.h"
+#include "codecs/TestImages.h"
 #include "picture/PictureServices.h"
+#include "picture/PictureTestSupport.h"
 #include "picture/PlainLoader.h"
-#include "test_images.h"
+
+using namespace vellumry;
 
 namespace vellumry {
 namespace {
 
 using codecs::testing::Gradient;
 using codecs::testing::MakeJpeg;
-using testing::TempFolder;
+using testsupport::TempFolder;
 
 TEST(PictureServicesTest, PrefetchCachesThumbnailsAtTheSizeAsked) {
   PictureServices services(15, 64u << 20, 3);

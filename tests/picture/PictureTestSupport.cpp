@@ -1,4 +1,4 @@
-#include "PictureTestSupport.h"
+#include "picture/PictureTestSupport.h"
 
 #include <tiffio.h>
 #include <unistd.h>
@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <fstream>
 
-namespace vellumry::testing {
+namespace vellumry::testsupport {
 
 TempFolder::TempFolder() {
   static std::atomic<int> counter{0};
@@ -67,4 +67,4 @@ gdi::Surface Filled(int width, int height, uint32_t argb, gdi::AlphaMode mode) {
   return surface;
 }
 
-}  // namespace vellumry::testing
+}  // namespace vellumry::testsupport

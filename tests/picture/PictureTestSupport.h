@@ -9,14 +9,14 @@
 #include <string>
 #include <vector>
 
-#include "gdi/surface.h"
+#include "platform/gdi/Surface.h"
 #include "platform/toolkit/Form.h"
 #include "platform/toolkit/FormSlot.h"
 #include "platform/toolkit/HeadlessHost.h"
 #include "platform/toolkit/PictureControls.h"
 #include "platform/toolkit/Runtime.h"
 
-namespace vellumry::testing {
+namespace vellumry::testsupport {
 
 // A fresh folder under the system's temporary folder, removed with its files at the end.
 class TempFolder {
@@ -55,4 +55,4 @@ struct BoxProgram {
   tk::FormSlot<BoxForm> form;
 };
 
-}  // namespace vellumry::testing
+}  // namespace vellumry::testsupport

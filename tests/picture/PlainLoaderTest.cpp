@@ -3,11 +3,13 @@
 
 #include <filesystem>
 
-#include "PictureTestSupport.h"
+#include "codecs/TestImages.h"
 #include "picture/PictureServices.h"
+#include "picture/PictureTestSupport.h"
 #include "picture/PlainLoader.h"
 #include "platform/toolkit/Error.h"
-#include "test_images.h"
+
+using namespace vellumry;
 
 namespace vellumry {
 namespace {
@@ -16,7 +18,7 @@ using codecs::testing::Gradient;
 using codecs::testing::MakeGif;
 using codecs::testing::MakeJpeg;
 using codecs::testing::MakePng;
-using testing::TempFolder;
+using testsupport::TempFolder;
 
 class PlainLoaderTest : public ::testing::Test {
  protected:

@@ -1,10 +1,12 @@
 // The load dispatch of StdPictureEx: arguments, sources, the sniff by content, the record table.
 #include <gtest/gtest.h>
 
-#include "PictureTestSupport.h"
+#include "codecs/TestImages.h"
 #include "picture/PictureServices.h"
+#include "picture/PictureTestSupport.h"
 #include "picture/StdPictureEx.h"
-#include "test_images.h"
+
+using namespace vellumry;
 
 namespace vellumry {
 namespace {
@@ -13,9 +15,9 @@ using codecs::testing::Gradient;
 using codecs::testing::MakeGif;
 using codecs::testing::MakeJpeg;
 using codecs::testing::MakePng;
-using testing::Filled;
-using testing::TempFolder;
-using testing::WriteTiff;
+using testsupport::Filled;
+using testsupport::TempFolder;
+using testsupport::WriteTiff;
 
 class StdPictureExTest : public ::testing::Test {
  protected:

@@ -4,8 +4,10 @@
 #include <QEventLoop>
 #include <QTimer>
 
-#include "QtFixture.h"
 #include "platform/qt/ClockDriver.h"
+#include "qt/QtFixture.h"
+
+using namespace vellumry;
 
 namespace {
 
@@ -18,7 +20,7 @@ void spin(int ms) {
 
 TEST(ClockDriver, FiresATwelveMillisecondTimerAgainAndAgain) {
   QtProgram p(tk::EventLoop::Clock::Real);
-  qtp::ClockDriver clock(p.runtime.loop());
+  presenter::ClockDriver clock(p.runtime.loop());
   PanelForm& f = p.form();
   // Started from outside any event: the loop's schedule hook wakes the driver.
   f.Timer1.setInterval(12);
@@ -30,7 +32,7 @@ TEST(ClockDriver, FiresATwelveMillisecondTimerAgainAndAgain) {
 
 TEST(ClockDriver, AStoppedTimerFiresNoMoreAndTheDriverRests) {
   QtProgram p(tk::EventLoop::Clock::Real);
-  qtp::ClockDriver clock(p.runtime.loop());
+  presenter::ClockDriver clock(p.runtime.loop());
   PanelForm& f = p.form();
   f.Timer1.onTimer = [&f] {
     if (++f.ticks == 3) f.Timer1.setEnabled(false);
@@ -44,7 +46,7 @@ TEST(ClockDriver, AStoppedTimerFiresNoMoreAndTheDriverRests) {
 
 TEST(ClockDriver, PostedCallsRunSoonAfterAUserAction) {
   QtProgram p(tk::EventLoop::Clock::Real);
-  qtp::ClockDriver clock(p.runtime.loop());
+  presenter::ClockDriver clock(p.runtime.loop());
   bool ran = false;
   p.runtime.dispatch([&] { p.runtime.loop().post([&] { ran = true; }); });
   EXPECT_TRUE(clock.armed());
@@ -54,7 +56,7 @@ TEST(ClockDriver, PostedCallsRunSoonAfterAUserAction) {
 
 TEST(ClockDriver, NothingFiresWhileTheLoopIsBlocked) {
   QtProgram p(tk::EventLoop::Clock::Real);
-  qtp::ClockDriver clock(p.runtime.loop());
+  presenter::ClockDriver clock(p.runtime.loop());
   PanelForm& f = p.form();
   f.Timer1.setInterval(1);
   f.Timer1.setEnabled(true);
@@ -69,7 +71,7 @@ TEST(ClockDriver, NothingFiresWhileTheLoopIsBlocked) {
 
 TEST(ClockDriver, RefusesTheVirtualClock) {
   tk::EventLoop loop(tk::EventLoop::Clock::Virtual);
-  EXPECT_THROW(qtp::ClockDriver{loop}, std::logic_error);
+  EXPECT_THROW(presenter::ClockDriver{loop}, std::logic_error);
 }
 
 }  // namespace

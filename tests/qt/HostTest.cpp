@@ -7,8 +7,10 @@
 #include <QTest>
 #include <QTimer>
 
-#include "QtFixture.h"
 #include "platform/qt/QtHost.h"
+#include "qt/QtFixture.h"
+
+using namespace vellumry;
 
 namespace {
 
@@ -28,7 +30,7 @@ void whenShown(F act) {
 }
 
 int answerWith(int style, QMessageBox::StandardButton press) {
-  qtp::QtHost host;
+  presenter::QtHost host;
   whenShown<QMessageBox>([press](QMessageBox* box) {
     if (press == QMessageBox::NoButton)
       box->reject();
@@ -52,7 +54,7 @@ TEST(QtHostMsgBox, AClosedBoxGivesTheClosingAnswer) {
 }
 
 TEST(QtHostMsgBox, StyleGivesButtonsAndIcon) {
-  qtp::QtHost host;
+  presenter::QtHost host;
   QMessageBox::Icon icon = QMessageBox::NoIcon;
   int buttons = 0;
   whenShown<QMessageBox>([&](QMessageBox* box) {
@@ -95,9 +97,9 @@ class PopupTest : public ::testing::Test {
 
 TEST_F(PopupTest, ShowsVisibleEntriesWithSeparatorsGreyAndChecks) {
   QMenu menu;
-  auto entries = qtp::buildMenu(top, menu);
+  auto entries = presenter::buildMenu(top, menu);
   const auto actions = menu.actions();
-  ASSERT_EQ(actions.size(), 4);  // the hidden entry is left out
+  ASSERT_EQ(actions.size(), 4);              // the hidden entry is left out
   EXPECT_EQ(actions[0]->text(), "One\tF1");  // the key shows beside the caption
   EXPECT_TRUE(actions[1]->isSeparator());
   EXPECT_TRUE(actions[2]->isChecked());
@@ -107,7 +109,7 @@ TEST_F(PopupTest, ShowsVisibleEntriesWithSeparatorsGreyAndChecks) {
 }
 
 TEST_F(PopupTest, ReturnsThePickedEntryOrNothing) {
-  qtp::QtHost host;
+  presenter::QtHost host;
   host.setPresenter(p.presenter.get());
   f->Show();
   whenShown<QMenu>([](QMenu* m) {
@@ -120,14 +122,14 @@ TEST_F(PopupTest, ReturnsThePickedEntryOrNothing) {
 }
 
 TEST(QtHostSaveFile, FiltersBecomeQtFilters) {
-  EXPECT_EQ(qtp::qtFileFilter("Bitmap|*.bmp|All|*.*"), "Bitmap (*.bmp);;All (*.*)");
-  EXPECT_EQ(qtp::qtFileFilter("Pictures|*.jpg;*.png"), "Pictures (*.jpg *.png)");
-  EXPECT_EQ(qtp::qtFileFilter(""), "");
-  EXPECT_EQ(qtp::qtFileFilter("Lonely"), "");  // a name without patterns stands for nothing
+  EXPECT_EQ(presenter::qtFileFilter("Bitmap|*.bmp|All|*.*"), "Bitmap (*.bmp);;All (*.*)");
+  EXPECT_EQ(presenter::qtFileFilter("Pictures|*.jpg;*.png"), "Pictures (*.jpg *.png)");
+  EXPECT_EQ(presenter::qtFileFilter(""), "");
+  EXPECT_EQ(presenter::qtFileFilter("Lonely"), "");  // a name without patterns stands for nothing
 }
 
 TEST(QtHostShell, OpenWithHasNoChooser) {
-  qtp::QtHost host;
+  presenter::QtHost host;
   EXPECT_FALSE(host.OpenWith("/tmp/x.png"));
   EXPECT_FALSE(host.Run(""));
 }

@@ -10,7 +10,7 @@
 #include <QTest>
 #include <QWindow>
 
-#include "QtFixture.h"
+#include "qt/QtFixture.h"
 
 namespace {
 

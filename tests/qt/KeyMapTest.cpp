@@ -6,11 +6,13 @@
 
 #include "platform/qt/KeyMap.h"
 
+using namespace vellumry;
+
 namespace {
 
 int code(int key, Qt::KeyboardModifiers modifiers = {}) {
   QKeyEvent e(QEvent::KeyPress, key, modifiers);
-  return qtp::keyCodeOf(e);
+  return presenter::keyCodeOf(e);
 }
 
 TEST(KeyMap, KeysBecomeTheDesktopsKeyCodes) {
@@ -48,14 +50,14 @@ TEST(KeyMap, TheNumberPadHasCodesOfItsOwn) {
 }
 
 TEST(KeyMap, ModifiersAndButtonsBecomeMasks) {
-  EXPECT_EQ(qtp::shiftMaskOf(Qt::ShiftModifier), 1);
-  EXPECT_EQ(qtp::shiftMaskOf(Qt::ControlModifier | Qt::AltModifier), 6);
-  EXPECT_EQ(qtp::shiftMaskOf(Qt::KeypadModifier), 0);
-  EXPECT_EQ(qtp::buttonOf(Qt::LeftButton), 1);
-  EXPECT_EQ(qtp::buttonOf(Qt::RightButton), 2);
-  EXPECT_EQ(qtp::buttonOf(Qt::MiddleButton), 4);
-  EXPECT_EQ(qtp::buttonOf(Qt::BackButton), 0);
-  EXPECT_EQ(qtp::buttonMaskOf(Qt::LeftButton | Qt::MiddleButton), 5);
+  EXPECT_EQ(presenter::shiftMaskOf(Qt::ShiftModifier), 1);
+  EXPECT_EQ(presenter::shiftMaskOf(Qt::ControlModifier | Qt::AltModifier), 6);
+  EXPECT_EQ(presenter::shiftMaskOf(Qt::KeypadModifier), 0);
+  EXPECT_EQ(presenter::buttonOf(Qt::LeftButton), 1);
+  EXPECT_EQ(presenter::buttonOf(Qt::RightButton), 2);
+  EXPECT_EQ(presenter::buttonOf(Qt::MiddleButton), 4);
+  EXPECT_EQ(presenter::buttonOf(Qt::BackButton), 0);
+  EXPECT_EQ(presenter::buttonMaskOf(Qt::LeftButton | Qt::MiddleButton), 5);
 }
 
 }  // namespace

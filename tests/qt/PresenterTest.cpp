@@ -9,7 +9,9 @@
 #include <QScrollBar>
 #include <QTabBar>
 
-#include "QtFixture.h"
+#include "qt/QtFixture.h"
+
+using namespace vellumry;
 
 namespace {
 
@@ -17,7 +19,7 @@ TEST(PresenterPlaces, WidgetsStandAtTheModelsTwipsInPixels) {
   QtProgram p;
   PanelForm& f = p.form();
   f.Show();
-  qtp::FormWindow& w = p.window();
+  presenter::FormWindow& w = p.window();
   EXPECT_EQ(w.geometry(), QRect(100, 200, 400, 300));
   EXPECT_TRUE(w.windowFlags() & Qt::FramelessWindowHint);
   EXPECT_EQ(p.presenter->widget(f.Frame1)->geometry(), QRect(10, 20, 200, 200));
@@ -170,7 +172,7 @@ TEST(PresenterLife, UnloadingAFormTakesItsWindowAway) {
   QtProgram p;
   PanelForm& f = p.form();
   f.Show();
-  QPointer<qtp::FormWindow> w = &p.window();
+  QPointer<presenter::FormWindow> w = &p.window();
   ASSERT_TRUE(f.Unload());
   EXPECT_EQ(p.presenter->window(f), nullptr);
   EXPECT_FALSE(w->isVisible());

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/gdi/picture.h"
+#include "platform/gdi/Picture.h"
 #include "platform/qt/FormWindow.h"
 #include "platform/qt/Presenter.h"
 #include "platform/toolkit/BasicControls.h"
@@ -24,9 +24,10 @@
 #include "platform/toolkit/ScrollBar.h"
 
 // A form with one control of each kind the presenter shows, writing down what it sees.
-class PanelForm : public tk::Form {
+class PanelForm : public vellumry::tk::Form {
  public:
-  PanelForm(tk::Runtime& rt, std::vector<std::string>& log) : Form(rt, "PanelForm"), log_(log) {
+  PanelForm(vellumry::tk::Runtime& rt, std::vector<std::string>& log)
+      : Form(rt, "PanelForm"), log_(log) {
     setBorderStyle(0);
     Move(1500, 3000, 6000, 4500);
     Frame1.Move(150, 300, 3000, 3000);
@@ -87,17 +88,17 @@ class PanelForm : public tk::Form {
 
   int cancelUnload = 0;
   int ticks = 0;
-  tk::Frame Frame1{this, "Frame1"};
-  tk::ListBox List1{this, "List1"};
-  tk::CommandButton Command1{this, "Command1"};
-  tk::CheckBox Check1{this, "Check1"};
-  tk::TextBox Text1{this, "Text1"};
-  tk::ScrollBar VScroll1{this, "VScroll1"};
-  tk::TabStrip Tabs1{this, "Tabs1"};
-  tk::Label Label1{this, "Label1"};
-  tk::ControlArray<tk::Image> Image1{this, "Image1"};
-  tk::Shape Shape1{this, "Shape1"};
-  tk::Timer Timer1{this, "Timer1"};
+  vellumry::tk::Frame Frame1{this, "Frame1"};
+  vellumry::tk::ListBox List1{this, "List1"};
+  vellumry::tk::CommandButton Command1{this, "Command1"};
+  vellumry::tk::CheckBox Check1{this, "Check1"};
+  vellumry::tk::TextBox Text1{this, "Text1"};
+  vellumry::tk::ScrollBar VScroll1{this, "VScroll1"};
+  vellumry::tk::TabStrip Tabs1{this, "Tabs1"};
+  vellumry::tk::Label Label1{this, "Label1"};
+  vellumry::tk::ControlArray<vellumry::tk::Image> Image1{this, "Image1"};
+  vellumry::tk::Shape Shape1{this, "Shape1"};
+  vellumry::tk::Timer Timer1{this, "Timer1"};
 
  private:
   void note(const std::string& s) { log_.push_back(s); }
@@ -106,17 +107,17 @@ class PanelForm : public tk::Form {
 
 // One program of one PanelForm, shown by a presenter.
 struct QtProgram {
-  explicit QtProgram(tk::EventLoop::Clock clock = tk::EventLoop::Clock::Virtual)
-      : runtime(tk::Screen::ofPixels(800, 600), host, clock),
+  explicit QtProgram(vellumry::tk::EventLoop::Clock clock = vellumry::tk::EventLoop::Clock::Virtual)
+      : runtime(vellumry::tk::Screen::ofPixels(800, 600), host, clock),
         panel(runtime, [this] { return std::make_unique<PanelForm>(runtime, log); }) {
-    presenter = std::make_unique<qtp::Presenter>(runtime);
+    presenter = std::make_unique<vellumry::presenter::Presenter>(runtime);
   }
   ~QtProgram() { presenter.reset(); }
 
   PanelForm& form() { return panel(); }
-  qtp::FormWindow& window() { return *presenter->window(panel()); }
+  vellumry::presenter::FormWindow& window() { return *presenter->window(panel()); }
   template <class W>
-  W* widgetOf(const tk::Control& c) {
+  W* widgetOf(const vellumry::tk::Control& c) {
     return qobject_cast<W*>(presenter->widget(c));
   }
   // How often `line` was written down.
@@ -124,16 +125,16 @@ struct QtProgram {
     return static_cast<int>(std::count(log.begin(), log.end(), line));
   }
 
-  tk::HeadlessHost host;
-  tk::Runtime runtime;
+  vellumry::tk::HeadlessHost host;
+  vellumry::tk::Runtime runtime;
   std::vector<std::string> log;
-  tk::FormSlot<PanelForm> panel;
-  std::unique_ptr<qtp::Presenter> presenter;
+  vellumry::tk::FormSlot<PanelForm> panel;
+  std::unique_ptr<vellumry::presenter::Presenter> presenter;
 };
 
 // A bitmap picture of `w` x `h` pixels of one colour (0xAARRGGBB).
-inline gdi::Picture solidPicture(int w, int h, uint32_t argb) {
-  gdi::Surface s(w, h, gdi::AlphaMode::kOpaque);
+inline vellumry::gdi::Picture solidPicture(int w, int h, uint32_t argb) {
+  vellumry::gdi::Surface s(w, h, vellumry::gdi::AlphaMode::kOpaque);
   for (uint32_t& p : s.Pixels()) p = argb;
-  return gdi::Picture::FromSurface(std::move(s));
+  return vellumry::gdi::Picture::FromSurface(std::move(s));
 }

@@ -3,9 +3,11 @@
 #include <QDir>
 #include <QFile>
 
-#include "QtFixture.h"
 #include "platform/qt/ScreenShot.h"
 #include "platform/qt/WindowlessPainter.h"
+#include "qt/QtFixture.h"
+
+using namespace vellumry;
 
 namespace {
 
@@ -18,7 +20,7 @@ TEST(ScreenShot, ShowsAnImagesPictureWhereTheModelPlacesIt) {
   // The form stands at 100, 200 px; Image1(0) at 220, 180 px inside it, 40 x 40 px, stretched.
   f.Image1(0).setPicture(solidPicture(4, 4, 0xFF00FF00));
   f.Image1(0).setVisible(true);
-  QImage screen = qtp::renderScreen(*p.presenter);
+  QImage screen = presenter::renderScreen(*p.presenter);
   ASSERT_EQ(screen.size(), QSize(800, 600));
   EXPECT_EQ(at(screen, 100 + 220, 200 + 180), 0xFF00FF00u);
   EXPECT_EQ(at(screen, 100 + 259, 200 + 219), 0xFF00FF00u);
@@ -42,14 +44,14 @@ TEST(ScreenShot, ArrayElementsStandAtTheLevelOfTheirFirstElement) {
   late.Move(220 * 15, 180 * 15, 40 * 15, 40 * 15);
   late.setPicture(solidPicture(4, 4, 0xFF00FF00));
   late.setVisible(true);
-  EXPECT_EQ(at(qtp::renderScreen(*p.presenter), 100 + 240, 200 + 200), 0xFFFF0000u);
+  EXPECT_EQ(at(presenter::renderScreen(*p.presenter), 100 + 240, 200 + 200), 0xFFFF0000u);
 }
 
 TEST(ScreenShot, ADrawnPictureWithAlphaOwnsItsPixels) {
   gdi::Surface half(8, 8, gdi::AlphaMode::kPremultiplied);
   for (int y = 4; y < 8; ++y)
     for (int x = 0; x < 8; ++x) half.SetPixel(x, y, 0xFF0000FF);
-  QImage drawn = qtp::renderPicture(gdi::Picture::FromSurface(std::move(half)), QSize(8, 8));
+  QImage drawn = presenter::renderPicture(gdi::Picture::FromSurface(std::move(half)), QSize(8, 8));
   std::vector<char> reuse(4096, 'x');  // what the freed canvas would have held now
   EXPECT_EQ(drawn.pixel(0, 0), 0x00000000u);
   EXPECT_EQ(drawn.pixel(7, 7), 0xFF0000FFu);
@@ -63,7 +65,7 @@ TEST(ScreenShot, AnImageWithoutStretchDrawsAtNaturalSize) {
   f.Image1(0).setVisible(true);
   f.Image1(0).setPicture(solidPicture(4, 4, 0xFFFF0000));
   EXPECT_EQ(f.Image1(0).Width(), 60);  // the model sized it to the picture
-  QImage screen = qtp::renderScreen(*p.presenter);
+  QImage screen = presenter::renderScreen(*p.presenter);
   EXPECT_EQ(at(screen, 100 + 223, 200 + 183), 0xFFFF0000u);
   EXPECT_NE(at(screen, 100 + 224, 200 + 183), 0xFFFF0000u);
 }
@@ -77,13 +79,13 @@ TEST(ScreenShot, ALaterFormLiesOverAndHiddenOnesDontShow) {
                                  [&] { return std::make_unique<PanelForm>(p.runtime, p.log); });
   second().setBackColor(0x0000FF00);  // green, at the same place
   second().Show();
-  QImage screen = qtp::renderScreen(*p.presenter);
+  QImage screen = presenter::renderScreen(*p.presenter);
   EXPECT_EQ(at(screen, 100 + 390, 200 + 290), 0xFF00FF00u);
   second().Hide();
-  screen = qtp::renderScreen(*p.presenter);
+  screen = presenter::renderScreen(*p.presenter);
   EXPECT_EQ(at(screen, 100 + 390, 200 + 290), 0xFFFF0000u);
   f.Hide();
-  screen = qtp::renderScreen(*p.presenter);
+  screen = presenter::renderScreen(*p.presenter);
   EXPECT_EQ(at(screen, 100 + 390, 200 + 290), 0xFF000000u);
   second().Unload();
 }
@@ -94,16 +96,16 @@ TEST(ScreenShot, WorksWithoutAPresenterAndWritesAPng) {
   PanelForm& f = p.form();
   f.setBackColor(0x000000FF);
   f.Show();
-  QImage screen = qtp::renderScreen(p.runtime);
+  QImage screen = presenter::renderScreen(p.runtime);
   EXPECT_EQ(at(screen, 100 + 390, 200 + 290), 0xFFFF0000u);
   EXPECT_EQ(p.runtime.observer(), nullptr);  // the one made for the moment is gone
 
   const QString file = QDir::temp().filePath("vellumry-qt-shot.png");
-  ASSERT_TRUE(qtp::saveShot(p.runtime, nullptr, file));
+  ASSERT_TRUE(presenter::saveShot(p.runtime, nullptr, file));
   QImage back(file);
   EXPECT_EQ(back.size(), QSize(800, 600));
   QFile::remove(file);
-  EXPECT_FALSE(qtp::saveShot(p.runtime, nullptr, "/nonexistent-folder/shot.png"));
+  EXPECT_FALSE(presenter::saveShot(p.runtime, nullptr, "/nonexistent-folder/shot.png"));
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 // The task-bar owner: one entry on the task bar, minimising and restoring through the model.
 
-#include "QtFixture.h"
+#include "qt/QtFixture.h"
+
+using namespace vellumry;
 
 namespace {
 
@@ -50,7 +52,7 @@ TEST_F(TaskbarTest, TheModelMinimisingMinimisesTheWindowOnce) {
 
 TEST_F(TaskbarTest, OtherWindowsDontTouchTheirWindowState) {
   other().Show();
-  qtp::FormWindow* w = p.presenter->window(other());
+  presenter::FormWindow* w = p.presenter->window(other());
   w->showMinimized();
   EXPECT_EQ(other().WindowState(), 0);
   other().Unload();

@@ -1,6 +1,8 @@
 // Keys, clicks and popup menus of the main window, and the sliding panel.
 #include "ProgramFixture.h"
 
+using namespace vellumry;
+
 using CommandsTest = ProgramFixture;
 
 namespace {
@@ -92,7 +94,7 @@ TEST_F(CommandsTest, PopupsComeUpWhereTheyBelongWithTheirEntries) {
   EXPECT_EQ(host.shown.back(), "popup mnumenu 0 -> none");
   tk::user::click(f.btnmenu);
   EXPECT_EQ(host.shown.back(), "popup mnumenu 2 1815 6840 -> none");  // right of the button
-  tk::user::mouseDown(f.List(0), 2);  // hidden: no popup
+  tk::user::mouseDown(f.List(0), 2);                                  // hidden: no popup
   EXPECT_EQ(host.shown.back(), "popup mnumenu 2 1815 6840 -> none");
 
   vellumry::frmMenu& m = program->frmMenu();
@@ -103,14 +105,16 @@ TEST_F(CommandsTest, PopupsComeUpWhereTheyBelongWithTheirEntries) {
   EXPECT_EQ(m.mnuHelp.Shortcut(), "F1");
   EXPECT_FALSE(m.mnuSllist.Enabled());  // greyed with an empty link list
   EXPECT_FALSE(m.L7.Enabled());
-  EXPECT_EQ(captions(m.mnuSaveimg0), (std::vector<std::string>{"Find Image", "Save Image As",
-                                                               "Delete Selected File", "File Info"}));
-  EXPECT_EQ(captions(m.mnuLinkList),
-            (std::vector<std::string>{"-", "Hide Link List", "-", "Edit Link Name", "Remove Link Name",
-                                      "Find Link Name", "-", " A > Z", " Z > A", "Open Folder"}));
+  EXPECT_EQ(captions(m.mnuSaveimg0),
+            (std::vector<std::string>{"Find Image", "Save Image As", "Delete Selected File",
+                                      "File Info"}));
+  EXPECT_EQ(
+      captions(m.mnuLinkList),
+      (std::vector<std::string>{"-", "Hide Link List", "-", "Edit Link Name", "Remove Link Name",
+                                "Find Link Name", "-", " A > Z", " Z > A", "Open Folder"}));
   EXPECT_EQ(captions(m.mnuSaveimg2),
-            (std::vector<std::string>{"Save Image As", "Open text from multiline textbox", "File Info",
-                                      "Minimize", "-", "Exit"}));
+            (std::vector<std::string>{"Save Image As", "Open text from multiline textbox",
+                                      "File Info", "Minimize", "-", "Exit"}));
   EXPECT_EQ(captions(m.mnuFimg0), (std::vector<std::string>{"Find Image"}));
 }
 

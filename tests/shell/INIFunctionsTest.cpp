@@ -6,6 +6,8 @@
 #include "os/TestFiles.h"
 #include "shell/INIFunctions.h"
 
+using namespace vellumry;
+
 namespace {
 
 class INIFunctions : public ::testing::Test {

@@ -1,6 +1,8 @@
 // The start of the program from its settings, the panel, and the ways it closes.
 #include "ProgramFixture.h"
 
+using namespace vellumry;
+
 using StartTest = ProgramFixture;
 
 TEST_F(StartTest, PanelWidthFollowsInw) {
@@ -9,7 +11,8 @@ TEST_F(StartTest, PanelWidthFollowsInw) {
     double width;
     const char* caption;
   };
-  for (Case c : {Case{">", 1935, ">"}, Case{"<", 3935, "<"}, Case{"x", 3935, "<"}, Case{"", 3935, "<"}}) {
+  for (Case c :
+       {Case{">", 1935, ">"}, Case{"<", 3935, "<"}, Case{"x", 3935, "<"}, Case{"", 3935, "<"}}) {
     SCOPED_TRACE(c.inw);
     setting("Inw", c.inw);
     start();
@@ -71,9 +74,10 @@ TEST_F(StartTest, AnEmptyFolderAsksAndYesEndsWithoutWriting) {
   host.queueAnswer(tk::mb::Yes);
   wait(500);
   ASSERT_EQ(host.shown.size(), 1u);
-  EXPECT_EQ(host.shown[0],
-            "msgbox 36 \"\" \"  No images in the own folder of this record!\\r\\n\\r\\nDo you want to "
-            "close: 'Vellumry'?\" -> 6");
+  EXPECT_EQ(
+      host.shown[0],
+      "msgbox 36 \"\" \"  No images in the own folder of this record!\\r\\n\\r\\nDo you want to "
+      "close: 'Vellumry'?\" -> 6");
   EXPECT_TRUE(program->runtime.ended());
   EXPECT_EQ(setting("Inw"), "<");  // nothing written: the default stands
 }

@@ -1,8 +1,10 @@
 // The rules controls keep: events inside setters, control arrays, rounding, properties by name.
 #include <gtest/gtest.h>
 
-#include "TestForms.h"
 #include "platform/toolkit/Numbers.h"
+#include "toolkit/TestForms.h"
+
+using namespace vellumry;
 
 using Log = std::vector<std::string>;
 
@@ -51,9 +53,9 @@ TEST(ControlRules, ControlArrayLoadsHiddenCopiesOfElementZero) {
   EXPECT_TRUE(one.Stretch());
   EXPECT_EQ(f.find("Image1", 1), &one);
 
-  EXPECT_THROW(f.Image1.Load(1), tk::Error);     // loading an element that exists
-  EXPECT_THROW(f.Image1.Load(0), tk::Error);     // element 0 exists from the start
-  EXPECT_THROW(f.Image1(2).Left(), tk::Error);   // touching one that doesn't
+  EXPECT_THROW(f.Image1.Load(1), tk::Error);    // loading an element that exists
+  EXPECT_THROW(f.Image1.Load(0), tk::Error);    // element 0 exists from the start
+  EXPECT_THROW(f.Image1(2).Left(), tk::Error);  // touching one that doesn't
   EXPECT_THROW(f.Image1.Unload(2), tk::Error);
   EXPECT_THROW(f.Image1.Unload(0), tk::Error);
 

@@ -2,7 +2,9 @@
 // under a message box.
 #include <gtest/gtest.h>
 
-#include "TestForms.h"
+#include "toolkit/TestForms.h"
+
+using namespace vellumry;
 
 using Log = std::vector<std::string>;
 
@@ -29,7 +31,7 @@ TEST(EventLoop, TimersNeedEnabledAndAnIntervalAndRestartOnChange) {
   EXPECT_TRUE(p.log.empty());
   f.Timer1.setEnabled(true);  // counts from now: first tick at 60
   p.runtime.loop().advance(15);
-  f.Timer1.setInterval(20);   // restarts at 65: next tick at 85
+  f.Timer1.setInterval(20);  // restarts at 65: next tick at 85
   p.runtime.loop().advance(20);
   f.Timer1.setInterval(0);
   p.runtime.loop().advance(100);

@@ -2,8 +2,10 @@
 // end of the program, and programs side by side.
 #include <gtest/gtest.h>
 
-#include "TestForms.h"
 #include "platform/toolkit/Input.h"
+#include "toolkit/TestForms.h"
+
+using namespace vellumry;
 
 using Log = std::vector<std::string>;
 

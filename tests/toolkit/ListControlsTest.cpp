@@ -4,7 +4,9 @@
 #include <filesystem>
 #include <fstream>
 
-#include "TestForms.h"
+#include "toolkit/TestForms.h"
+
+using namespace vellumry;
 
 namespace fs = std::filesystem;
 using Names = std::vector<std::string>;
@@ -34,7 +36,8 @@ class FileListForm : public tk::Form {
 
 TEST(FileListBox, ListsMatchingFilesSortedAsAPersonExpects) {
   Folder dir;
-  for (const char* n : {"b.JPG", "a10.png", "a9.png", "A2.Png", "notes.txt", ".hidden.png", "c.jpeg"})
+  for (const char* n :
+       {"b.JPG", "a10.png", "a9.png", "A2.Png", "notes.txt", ".hidden.png", "c.jpeg"})
     dir.touch(n);
   fs::create_directory(dir.path / "sub.png");
   tk::HeadlessHost host;

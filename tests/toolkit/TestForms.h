@@ -18,12 +18,15 @@
 struct TestProgram;
 
 // A form that writes down every event it sees.
-class LogForm : public tk::Form {
+class LogForm : public vellumry::tk::Form {
  public:
-  LogForm(tk::Runtime& rt, std::vector<std::string>& log) : Form(rt, "LogForm"), log_(log) {
+  LogForm(vellumry::tk::Runtime& rt, std::vector<std::string>& log)
+      : Form(rt, "LogForm"), log_(log) {
     List1.onClick = [this] { log_.push_back("List1_Click " + std::to_string(List1.ListIndex())); };
     Label1.onChange = [this] { log_.push_back("Label1_Change " + Label1.Caption()); };
-    VScroll1.onChange = [this] { log_.push_back("VScroll1_Change " + std::to_string(VScroll1.Value())); };
+    VScroll1.onChange = [this] {
+      log_.push_back("VScroll1_Change " + std::to_string(VScroll1.Value()));
+    };
     Image1.onClick = [this](int i) { log_.push_back("Image1_Click " + std::to_string(i)); };
     Image1.onDblClick = [this](int i) { log_.push_back("Image1_DblClick " + std::to_string(i)); };
     Image1.onMouseDown = [this](int i, int b, int, double, double) {
@@ -33,9 +36,15 @@ class LogForm : public tk::Form {
       log_.push_back("Image1_MouseUp " + std::to_string(i) + " " + std::to_string(b));
     };
     Command1.onClick = [this] { log_.push_back("Command1_Click"); };
-    Command1.onKeyUp = [this](int& k, int) { log_.push_back("Command1_KeyUp " + std::to_string(k)); };
-    Timer1.onTimer = [this] { log_.push_back("Timer1_Timer " + std::to_string(runtime().loop().now())); };
-    Timer2.onTimer = [this] { log_.push_back("Timer2_Timer " + std::to_string(runtime().loop().now())); };
+    Command1.onKeyUp = [this](int& k, int) {
+      log_.push_back("Command1_KeyUp " + std::to_string(k));
+    };
+    Timer1.onTimer = [this] {
+      log_.push_back("Timer1_Timer " + std::to_string(runtime().loop().now()));
+    };
+    Timer2.onTimer = [this] {
+      log_.push_back("Timer2_Timer " + std::to_string(runtime().loop().now()));
+    };
   }
   void Form_Load() override { log_.push_back("Form_Load"); }
   void Form_Activate() override { log_.push_back("Form_Activate"); }
@@ -53,17 +62,17 @@ class LogForm : public tk::Form {
 
   int cancelQuery = 0;
   bool swallowKeys = false;
-  tk::ListBox List1{this, "List1"};
-  tk::Label Label1{this, "Label1"};
-  tk::ScrollBar VScroll1{this, "VScroll1"};
-  tk::ControlArray<tk::Image> Image1{this, "Image1"};
-  tk::CommandButton Command1{this, "Command1"};
-  tk::Timer Timer1{this, "Timer1"};
-  tk::Timer Timer2{this, "Timer2"};
-  tk::Menu mnuTop{this, "mnuTop", "Top"};
-  tk::Menu mnuOne{this, "mnuOne", "One"};
-  tk::Menu mnuSep{this, "mnuSep", "-"};
-  tk::Menu mnuTwo{this, "mnuTwo", "Two"};
+  vellumry::tk::ListBox List1{this, "List1"};
+  vellumry::tk::Label Label1{this, "Label1"};
+  vellumry::tk::ScrollBar VScroll1{this, "VScroll1"};
+  vellumry::tk::ControlArray<vellumry::tk::Image> Image1{this, "Image1"};
+  vellumry::tk::CommandButton Command1{this, "Command1"};
+  vellumry::tk::Timer Timer1{this, "Timer1"};
+  vellumry::tk::Timer Timer2{this, "Timer2"};
+  vellumry::tk::Menu mnuTop{this, "mnuTop", "Top"};
+  vellumry::tk::Menu mnuOne{this, "mnuOne", "One"};
+  vellumry::tk::Menu mnuSep{this, "mnuSep", "-"};
+  vellumry::tk::Menu mnuTwo{this, "mnuTwo", "Two"};
 
  private:
   std::vector<std::string>& log_;
@@ -71,11 +80,11 @@ class LogForm : public tk::Form {
 
 // A program of one form on the virtual clock, as the system's Program object holds its forms.
 struct TestProgram {
-  explicit TestProgram(tk::Screen screen = {})
-      : runtime(screen, host, tk::EventLoop::Clock::Virtual),
+  explicit TestProgram(vellumry::tk::Screen screen = {})
+      : runtime(screen, host, vellumry::tk::EventLoop::Clock::Virtual),
         form(runtime, [this] { return std::make_unique<LogForm>(runtime, log); }) {}
-  tk::HeadlessHost host;
-  tk::Runtime runtime;
+  vellumry::tk::HeadlessHost host;
+  vellumry::tk::Runtime runtime;
   std::vector<std::string> log;
-  tk::FormSlot<LogForm> form;
+  vellumry::tk::FormSlot<LogForm> form;
 };

@@ -1,4 +1,4 @@
-#include "os/FileSystem.h"
+#include "platform/os/FileSystem.h"
 
 #include <QByteArray>
 #include <QFile>
@@ -6,7 +6,7 @@
 #include <QSaveFile>
 #include <QString>
 
-namespace os {
+namespace vellumry::os {
 
 namespace {
 
@@ -54,4 +54,4 @@ bool WriteFileAtomically(const std::string& path, std::string_view bytes) {
   return out.write(bytes.data(), size) == size && FlushAndCommit(out);
 }
 
-}  // namespace os
+}  // namespace vellumry::os

@@ -5,7 +5,7 @@
 #include <string_view>
 
 // Paths are UTF-8 strings. No function throws; each reports failure by its result.
-namespace os {
+namespace vellumry::os {
 
 // True when `path` names a folder (or a link to one).
 bool FolderExists(const std::string& path);
@@ -29,4 +29,4 @@ std::optional<std::string> ReadWholeFile(const std::string& path);
 // stays behind. True on success.
 bool WriteFileAtomically(const std::string& path, std::string_view bytes);
 
-}  // namespace os
+}  // namespace vellumry::os

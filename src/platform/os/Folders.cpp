@@ -1,4 +1,4 @@
-#include "os/Folders.h"
+#include "platform/os/Folders.h"
 
 #include <unistd.h>
 
@@ -8,10 +8,10 @@
 #include <filesystem>
 #include <system_error>
 
-#include "os/FileSystem.h"
-#include "os/SettingsFile.h"
+#include "platform/os/FileSystem.h"
+#include "platform/os/SettingsFile.h"
 
-namespace os {
+namespace vellumry::os {
 
 namespace {
 
@@ -47,4 +47,4 @@ std::string SettingsFolder() {
   return SettingsFolderFor(ExecutableFolder(), config.toStdString() + kConfigFolderName);
 }
 
-}  // namespace os
+}  // namespace vellumry::os

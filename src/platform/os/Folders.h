@@ -3,7 +3,7 @@
 #include <string>
 
 // The folders the program works with. Paths are UTF-8, without a trailing '/'.
-namespace os {
+namespace vellumry::os {
 
 // The folder of the running executable; empty if it can't be found.
 std::string ExecutableFolder();
@@ -23,4 +23,4 @@ std::string SettingsFolderFor(const std::string& programFolder, const std::strin
 // configuration folder ($XDG_CONFIG_HOME/vellumry).
 std::string SettingsFolder();
 
-}  // namespace os
+}  // namespace vellumry::os

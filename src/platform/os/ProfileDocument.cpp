@@ -1,9 +1,9 @@
-#include "os/ProfileDocument.h"
+#include "platform/os/ProfileDocument.h"
 
 #include <QString>
 #include <algorithm>
 
-namespace os {
+namespace vellumry::os {
 
 namespace {
 
@@ -133,4 +133,4 @@ void ProfileDocument::InsertLine(std::size_t at, std::string text) {
   lines_.insert(lines_.begin() + static_cast<std::ptrdiff_t>(at), Line{std::move(text), line_end_});
 }
 
-}  // namespace os
+}  // namespace vellumry::os

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-namespace os {
+namespace vellumry::os {
 
 // The lines of a profile (INI) file, kept so that an edit changes only the line it must and
 // every other byte of the file stays as it was. Section and key names match without regard to
@@ -49,4 +49,4 @@ class ProfileDocument {
   std::string line_end_;
 };
 
-}  // namespace os
+}  // namespace vellumry::os

@@ -1,13 +1,13 @@
-#include "os/ProfileString.h"
+#include "platform/os/ProfileString.h"
 
 #include <algorithm>
 #include <optional>
 
-#include "os/FileSystem.h"
-#include "os/ProfileDocument.h"
-#include "os/Utf.h"
+#include "platform/os/FileSystem.h"
+#include "platform/os/ProfileDocument.h"
+#include "platform/os/Utf.h"
 
-namespace os {
+namespace vellumry::os {
 
 std::size_t GetPrivateProfileString(std::string_view section, std::string_view key,
                                     std::string_view def, std::span<char32_t> buffer,
@@ -36,4 +36,4 @@ bool WritePrivateProfileString(std::string_view section, std::string_view key,
   return WriteFileAtomically(file, document.Bytes());
 }
 
-}  // namespace os
+}  // namespace vellumry::os

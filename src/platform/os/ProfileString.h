@@ -7,7 +7,7 @@
 
 // Stand-ins for the platform's profile-string calls, on UTF-8 files. Counts and sizes are in
 // characters (Unicode code points).
-namespace os {
+namespace vellumry::os {
 
 // Copies the value of `key` in `section` of `file` into `buffer`, followed by a NUL, and returns
 // the number of characters copied before the NUL. A value longer than buffer.size() - 1 is cut
@@ -23,4 +23,4 @@ std::size_t GetPrivateProfileString(std::string_view section, std::string_view k
 [[nodiscard]] bool WritePrivateProfileString(std::string_view section, std::string_view key,
                                              std::string_view value, const std::string& file);
 
-}  // namespace os
+}  // namespace vellumry::os

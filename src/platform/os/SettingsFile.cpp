@@ -1,12 +1,12 @@
-#include "os/SettingsFile.h"
+#include "platform/os/SettingsFile.h"
 
 #include <algorithm>
 #include <cctype>
 
-#include "os/FileSystem.h"
-#include "os/ProfileDocument.h"
+#include "platform/os/FileSystem.h"
+#include "platform/os/ProfileDocument.h"
 
-namespace os {
+namespace vellumry::os {
 
 std::optional<std::string_view> DefaultSetting(std::string_view key) {
   const auto sameKey = [key](const SettingDefault& setting) {
@@ -26,4 +26,4 @@ bool CreateSettingsFileIfMissing(const std::string& path) {
   return WriteFileAtomically(path, document.Bytes());
 }
 
-}  // namespace os
+}  // namespace vellumry::os

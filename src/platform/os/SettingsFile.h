@@ -6,7 +6,7 @@
 #include <string_view>
 
 // The program's settings file: its name, its section and the values a new one starts with.
-namespace os {
+namespace vellumry::os {
 
 inline constexpr std::string_view kSettingsFileName = "OstrelWorks.INI";
 inline constexpr std::string_view kSettingsSection = "Settings";
@@ -40,4 +40,4 @@ std::optional<std::string_view> DefaultSetting(std::string_view key);
 // file exists already. True when the file exists afterwards.
 bool CreateSettingsFileIfMissing(const std::string& path);
 
-}  // namespace os
+}  // namespace vellumry::os

@@ -1,8 +1,8 @@
-#include "os/Utf.h"
+#include "platform/os/Utf.h"
 
 #include <QString>
 
-namespace os {
+namespace vellumry::os {
 
 std::u32string CharsFromUtf8(std::string_view utf8) {
   return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size())).toStdU32String();
@@ -12,4 +12,4 @@ std::string Utf8FromChars(std::u32string_view chars) {
   return QString::fromUcs4(chars.data(), static_cast<qsizetype>(chars.size())).toStdString();
 }
 
-}  // namespace os
+}  // namespace vellumry::os

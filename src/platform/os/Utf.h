@@ -3,11 +3,11 @@
 #include <string>
 #include <string_view>
 
-namespace os {
+namespace vellumry::os {
 
 // Text is UTF-8 in std::string and on disk; a "character" is one Unicode code point.
 // Bytes that aren't valid UTF-8 become U+FFFD.
 std::u32string CharsFromUtf8(std::string_view utf8);
 std::string Utf8FromChars(std::u32string_view chars);
 
-}  // namespace os
+}  // namespace vellumry::os

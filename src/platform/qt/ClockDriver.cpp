@@ -4,7 +4,7 @@
 
 #include "platform/toolkit/EventLoop.h"
 
-namespace qtp {
+namespace vellumry::presenter {
 
 namespace {
 // While a message box, menu or dialog stands the loop holds its items back; look again now
@@ -39,4 +39,4 @@ void ClockDriver::run() {
   arm();
 }
 
-}  // namespace qtp
+}  // namespace vellumry::presenter

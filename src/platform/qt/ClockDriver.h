@@ -6,11 +6,11 @@
 #include <QObject>
 #include <QTimer>
 
-namespace tk {
+namespace vellumry::tk {
 class EventLoop;
 }
 
-namespace qtp {
+namespace vellumry::presenter {
 
 class ClockDriver : public QObject {
  public:
@@ -29,4 +29,4 @@ class ClockDriver : public QObject {
   QTimer timer_;
 };
 
-}  // namespace qtp
+}  // namespace vellumry::presenter

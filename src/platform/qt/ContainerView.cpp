@@ -14,7 +14,7 @@
 #include "platform/toolkit/Input.h"
 #include "platform/toolkit/PictureControls.h"
 
-namespace qtp {
+namespace vellumry::presenter {
 
 namespace {
 uint32_t backColorOf(const tk::Control& c) {
@@ -206,4 +206,4 @@ bool ContainerView::event(QEvent* event) {
   return QWidget::event(event);
 }
 
-}  // namespace qtp
+}  // namespace vellumry::presenter

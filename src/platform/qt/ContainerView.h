@@ -10,11 +10,11 @@
 
 #include "platform/qt/WindowlessPainter.h"
 
-namespace tk {
+namespace vellumry::tk {
 class Control;
 }
 
-namespace qtp {
+namespace vellumry::presenter {
 
 class Presenter;
 
@@ -69,4 +69,4 @@ class ContainerView : public QWidget {
   bool pressedTwice_ = false;  // the press was the second of a double click: no Click follows
 };
 
-}  // namespace qtp
+}  // namespace vellumry::presenter

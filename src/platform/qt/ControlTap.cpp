@@ -9,7 +9,7 @@
 #include "platform/toolkit/Control.h"
 #include "platform/toolkit/Input.h"
 
-namespace qtp {
+namespace vellumry::presenter {
 
 namespace {
 bool isList(const tk::Control& c) {
@@ -91,4 +91,4 @@ bool ControlTap::mouse(QEvent* event) {
   }
 }
 
-}  // namespace qtp
+}  // namespace vellumry::presenter

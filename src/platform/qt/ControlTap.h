@@ -7,11 +7,11 @@
 #include <QObject>
 #include <functional>
 
-namespace tk {
+namespace vellumry::tk {
 class Control;
 }
 
-namespace qtp {
+namespace vellumry::presenter {
 
 class Presenter;
 
@@ -39,4 +39,4 @@ class ControlTap : public QObject {
   QObject* mouseObject_;
 };
 
-}  // namespace qtp
+}  // namespace vellumry::presenter

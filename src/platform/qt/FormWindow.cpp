@@ -9,7 +9,7 @@
 #include "platform/toolkit/Form.h"
 #include "platform/toolkit/Input.h"
 
-namespace qtp {
+namespace vellumry::presenter {
 
 FormWindow::FormWindow(Presenter& presenter, tk::Form& form)
     : ContainerView(presenter, form, nullptr) {
@@ -63,4 +63,4 @@ void FormWindow::changeEvent(QEvent* event) {
   if (event->type() == QEvent::WindowStateChange && form()) presenter().windowStateChanged(*this);
 }
 
-}  // namespace qtp
+}  // namespace vellumry::presenter

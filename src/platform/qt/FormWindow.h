@@ -6,11 +6,11 @@
 
 #include "platform/qt/ContainerView.h"
 
-namespace tk {
+namespace vellumry::tk {
 class Form;
 }
 
-namespace qtp {
+namespace vellumry::presenter {
 
 class FormWindow : public ContainerView {
  public:
@@ -25,4 +25,4 @@ class FormWindow : public ContainerView {
   bool event(QEvent* event) override;
 };
 
-}  // namespace qtp
+}  // namespace vellumry::presenter

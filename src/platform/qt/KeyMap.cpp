@@ -4,7 +4,7 @@
 
 #include "platform/toolkit/Input.h"
 
-namespace qtp {
+namespace vellumry::presenter {
 
 namespace {
 int numpadCode(int key) {
@@ -146,4 +146,4 @@ int buttonMaskOf(Qt::MouseButtons buttons) {
   return mask;
 }
 
-}  // namespace qtp
+}  // namespace vellumry::presenter

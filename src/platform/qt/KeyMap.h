@@ -6,7 +6,7 @@
 
 class QKeyEvent;
 
-namespace qtp {
+namespace vellumry::presenter {
 
 // The key code of `event`, or 0 for a key the toolkit has no number for.
 int keyCodeOf(const QKeyEvent& event);
@@ -17,4 +17,4 @@ int buttonOf(Qt::MouseButton button);
 // The held buttons as a mask of the same numbers.
 int buttonMaskOf(Qt::MouseButtons buttons);
 
-}  // namespace qtp
+}  // namespace vellumry::presenter

@@ -15,7 +15,7 @@
 #include "platform/toolkit/Numbers.h"
 #include "platform/toolkit/Runtime.h"
 
-namespace qtp {
+namespace vellumry::presenter {
 
 namespace {
 bool isContainer(const tk::Control& c) {
@@ -339,4 +339,4 @@ void Presenter::programEnded() {
   if (onProgramEnded) onProgramEnded();
 }
 
-}  // namespace qtp
+}  // namespace vellumry::presenter

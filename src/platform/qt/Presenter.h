@@ -19,13 +19,13 @@
 
 class QWidget;
 
-namespace tk {
+namespace vellumry::tk {
 class Control;
 class Form;
 class Runtime;
-}  // namespace tk
+}  // namespace vellumry::tk
 
-namespace qtp {
+namespace vellumry::presenter {
 
 class ContainerView;
 class ControlTap;
@@ -103,4 +103,4 @@ class Presenter final : public tk::Observer {
   uint64_t nextOrder_ = 0;
 };
 
-}  // namespace qtp
+}  // namespace vellumry::presenter

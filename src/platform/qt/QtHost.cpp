@@ -17,7 +17,7 @@
 #include "platform/toolkit/Form.h"
 #include "platform/toolkit/Menu.h"
 
-namespace qtp {
+namespace vellumry::presenter {
 
 namespace {
 QMessageBox::StandardButton buttonFor(int answer) {
@@ -117,7 +117,8 @@ std::map<const QAction*, tk::Menu*> buildMenu(const tk::Menu& menu, QMenu& out) 
     }
     // Text behind a tab shows as the entry's key, right-aligned.
     QAction* action = out.addAction(
-        child->Shortcut().empty() ? caption : caption + "\t" + QString::fromStdString(child->Shortcut()));
+        child->Shortcut().empty() ? caption
+                                  : caption + "\t" + QString::fromStdString(child->Shortcut()));
     action->setEnabled(child->Enabled());
     action->setCheckable(child->Checked());
     action->setChecked(child->Checked());
@@ -186,4 +187,4 @@ bool QtHost::Open(const std::string& path) {
 
 bool QtHost::OpenWith(const std::string&) { return false; }
 
-}  // namespace qtp
+}  // namespace vellumry::presenter

@@ -11,7 +11,7 @@ class QMenu;
 class QAction;
 class QWidget;
 
-namespace qtp {
+namespace vellumry::presenter {
 
 class Presenter;
 
@@ -42,4 +42,4 @@ std::map<const QAction*, tk::Menu*> buildMenu(const tk::Menu& menu, QMenu& out);
 // "Bitmap|*.bmp|All|*.*" as a Qt file dialog filter: "Bitmap (*.bmp);;All (*.*)".
 QString qtFileFilter(const std::string& filter);
 
-}  // namespace qtp
+}  // namespace vellumry::presenter

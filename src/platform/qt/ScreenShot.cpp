@@ -7,7 +7,7 @@
 #include "platform/toolkit/Numbers.h"
 #include "platform/toolkit/Runtime.h"
 
-namespace qtp {
+namespace vellumry::presenter {
 
 QImage renderScreen(const Presenter& presenter) {
   const tk::Screen& s = presenter.runtime().screen();
@@ -41,4 +41,4 @@ bool saveShot(tk::Runtime& runtime, const Presenter* presenter, const QString& p
   return shot.save(png, "PNG");
 }
 
-}  // namespace qtp
+}  // namespace vellumry::presenter

@@ -6,11 +6,11 @@
 #include <QImage>
 #include <QString>
 
-namespace tk {
+namespace vellumry::tk {
 class Runtime;
 }
 
-namespace qtp {
+namespace vellumry::presenter {
 
 class Presenter;
 
@@ -23,4 +23,4 @@ QImage renderScreen(tk::Runtime& runtime);
 // Writes the screen as a PNG file; false when it can't be written. `presenter` may be null.
 bool saveShot(tk::Runtime& runtime, const Presenter* presenter, const QString& png);
 
-}  // namespace qtp
+}  // namespace vellumry::presenter

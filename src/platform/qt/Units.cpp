@@ -5,7 +5,7 @@
 #include "platform/toolkit/PictureControls.h"
 #include "platform/toolkit/Runtime.h"
 
-namespace qtp {
+namespace vellumry::presenter {
 
 namespace {
 int px(double units, double perPixel) {
@@ -64,4 +64,4 @@ uint32_t modelColor(const QColor& color) {
          static_cast<uint32_t>(color.blue()) << 16;
 }
 
-}  // namespace qtp
+}  // namespace vellumry::presenter

@@ -9,11 +9,11 @@
 #include <QRect>
 #include <cstdint>
 
-namespace tk {
+namespace vellumry::tk {
 class Control;
 }
 
-namespace qtp {
+namespace vellumry::presenter {
 
 // Model units of one pixel for positions inside `container` (a form, frame or picture box).
 QPointF unitsPerPixelInside(const tk::Control& container);
@@ -31,4 +31,4 @@ QColor qtColor(uint32_t color, const QPalette& palette);
 // A Qt colour as 0x00BBGGRR.
 uint32_t modelColor(const QColor& color);
 
-}  // namespace qtp
+}  // namespace vellumry::presenter

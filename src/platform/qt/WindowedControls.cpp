@@ -17,7 +17,7 @@
 #include "platform/toolkit/ListControls.h"
 #include "platform/toolkit/ScrollBar.h"
 
-namespace qtp {
+namespace vellumry::presenter {
 
 namespace {
 QString text(const std::string& s) { return QString::fromStdString(s); }
@@ -227,4 +227,4 @@ void syncWindowed(QWidget* widget, const tk::Control& c, bool items) {
   }
 }
 
-}  // namespace qtp
+}  // namespace vellumry::presenter

@@ -4,11 +4,11 @@
 
 class QWidget;
 
-namespace tk {
+namespace vellumry::tk {
 class Control;
 }
 
-namespace qtp {
+namespace vellumry::presenter {
 
 class ControlTap;
 class Presenter;
@@ -25,4 +25,4 @@ QWidget* createWindowed(Presenter& presenter, tk::Control& c, QWidget* parent, C
 // are rebuilt only when `items` is set.
 void syncWindowed(QWidget* widget, const tk::Control& c, bool items);
 
-}  // namespace qtp
+}  // namespace vellumry::presenter

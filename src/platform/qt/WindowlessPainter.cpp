@@ -3,11 +3,11 @@
 #include <QPainter>
 #include <algorithm>
 
-#include "platform/gdi/picture.h"
+#include "platform/gdi/Picture.h"
 #include "platform/qt/Units.h"
 #include "platform/toolkit/PictureControls.h"
 
-namespace qtp {
+namespace vellumry::presenter {
 
 QImage renderPicture(const gdi::Picture& picture, QSize size) {
   if (!picture || size.isEmpty()) return {};
@@ -98,4 +98,4 @@ const QImage& WindowlessPainter::drawnPicture(const tk::Image& image, QSize size
   return kept;
 }
 
-}  // namespace qtp
+}  // namespace vellumry::presenter

@@ -10,18 +10,18 @@
 
 class QPainter;
 
-namespace gdi {
+namespace vellumry::gdi {
 class Picture;
 }
 
-namespace tk {
+namespace vellumry::tk {
 class Control;
 class Image;
 class Label;
 class Shape;
-}  // namespace tk
+}  // namespace vellumry::tk
 
-namespace qtp {
+namespace vellumry::presenter {
 
 class WindowlessPainter {
  public:
@@ -41,4 +41,4 @@ class WindowlessPainter {
 // `picture`'s pixels drawn at `size` (stretched), transparent where the picture is.
 QImage renderPicture(const gdi::Picture& picture, QSize size);
 
-}  // namespace qtp
+}  // namespace vellumry::presenter

@@ -4,18 +4,19 @@
 #include "platform/toolkit/PropertyList.h"
 #include "platform/toolkit/Runtime.h"
 
-namespace tk {
+namespace vellumry::tk {
 
 void Frame::setCaption(const std::string& v) { assign(caption_, v, "Caption"); }
 void Frame::setBackColor(uint32_t v) { assign(backColor_, v, "BackColor"); }
 void Frame::setBorderStyle(int v) { assign(borderStyle_, v, "BorderStyle"); }
 const std::vector<Property>& Frame::properties() const {
   static const auto props =
-      extend(Control::properties(), {
-                                        prop<Frame, &Frame::Caption, &Frame::setCaption>("Caption"),
-                                        prop<Frame, &Frame::BackColor, &Frame::setBackColor>("BackColor"),
-                                        prop<Frame, &Frame::BorderStyle, &Frame::setBorderStyle>("BorderStyle"),
-                                    });
+      extend(Control::properties(),
+             {
+                 prop<Frame, &Frame::Caption, &Frame::setCaption>("Caption"),
+                 prop<Frame, &Frame::BackColor, &Frame::setBackColor>("BackColor"),
+                 prop<Frame, &Frame::BorderStyle, &Frame::setBorderStyle>("BorderStyle"),
+             });
   return props;
 }
 
@@ -28,14 +29,13 @@ void Label::setForeColor(uint32_t v) { assign(foreColor_, v, "ForeColor"); }
 void Label::setBackStyle(int v) { assign(backStyle_, v, "BackStyle"); }
 const std::vector<Property>& Label::properties() const {
   static const auto props = extend(
-      Control::properties(),
-      {
-          prop<Label, &Label::Caption, &Label::setCaption>("Caption"),
-          prop<Label, &Label::Alignment, &Label::setAlignment>("Alignment"),
-          prop<Label, &Label::BackColor, &Label::setBackColor>("BackColor"),
-          prop<Label, &Label::ForeColor, &Label::setForeColor>("ForeColor"),
-          prop<Label, &Label::BackStyle, &Label::setBackStyle>("BackStyle"),
-      });
+      Control::properties(), {
+                                 prop<Label, &Label::Caption, &Label::setCaption>("Caption"),
+                                 prop<Label, &Label::Alignment, &Label::setAlignment>("Alignment"),
+                                 prop<Label, &Label::BackColor, &Label::setBackColor>("BackColor"),
+                                 prop<Label, &Label::ForeColor, &Label::setForeColor>("ForeColor"),
+                                 prop<Label, &Label::BackStyle, &Label::setBackStyle>("BackStyle"),
+                             });
   return props;
 }
 
@@ -44,22 +44,22 @@ void TextBox::setText(const std::string& v) {
 }
 void TextBox::setLocked(bool v) { assign(locked_, v, "Locked"); }
 const std::vector<Property>& TextBox::properties() const {
-  static const auto props = extend(
-      Control::properties(),
-      {
-          prop<TextBox, &TextBox::Text, &TextBox::setText>("Text"),
-          prop<TextBox, &TextBox::Locked, &TextBox::setLocked>("Locked"),
-          prop<TextBox, &TextBox::SelStart, &TextBox::setSelStart>("SelStart"),
-          prop<TextBox, &TextBox::SelLength, &TextBox::setSelLength>("SelLength"),
-      });
+  static const auto props =
+      extend(Control::properties(),
+             {
+                 prop<TextBox, &TextBox::Text, &TextBox::setText>("Text"),
+                 prop<TextBox, &TextBox::Locked, &TextBox::setLocked>("Locked"),
+                 prop<TextBox, &TextBox::SelStart, &TextBox::setSelStart>("SelStart"),
+                 prop<TextBox, &TextBox::SelLength, &TextBox::setSelLength>("SelLength"),
+             });
   return props;
 }
 
 void CommandButton::setCaption(const std::string& v) { assign(caption_, v, "Caption"); }
 const std::vector<Property>& CommandButton::properties() const {
-  static const auto props = extend(
-      Control::properties(),
-      {prop<CommandButton, &CommandButton::Caption, &CommandButton::setCaption>("Caption")});
+  static const auto props =
+      extend(Control::properties(),
+             {prop<CommandButton, &CommandButton::Caption, &CommandButton::setCaption>("Caption")});
   return props;
 }
 
@@ -70,10 +70,11 @@ void CheckBox::setValue(int v) {
 }
 const std::vector<Property>& CheckBox::properties() const {
   static const auto props =
-      extend(Control::properties(), {
-                                        prop<CheckBox, &CheckBox::Caption, &CheckBox::setCaption>("Caption"),
-                                        prop<CheckBox, &CheckBox::Value, &CheckBox::setValue>("Value"),
-                                    });
+      extend(Control::properties(),
+             {
+                 prop<CheckBox, &CheckBox::Caption, &CheckBox::setCaption>("Caption"),
+                 prop<CheckBox, &CheckBox::Value, &CheckBox::setValue>("Value"),
+             });
   return props;
 }
 
@@ -84,22 +85,20 @@ void Shape::setBorderStyle(int v) { assign(borderStyle_, v, "BorderStyle"); }
 void Shape::setFillStyle(int v) { assign(fillStyle_, v, "FillStyle"); }
 void Shape::setFillColor(uint32_t v) { assign(fillColor_, v, "FillColor"); }
 const std::vector<Property>& Shape::properties() const {
-  static const auto props = extend(
-      Control::properties(),
-      {
-          prop<Shape, &Shape::ShapeKind, &Shape::setShapeKind>("Shape"),
-          prop<Shape, &Shape::BorderWidth, &Shape::setBorderWidth>("BorderWidth"),
-          prop<Shape, &Shape::BorderColor, &Shape::setBorderColor>("BorderColor"),
-          prop<Shape, &Shape::BorderStyle, &Shape::setBorderStyle>("BorderStyle"),
-          prop<Shape, &Shape::FillStyle, &Shape::setFillStyle>("FillStyle"),
-          prop<Shape, &Shape::FillColor, &Shape::setFillColor>("FillColor"),
-      });
+  static const auto props =
+      extend(Control::properties(),
+             {
+                 prop<Shape, &Shape::ShapeKind, &Shape::setShapeKind>("Shape"),
+                 prop<Shape, &Shape::BorderWidth, &Shape::setBorderWidth>("BorderWidth"),
+                 prop<Shape, &Shape::BorderColor, &Shape::setBorderColor>("BorderColor"),
+                 prop<Shape, &Shape::BorderStyle, &Shape::setBorderStyle>("BorderStyle"),
+                 prop<Shape, &Shape::FillStyle, &Shape::setFillStyle>("FillStyle"),
+                 prop<Shape, &Shape::FillColor, &Shape::setFillColor>("FillColor"),
+             });
   return props;
 }
 
-Timer::Timer(const Timer& other) : Control(other), interval_(other.interval_) {
-  reschedule();
-}
+Timer::Timer(const Timer& other) : Control(other), interval_(other.interval_) { reschedule(); }
 
 Timer::~Timer() { stop(); }
 
@@ -135,4 +134,4 @@ const std::vector<Property>& Timer::properties() const {
   return props;
 }
 
-}  // namespace tk
+}  // namespace vellumry::tk

@@ -7,7 +7,7 @@
 #include "platform/toolkit/Control.h"
 #include "platform/toolkit/EventLoop.h"
 
-namespace tk {
+namespace vellumry::tk {
 
 // Colours are 0x00BBGGRR; values with the top bit set name system colours.
 inline constexpr uint32_t kSystemFace = 0x8000000F;
@@ -145,4 +145,4 @@ class Timer : public Control {
   EventLoop::Id running_ = 0;
 };
 
-}  // namespace tk
+}  // namespace vellumry::tk

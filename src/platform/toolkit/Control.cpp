@@ -5,28 +5,46 @@
 #include "platform/toolkit/Form.h"
 #include "platform/toolkit/Runtime.h"
 
-namespace tk {
+namespace vellumry::tk {
 
 const char* kindName(Kind kind) {
   switch (kind) {
-    case Kind::Form: return "Form";
-    case Kind::Frame: return "Frame";
-    case Kind::PictureBox: return "PictureBox";
-    case Kind::Image: return "Image";
-    case Kind::Label: return "Label";
-    case Kind::TextBox: return "TextBox";
-    case Kind::CommandButton: return "CommandButton";
-    case Kind::CheckBox: return "CheckBox";
-    case Kind::ListBox: return "ListBox";
-    case Kind::FileListBox: return "FileListBox";
-    case Kind::ComboBox: return "ComboBox";
-    case Kind::VScrollBar: return "VScrollBar";
-    case Kind::HScrollBar: return "HScrollBar";
-    case Kind::Shape: return "Shape";
-    case Kind::Timer: return "Timer";
-    case Kind::Menu: return "Menu";
-    case Kind::TabStrip: return "TabStrip";
-    case Kind::CommonDialog: return "CommonDialog";
+    case Kind::Form:
+      return "Form";
+    case Kind::Frame:
+      return "Frame";
+    case Kind::PictureBox:
+      return "PictureBox";
+    case Kind::Image:
+      return "Image";
+    case Kind::Label:
+      return "Label";
+    case Kind::TextBox:
+      return "TextBox";
+    case Kind::CommandButton:
+      return "CommandButton";
+    case Kind::CheckBox:
+      return "CheckBox";
+    case Kind::ListBox:
+      return "ListBox";
+    case Kind::FileListBox:
+      return "FileListBox";
+    case Kind::ComboBox:
+      return "ComboBox";
+    case Kind::VScrollBar:
+      return "VScrollBar";
+    case Kind::HScrollBar:
+      return "HScrollBar";
+    case Kind::Shape:
+      return "Shape";
+    case Kind::Timer:
+      return "Timer";
+    case Kind::Menu:
+      return "Menu";
+    case Kind::TabStrip:
+      return "TabStrip";
+    case Kind::CommonDialog:
+      return "CommonDialog";
   }
   return "Control";
 }
@@ -154,4 +172,4 @@ void Control::set(std::string_view property, const Value& v) {
   raise(err::NotSupported, std::string(property));
 }
 
-}  // namespace tk
+}  // namespace vellumry::tk

@@ -9,14 +9,30 @@
 #include "platform/toolkit/Events.h"
 #include "platform/toolkit/Properties.h"
 
-namespace tk {
+namespace vellumry::tk {
 
 class Form;
 class Runtime;
 
 enum class Kind {
-  Form, Frame, PictureBox, Image, Label, TextBox, CommandButton, CheckBox, ListBox, FileListBox,
-  ComboBox, VScrollBar, HScrollBar, Shape, Timer, Menu, TabStrip, CommonDialog
+  Form,
+  Frame,
+  PictureBox,
+  Image,
+  Label,
+  TextBox,
+  CommandButton,
+  CheckBox,
+  ListBox,
+  FileListBox,
+  ComboBox,
+  VScrollBar,
+  HScrollBar,
+  Shape,
+  Timer,
+  Menu,
+  TabStrip,
+  CommonDialog
 };
 const char* kindName(Kind kind);
 
@@ -100,4 +116,4 @@ class Control : public EventSet<> {
 // Parses "Name(3)" into "Name" and 3; a plain name gives no index.
 std::pair<std::string_view, std::optional<int>> splitIndex(std::string_view text);
 
-}  // namespace tk
+}  // namespace vellumry::tk

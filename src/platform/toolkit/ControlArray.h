@@ -2,22 +2,21 @@
 // A control array: element 0 is made with the form; Load(i) makes element i as a hidden copy
 // of element 0, Unload(i) destroys it. The array's events carry the element's Index.
 
-#include <vector>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/toolkit/Control.h"
 #include "platform/toolkit/Form.h"
 #include "platform/toolkit/Runtime.h"
 
-namespace tk {
+namespace vellumry::tk {
 
 template <class T>
 class ControlArray : public EventSet<int> {
  public:
   template <class... A>
-  ControlArray(Form* form, std::string name, A&&... args)
-      : form_(form) {
+  ControlArray(Form* form, std::string name, A&&... args) : form_(form) {
     auto first = std::make_unique<T>(form, std::move(name), std::forward<A>(args)...);
     first->index_ = 0;
     wire(*first, 0);
@@ -45,7 +44,8 @@ class ControlArray : public EventSet<int> {
     el->index_ = index;
     wire(*el, index);
     T& ref = *el;
-    if (static_cast<size_t>(index) >= elements_.size()) elements_.resize(static_cast<size_t>(index) + 1);
+    if (static_cast<size_t>(index) >= elements_.size())
+      elements_.resize(static_cast<size_t>(index) + 1);
     elements_[static_cast<size_t>(index)] = std::move(el);
     ++count_;
     if (Observer* o = form_->runtime().observer()) o->controlLoaded(ref);
@@ -99,4 +99,4 @@ class ControlArray : public EventSet<int> {
   size_t count_ = 1;
 };
 
-}  // namespace tk
+}  // namespace vellumry::tk

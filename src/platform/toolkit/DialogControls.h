@@ -7,7 +7,7 @@
 
 #include "platform/toolkit/Control.h"
 
-namespace tk {
+namespace vellumry::tk {
 
 // A row of tabs; SelectedItem counts from 1, and a change raises Click.
 class TabStrip : public Control {
@@ -40,4 +40,4 @@ class CommonDialog : public Control {
   const std::vector<Property>& properties() const override;
 };
 
-}  // namespace tk
+}  // namespace vellumry::tk

@@ -1,6 +1,6 @@
 #include "platform/toolkit/Error.h"
 
-namespace tk {
+namespace vellumry::tk {
 
 Error::Error(int number, std::string source, std::string description)
     : std::runtime_error(description),
@@ -11,18 +11,30 @@ Error::Error(int number, std::string source, std::string description)
 namespace {
 const char* standardText(int number) {
   switch (number) {
-    case err::InvalidCall: return "Invalid procedure call or argument";
-    case err::Overflow: return "Overflow";
-    case err::SubscriptOutOfRange: return "Subscript out of range";
-    case err::FileNotFound: return "File not found";
-    case err::PathNotFound: return "Path not found";
-    case err::ElementMissing: return "Control array element doesn't exist";
-    case err::AlreadyLoaded: return "Object already loaded";
-    case err::InvalidProperty: return "Invalid property value";
-    case err::NotSupported: return "Object doesn't support this property or method";
-    case err::InvalidPicture: return "Invalid picture";
-    case err::CancelSelected: return "Cancel was selected.";
-    default: return "Application-defined or object-defined error";
+    case err::InvalidCall:
+      return "Invalid procedure call or argument";
+    case err::Overflow:
+      return "Overflow";
+    case err::SubscriptOutOfRange:
+      return "Subscript out of range";
+    case err::FileNotFound:
+      return "File not found";
+    case err::PathNotFound:
+      return "Path not found";
+    case err::ElementMissing:
+      return "Control array element doesn't exist";
+    case err::AlreadyLoaded:
+      return "Object already loaded";
+    case err::InvalidProperty:
+      return "Invalid property value";
+    case err::NotSupported:
+      return "Object doesn't support this property or method";
+    case err::InvalidPicture:
+      return "Invalid picture";
+    case err::CancelSelected:
+      return "Cancel was selected.";
+    default:
+      return "Application-defined or object-defined error";
   }
 }
 }  // namespace
@@ -40,4 +52,4 @@ void resumeNext(const std::function<void()>& step) {
   }
 }
 
-}  // namespace tk
+}  // namespace vellumry::tk

@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace tk {
+namespace vellumry::tk {
 
 // A run-time failure with the toolkit's number, the source that raised it and a text.
 class Error : public std::runtime_error {
@@ -18,17 +18,17 @@ class Error : public std::runtime_error {
 
 // The numbers the toolkit raises.
 namespace err {
-inline constexpr int InvalidCall = 5;           // "Invalid procedure call or argument"
-inline constexpr int Overflow = 6;              // "Overflow"
-inline constexpr int SubscriptOutOfRange = 9;   // "Subscript out of range"
-inline constexpr int PathNotFound = 76;         // "Path not found"
-inline constexpr int ElementMissing = 340;      // "Control array element doesn't exist"
-inline constexpr int AlreadyLoaded = 360;       // "Object already loaded"
-inline constexpr int InvalidProperty = 380;     // "Invalid property value"
-inline constexpr int NotSupported = 438;        // "Object doesn't support this property or method"
-inline constexpr int FileNotFound = 53;         // "File not found"
-inline constexpr int InvalidPicture = 481;      // "Invalid picture"
-inline constexpr int CancelSelected = 32755;    // "Cancel was selected."
+inline constexpr int InvalidCall = 5;          // "Invalid procedure call or argument"
+inline constexpr int Overflow = 6;             // "Overflow"
+inline constexpr int SubscriptOutOfRange = 9;  // "Subscript out of range"
+inline constexpr int PathNotFound = 76;        // "Path not found"
+inline constexpr int ElementMissing = 340;     // "Control array element doesn't exist"
+inline constexpr int AlreadyLoaded = 360;      // "Object already loaded"
+inline constexpr int InvalidProperty = 380;    // "Invalid property value"
+inline constexpr int NotSupported = 438;       // "Object doesn't support this property or method"
+inline constexpr int FileNotFound = 53;        // "File not found"
+inline constexpr int InvalidPicture = 481;     // "Invalid picture"
+inline constexpr int CancelSelected = 32755;   // "Cancel was selected."
 }  // namespace err
 
 // Raises the toolkit's own error `number` with its standard text.
@@ -38,4 +38,4 @@ inline constexpr int CancelSelected = 32755;    // "Cancel was selected."
 // Any other exception is a fault of the program and goes on to the caller.
 void resumeNext(const std::function<void()>& step);
 
-}  // namespace tk
+}  // namespace vellumry::tk

@@ -4,7 +4,7 @@
 #include <chrono>
 #include <stdexcept>
 
-namespace tk {
+namespace vellumry::tk {
 
 namespace {
 int64_t steadyMs() {
@@ -85,4 +85,4 @@ int64_t EventLoop::msUntilNext() const {
   return best;
 }
 
-}  // namespace tk
+}  // namespace vellumry::tk

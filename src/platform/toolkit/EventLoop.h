@@ -8,7 +8,7 @@
 #include <functional>
 #include <map>
 
-namespace tk {
+namespace vellumry::tk {
 
 class EventLoop {
  public:
@@ -70,4 +70,4 @@ class EventLoop {
   std::function<void()> onSchedule_;
 };
 
-}  // namespace tk
+}  // namespace vellumry::tk

@@ -5,7 +5,7 @@
 #include <functional>
 #include <utility>
 
-namespace tk {
+namespace vellumry::tk {
 
 template <class... Pre>
 struct EventSet {
@@ -13,7 +13,7 @@ struct EventSet {
       onLostFocus, onPathChange, onPatternChange;
   std::function<void(Pre..., int Button, int Shift, double X, double Y)> onMouseDown, onMouseUp,
       onMouseMove;
-  std::function<void(Pre..., int& KeyCode, int Shift)> onKeyDown, onKeyUp;
+  std::function<void(Pre..., int&KeyCode, int Shift)> onKeyDown, onKeyUp;
   std::function<void(Pre..., int& KeyAscii)> onKeyPress;
 };
 
@@ -23,4 +23,4 @@ void fire(const F& handler, A&&... args) {
   if (handler) handler(std::forward<A>(args)...);
 }
 
-}  // namespace tk
+}  // namespace vellumry::tk

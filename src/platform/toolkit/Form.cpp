@@ -6,7 +6,7 @@
 #include "platform/toolkit/PropertyList.h"
 #include "platform/toolkit/Runtime.h"
 
-namespace tk {
+namespace vellumry::tk {
 
 Form::Form(Runtime& runtime, std::string name)
     : Control(FormItself{}, this, std::move(name)), runtime_(runtime) {
@@ -133,18 +133,18 @@ Control* Form::find(std::string_view name, int index) const {
 }
 
 const std::vector<Property>& Form::properties() const {
-  static const std::vector<Property> props = extend(
-      Control::properties(),
-      {
-          prop<Form, &Form::Caption, &Form::setCaption>("Caption"),
-          prop<Form, &Form::BackColor, &Form::setBackColor>("BackColor"),
-          prop<Form, &Form::WindowState, &Form::setWindowState>("WindowState"),
-          prop<Form, &Form::MousePointer, &Form::setMousePointer>("MousePointer"),
-          prop<Form, &Form::KeyPreview, &Form::setKeyPreview>("KeyPreview"),
-          prop<Form, &Form::BorderStyle, &Form::setBorderStyle>("BorderStyle"),
-          prop<Form, &Form::ScaleMode, &Form::setScaleMode>("ScaleMode"),
-      });
+  static const std::vector<Property> props =
+      extend(Control::properties(),
+             {
+                 prop<Form, &Form::Caption, &Form::setCaption>("Caption"),
+                 prop<Form, &Form::BackColor, &Form::setBackColor>("BackColor"),
+                 prop<Form, &Form::WindowState, &Form::setWindowState>("WindowState"),
+                 prop<Form, &Form::MousePointer, &Form::setMousePointer>("MousePointer"),
+                 prop<Form, &Form::KeyPreview, &Form::setKeyPreview>("KeyPreview"),
+                 prop<Form, &Form::BorderStyle, &Form::setBorderStyle>("BorderStyle"),
+                 prop<Form, &Form::ScaleMode, &Form::setScaleMode>("ScaleMode"),
+             });
   return props;
 }
 
-}  // namespace tk
+}  // namespace vellumry::tk

@@ -9,7 +9,7 @@
 
 #include "platform/toolkit/Control.h"
 
-namespace tk {
+namespace vellumry::tk {
 
 class Menu;
 class Runtime;
@@ -102,4 +102,4 @@ class Form : public Control {
   bool loaded_ = false, unloading_ = false, shownOnce_ = false;
 };
 
-}  // namespace tk
+}  // namespace vellumry::tk

@@ -8,7 +8,7 @@
 #include "platform/toolkit/Form.h"
 #include "platform/toolkit/Runtime.h"
 
-namespace tk {
+namespace vellumry::tk {
 
 template <class T>
 class FormSlot final : public FormSlotBase {
@@ -44,4 +44,4 @@ class FormSlot final : public FormSlotBase {
   std::unique_ptr<T> obj_;
 };
 
-}  // namespace tk
+}  // namespace vellumry::tk

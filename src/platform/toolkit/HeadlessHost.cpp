@@ -3,7 +3,7 @@
 #include "platform/toolkit/Menu.h"
 #include "platform/toolkit/Value.h"
 
-namespace tk {
+namespace vellumry::tk {
 
 void HeadlessHost::show(const std::string& line) {
   shown.push_back(line);
@@ -11,8 +11,8 @@ void HeadlessHost::show(const std::string& line) {
 }
 
 int HeadlessHost::MsgBox(const std::string& prompt, int style, const std::string& title) {
-  std::string line = "msgbox " + std::to_string(style) + " " + jsonQuote(title) + " " +
-                     jsonQuote(prompt) + " -> ";
+  std::string line =
+      "msgbox " + std::to_string(style) + " " + jsonQuote(title) + " " + jsonQuote(prompt) + " -> ";
   if (answers_.empty()) {
     int answer = mb::closedAnswer(style);
     show(line + std::to_string(answer) + " (no answer queued)");
@@ -87,4 +87,4 @@ bool HeadlessHost::OpenWith(const std::string& path) {
   return true;
 }
 
-}  // namespace tk
+}  // namespace vellumry::tk

@@ -9,7 +9,7 @@
 
 #include "platform/toolkit/Host.h"
 
-namespace tk {
+namespace vellumry::tk {
 
 class HeadlessHost : public Host {
  public:
@@ -24,8 +24,7 @@ class HeadlessHost : public Host {
   std::vector<std::string> shown;
 
   int MsgBox(const std::string& prompt, int style, const std::string& title) override;
-  Menu* PopupMenu(Menu& menu, int flags, std::optional<double> x,
-                  std::optional<double> y) override;
+  Menu* PopupMenu(Menu& menu, int flags, std::optional<double> x, std::optional<double> y) override;
   std::optional<std::string> SaveFile(const SaveFileRequest& request) override;
   std::optional<uint32_t> ChooseColor(uint32_t initial) override;
   void Beep() override;
@@ -42,4 +41,4 @@ class HeadlessHost : public Host {
   std::deque<std::optional<uint32_t>> colors_;
 };
 
-}  // namespace tk
+}  // namespace vellumry::tk

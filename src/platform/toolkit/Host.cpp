@@ -1,16 +1,23 @@
 #include "platform/toolkit/Host.h"
 
-namespace tk::mb {
+namespace vellumry::tk::mb {
 
 bool offers(int style, int answer) {
   switch (style & 7) {
-    case OKOnly: return answer == OK;
-    case OKCancel: return answer == OK || answer == Cancel;
-    case AbortRetryIgnore: return answer == Abort || answer == Retry || answer == Ignore;
-    case YesNoCancel: return answer == Yes || answer == No || answer == Cancel;
-    case YesNo: return answer == Yes || answer == No;
-    case RetryCancel: return answer == Retry || answer == Cancel;
-    default: return answer == OK;
+    case OKOnly:
+      return answer == OK;
+    case OKCancel:
+      return answer == OK || answer == Cancel;
+    case AbortRetryIgnore:
+      return answer == Abort || answer == Retry || answer == Ignore;
+    case YesNoCancel:
+      return answer == Yes || answer == No || answer == Cancel;
+    case YesNo:
+      return answer == Yes || answer == No;
+    case RetryCancel:
+      return answer == Retry || answer == Cancel;
+    default:
+      return answer == OK;
   }
 }
 
@@ -21,4 +28,4 @@ int closedAnswer(int style) {
   return OK;
 }
 
-}  // namespace tk::mb
+}  // namespace vellumry::tk::mb

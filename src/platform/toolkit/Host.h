@@ -7,7 +7,7 @@
 #include <optional>
 #include <string>
 
-namespace tk {
+namespace vellumry::tk {
 
 class Menu;
 
@@ -52,4 +52,4 @@ class Host {
   virtual bool OpenWith(const std::string& path) = 0;
 };
 
-}  // namespace tk
+}  // namespace vellumry::tk

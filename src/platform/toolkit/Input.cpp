@@ -7,7 +7,7 @@
 #include "platform/toolkit/Runtime.h"
 #include "platform/toolkit/ScrollBar.h"
 
-namespace tk::user {
+namespace vellumry::tk::user {
 
 bool accepts(const Control& c) {
   const Form& f = c.form();
@@ -80,8 +80,7 @@ bool raiseDblClick(Control& c) {
 
 namespace {
 // One phase of a key: the form sees it first when it previews keys or nothing has the focus.
-bool keyPhase(Form& f, int keyCode, int shift,
-              std::function<void(int&, int)> Control::*member) {
+bool keyPhase(Form& f, int keyCode, int shift, std::function<void(int&, int)> Control::*member) {
   if (!accepts(f)) return false;
   f.runtime().dispatch([&] {
     int code = keyCode;
@@ -141,4 +140,4 @@ bool pickTab(TabStrip& tabs, int item) {
   });
 }
 
-}  // namespace tk::user
+}  // namespace vellumry::tk::user

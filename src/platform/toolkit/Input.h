@@ -5,7 +5,7 @@
 
 #include <string>
 
-namespace tk {
+namespace vellumry::tk {
 
 class CheckBox;
 class Control;
@@ -48,4 +48,4 @@ bool check(CheckBox& box, int value);
 bool pickTab(TabStrip& tabs, int item);
 
 }  // namespace user
-}  // namespace tk
+}  // namespace vellumry::tk

@@ -7,7 +7,7 @@
 
 #include "platform/toolkit/PropertyList.h"
 
-namespace tk {
+namespace vellumry::tk {
 
 namespace {
 Value listAt(const Control& c, int i) { return static_cast<const ListControl&>(c).List(i); }
@@ -36,7 +36,8 @@ const std::vector<Property>& ListControl::properties() const {
           prop<ListControl, &ListControl::ListCount>("ListCount"),
           prop<ListControl, &ListControl::ListIndex, &ListControl::setListIndex>("ListIndex"),
           prop<ListControl, &ListControl::Text>("Text"),
-          Property{"List", [](const Control&) -> Value { raise(err::InvalidCall, "List needs an index"); },
+          Property{"List",
+                   [](const Control&) -> Value { raise(err::InvalidCall, "List needs an index"); },
                    nullptr, listAt},
       });
   return props;
@@ -48,9 +49,9 @@ void ListBox::AddItem(const std::string& item, std::optional<int> index) {
     if (*index < 0 || *index > ListCount()) raise(err::InvalidCall, Name() + ".AddItem");
     at = *index;
   } else if (sorted_) {
-    auto pos = std::upper_bound(items_.begin(), items_.end(), item, [](const auto& a, const auto& b) {
-      return toUpper(a) < toUpper(b);
-    });
+    auto pos =
+        std::upper_bound(items_.begin(), items_.end(), item,
+                         [](const auto& a, const auto& b) { return toUpper(a) < toUpper(b); });
     at = static_cast<int>(pos - items_.begin());
   }
   items_.insert(items_.begin() + at, item);
@@ -77,8 +78,8 @@ void ListBox::setList(int i, const std::string& text) {
 }
 
 const std::vector<Property>& ListBox::properties() const {
-  static const auto props = extend(ListControl::properties(),
-                                   {prop<ListBox, &ListBox::Sorted, &ListBox::setSorted>("Sorted")});
+  static const auto props = extend(
+      ListControl::properties(), {prop<ListBox, &ListBox::Sorted, &ListBox::setSorted>("Sorted")});
   return props;
 }
 
@@ -116,9 +117,9 @@ bool wildcard(const char* p, const char* s) {
   const char* star = nullptr;
   const char* resume = nullptr;
   while (*s) {
-    if (*p == '?' ||
-        (*p && *p != '*' &&
-         std::tolower(static_cast<unsigned char>(*p)) == std::tolower(static_cast<unsigned char>(*s)))) {
+    if (*p == '?' || (*p && *p != '*' &&
+                      std::tolower(static_cast<unsigned char>(*p)) ==
+                          std::tolower(static_cast<unsigned char>(*s)))) {
       ++p;
       ++s;
     } else if (*p == '*') {
@@ -198,14 +199,14 @@ void FileListBox::Refresh() {
 }
 
 const std::vector<Property>& FileListBox::properties() const {
-  static const auto props = extend(
-      ListControl::properties(),
-      {
-          prop<FileListBox, &FileListBox::Path, &FileListBox::setPath>("Path"),
-          prop<FileListBox, &FileListBox::Pattern, &FileListBox::setPattern>("Pattern"),
-          prop<FileListBox, &FileListBox::FileName, &FileListBox::setFileName>("FileName"),
-      });
+  static const auto props =
+      extend(ListControl::properties(),
+             {
+                 prop<FileListBox, &FileListBox::Path, &FileListBox::setPath>("Path"),
+                 prop<FileListBox, &FileListBox::Pattern, &FileListBox::setPattern>("Pattern"),
+                 prop<FileListBox, &FileListBox::FileName, &FileListBox::setFileName>("FileName"),
+             });
   return props;
 }
 
-}  // namespace tk
+}  // namespace vellumry::tk

@@ -6,7 +6,7 @@
 
 #include "platform/toolkit/Control.h"
 
-namespace tk {
+namespace vellumry::tk {
 
 // What list boxes share: items, the one selected index (-1 none) and its Click.
 class ListControl : public Control {
@@ -58,7 +58,8 @@ class ComboBox : public ListBox {
 // Folders and hidden files are not listed.
 class FileListBox : public ListControl {
  public:
-  FileListBox(Form* form, std::string name) : ListControl(form, std::move(name), Kind::FileListBox) {}
+  FileListBox(Form* form, std::string name)
+      : ListControl(form, std::move(name), Kind::FileListBox) {}
   const std::string& Path() const { return path_; }
   // Lists the folder `v` and raises PathChange; a folder that doesn't exist is a failure
   // (err::PathNotFound) and leaves everything as it was. The same path does nothing.
@@ -84,4 +85,4 @@ bool naturalLess(const std::string& a, const std::string& b);
 // Whether `name` matches one of the ';'-separated wildcard patterns, case-blind.
 bool matchesPattern(const std::string& name, const std::string& patterns);
 
-}  // namespace tk
+}  // namespace vellumry::tk

@@ -7,7 +7,7 @@
 
 #include "platform/toolkit/Control.h"
 
-namespace tk {
+namespace vellumry::tk {
 
 class Menu : public Control {
  public:
@@ -32,4 +32,4 @@ class Menu : public Control {
   std::vector<Menu*> children_;
 };
 
-}  // namespace tk
+}  // namespace vellumry::tk

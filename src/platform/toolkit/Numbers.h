@@ -8,7 +8,7 @@
 
 #include "platform/toolkit/Error.h"
 
-namespace tk {
+namespace vellumry::tk {
 
 // Nearest whole number, halves to the even one (2.5 -> 2, 3.5 -> 4).
 inline double roundHalfEven(double v) { return std::nearbyint(v); }
@@ -37,4 +37,4 @@ inline int64_t IntDiv(double a, double b) {
   return x / y;
 }
 
-}  // namespace tk
+}  // namespace vellumry::tk

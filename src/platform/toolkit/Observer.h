@@ -4,7 +4,7 @@
 
 #include <string_view>
 
-namespace tk {
+namespace vellumry::tk {
 
 class Control;
 class Form;
@@ -21,4 +21,4 @@ class Observer {
   virtual void programEnded() {}
 };
 
-}  // namespace tk
+}  // namespace vellumry::tk

@@ -1,12 +1,12 @@
 #include "platform/toolkit/PictureControls.h"
 
-#include "platform/gdi/blit.h"
-#include "platform/gdi/units.h"
+#include "platform/gdi/Blit.h"
+#include "platform/gdi/Units.h"
 #include "platform/toolkit/Form.h"
 #include "platform/toolkit/PropertyList.h"
 #include "platform/toolkit/Runtime.h"
 
-namespace tk {
+namespace vellumry::tk {
 
 double pictureTwipsX(const gdi::Picture& p, double twipsPerPixelX) {
   return p ? gdi::HimetricToPixels(p.Width(), twipsPerPixelX) * twipsPerPixelX : 0;
@@ -38,14 +38,16 @@ void Image::setPicture(const gdi::Picture& p) {
 void Image::setStretch(bool v) { assign(stretch_, v, "Stretch"); }
 
 const std::vector<Property>& Image::properties() const {
-  static const auto props = extend(
-      Control::properties(),
-      {
-          prop<Image, &Image::Stretch, &Image::setStretch>("Stretch"),
-          Property{"Picture",
-                   [](const Control& c) { return pictureHandle(static_cast<const Image&>(c).Picture()); },
-                   nullptr},
-      });
+  static const auto props =
+      extend(Control::properties(),
+             {
+                 prop<Image, &Image::Stretch, &Image::setStretch>("Stretch"),
+                 Property{"Picture",
+                          [](const Control& c) {
+                            return pictureHandle(static_cast<const Image&>(c).Picture());
+                          },
+                          nullptr},
+             });
   return props;
 }
 
@@ -111,4 +113,4 @@ const std::vector<Property>& PictureBox::properties() const {
   return props;
 }
 
-}  // namespace tk
+}  // namespace vellumry::tk

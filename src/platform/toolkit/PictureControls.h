@@ -1,10 +1,10 @@
 #pragma once
 // The controls that show a Picture: the image and the picture box.
 
-#include "platform/gdi/picture.h"
+#include "platform/gdi/Picture.h"
 #include "platform/toolkit/BasicControls.h"
 
-namespace tk {
+namespace vellumry::tk {
 
 // Twips of a picture's natural size on this screen: whole pixels, as the toolkit sizes controls.
 double pictureTwipsX(const gdi::Picture& p, double twipsPerPixelX);
@@ -60,4 +60,4 @@ class PictureBox : public Control {
 // 0x00BBGGRR (system colours as a mid grey) as an opaque pixel.
 uint32_t pixelOf(uint32_t color);
 
-}  // namespace tk
+}  // namespace vellumry::tk

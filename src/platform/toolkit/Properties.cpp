@@ -1,6 +1,6 @@
 #include "platform/toolkit/Properties.h"
 
-namespace tk {
+namespace vellumry::tk {
 
 const FieldTable::Entry* FieldTable::find(std::string_view name) const {
   for (const Entry& e : entries_)
@@ -36,4 +36,4 @@ std::vector<std::pair<std::string, std::vector<Value>>> FieldTable::all() const 
   return out;
 }
 
-}  // namespace tk
+}  // namespace vellumry::tk

@@ -11,7 +11,7 @@
 #include "platform/toolkit/Numbers.h"
 #include "platform/toolkit/Value.h"
 
-namespace tk {
+namespace vellumry::tk {
 
 class Control;
 
@@ -63,7 +63,8 @@ struct SetterArg<void (C::*)(A)> {
 // A property read by `Get` and, unless `Set` is nullptr, written by `Set`, members of `T`.
 template <class T, auto Get, auto Set = nullptr>
 Property prop(const char* name) {
-  Property p{name, [](const Control& c) -> Value { return toValue((static_cast<const T&>(c).*Get)()); },
+  Property p{name,
+             [](const Control& c) -> Value { return toValue((static_cast<const T&>(c).*Get)()); },
              nullptr};
   if constexpr (!std::is_same_v<decltype(Set), std::nullptr_t>) {
     p.set = [](Control& c, const Value& v) {
@@ -112,4 +113,4 @@ class FieldTable {
   std::vector<Entry> entries_;
 };
 
-}  // namespace tk
+}  // namespace vellumry::tk

@@ -6,7 +6,7 @@
 
 #include "platform/toolkit/Properties.h"
 
-namespace tk {
+namespace vellumry::tk {
 
 inline std::vector<Property> extend(const std::vector<Property>& base,
                                     std::initializer_list<Property> own) {
@@ -15,4 +15,4 @@ inline std::vector<Property> extend(const std::vector<Property>& base,
   return all;
 }
 
-}  // namespace tk
+}  // namespace vellumry::tk

@@ -4,7 +4,7 @@
 
 #include "platform/toolkit/Form.h"
 
-namespace tk {
+namespace vellumry::tk {
 
 Runtime::Runtime(Screen screen, Host& host, EventLoop::Clock clock)
     : screen_(screen), host_(host), loop_(clock) {
@@ -90,4 +90,4 @@ void Runtime::formUnloaded(Form* f) {
   if (observer_) observer_->formUnloaded(*f);
 }
 
-}  // namespace tk
+}  // namespace vellumry::tk

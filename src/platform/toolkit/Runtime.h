@@ -13,7 +13,7 @@
 #include "platform/toolkit/Observer.h"
 #include "platform/toolkit/Screen.h"
 
-namespace tk {
+namespace vellumry::tk {
 
 class Form;
 
@@ -81,4 +81,4 @@ class Runtime {
   bool ended_ = false;
 };
 
-}  // namespace tk
+}  // namespace vellumry::tk

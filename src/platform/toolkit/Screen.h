@@ -1,7 +1,7 @@
 #pragma once
 // The screen the program runs on, in twips; set by whoever hosts the program.
 
-namespace tk {
+namespace vellumry::tk {
 
 struct Screen {
   double Width = 1024 * 15.0;
@@ -14,4 +14,4 @@ struct Screen {
   }
 };
 
-}  // namespace tk
+}  // namespace vellumry::tk

@@ -4,7 +4,7 @@
 
 #include "platform/toolkit/PropertyList.h"
 
-namespace tk {
+namespace vellumry::tk {
 
 namespace {
 void checkRange(int v, const std::string& what) {
@@ -31,7 +31,8 @@ void ScrollBar::setMax(int v) {
 }
 
 void ScrollBar::setValue(int v) {
-  if (v < std::min(min_, max_) || v > std::max(min_, max_)) raise(err::InvalidProperty, Name() + ".Value");
+  if (v < std::min(min_, max_) || v > std::max(min_, max_))
+    raise(err::InvalidProperty, Name() + ".Value");
   if (assign(value_, v, "Value")) fire(onChange);
 }
 
@@ -48,4 +49,4 @@ const std::vector<Property>& ScrollBar::properties() const {
   return props;
 }
 
-}  // namespace tk
+}  // namespace vellumry::tk

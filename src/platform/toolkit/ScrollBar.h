@@ -3,7 +3,7 @@
 
 #include "platform/toolkit/Control.h"
 
-namespace tk {
+namespace vellumry::tk {
 
 class ScrollBar : public Control {
  public:
@@ -29,4 +29,4 @@ class ScrollBar : public Control {
   int min_ = 0, max_ = 32767, value_ = 0, smallChange_ = 1, largeChange_ = 1;
 };
 
-}  // namespace tk
+}  // namespace vellumry::tk

@@ -7,7 +7,7 @@
 
 #include "platform/toolkit/Error.h"
 
-namespace tk {
+namespace vellumry::tk {
 
 double toNumber(const Value& v) {
   if (auto* d = std::get_if<double>(&v)) return *d;
@@ -51,18 +51,28 @@ std::string toUpper(std::string_view s) {
   return out;
 }
 
-}  // namespace tk
+}  // namespace vellumry::tk
 
-namespace tk {
+namespace vellumry::tk {
 std::string jsonQuote(std::string_view s) {
   std::string out = "\"";
   for (char c : s) {
     switch (c) {
-      case '"': out += "\\\""; break;
-      case '\\': out += "\\\\"; break;
-      case '\n': out += "\\n"; break;
-      case '\r': out += "\\r"; break;
-      case '\t': out += "\\t"; break;
+      case '"':
+        out += "\\\"";
+        break;
+      case '\\':
+        out += "\\\\";
+        break;
+      case '\n':
+        out += "\\n";
+        break;
+      case '\r':
+        out += "\\r";
+        break;
+      case '\t':
+        out += "\\t";
+        break;
       default:
         if (static_cast<unsigned char>(c) < 0x20) {
           char buf[8];
@@ -75,4 +85,4 @@ std::string jsonQuote(std::string_view s) {
   }
   return out + "\"";
 }
-}  // namespace tk
+}  // namespace vellumry::tk

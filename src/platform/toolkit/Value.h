@@ -5,7 +5,7 @@
 #include <string_view>
 #include <variant>
 
-namespace tk {
+namespace vellumry::tk {
 
 using Value = std::variant<std::monostate, bool, double, std::string>;
 
@@ -19,9 +19,9 @@ std::string toText(const Value& v);
 bool iequals(std::string_view a, std::string_view b);
 std::string toUpper(std::string_view s);
 
-}  // namespace tk
+}  // namespace vellumry::tk
 
-namespace tk {
+namespace vellumry::tk {
 // `s` as a JSON string, quotes included.
 std::string jsonQuote(std::string_view s);
-}  // namespace tk
+}  // namespace vellumry::tk

@@ -1,0 +1,14 @@
+// The directory, then every entry (at most 8).
+#include "platform/codecs/IcoCodec.h"
+
+using namespace vellumry;
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  const std::span<const uint8_t> bytes(data, size);
+  const auto dir = codecs::ReadIconDirectory(bytes);
+  codecs::DecodeIcon(bytes, {});
+  if (!dir) return 0;
+  const int entries = std::min<int>(static_cast<int>(dir->entries.size()), 8);
+  for (int i = 0; i < entries; ++i) codecs::DecodeIconEntry(bytes, i, {});
+  return 0;
+}

@@ -1,0 +1,12 @@
+// The first page and, when there is one, the second.
+#include "platform/codecs/TiffCodec.h"
+
+using namespace vellumry;
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+  const std::span<const uint8_t> bytes(data, size);
+  const auto info = codecs::ProbeTiff(bytes);
+  codecs::DecodeTiff(bytes, 0, {});
+  if (info && info->frameCount > 1) codecs::DecodeTiff(bytes, 1, {});
+  return 0;
+}

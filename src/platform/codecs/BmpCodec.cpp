@@ -1,0 +1,50 @@
+#include "platform/codecs/BmpCodec.h"
+
+#include "platform/codecs/Dib.h"
+
+namespace vellumry::codecs {
+
+namespace {
+
+constexpr uint64_t kFileHeaderSize = 14;
+
+bool IsBmp(std::span<const uint8_t> bytes) {
+  return bytes.size() >= 2 && bytes[0] == 'B' && bytes[1] == 'M';
+}
+
+ImageInfo InfoOf(const DibHeader& h) {
+  ImageInfo info;
+  info.format = Format::kBmp;
+  info.width = h.width;
+  info.height = h.height;
+  info.bitsPerPixel = h.bitsPerPixel;
+  info.hasAlpha = h.bitsPerPixel == 32 || (h.bitsPerPixel == 16 && h.masks[3] != 0);
+  return info;
+}
+
+}  // namespace
+
+Expected<ImageInfo> ProbeBmp(std::span<const uint8_t> bytes) {
+  if (!IsBmp(bytes)) return Error::kUnknownFormat;
+  auto header = ParseDibHeader(ByteReader(bytes), kFileHeaderSize, false);
+  if (!header) return header.error();
+  return InfoOf(*header);
+}
+
+Expected<Decoded> DecodeBmp(std::span<const uint8_t> bytes, const Leniency& leniency) {
+  if (!IsBmp(bytes)) return Error::kUnknownFormat;
+  const ByteReader in(bytes);
+  auto header = ParseDibHeader(in, kFileHeaderSize, false);
+  if (!header) return header.error();
+  // The file header's pixel offset wins when it points behind the colour table and inside the
+  // file; writers that leave it wrong get the pixels right behind the table.
+  uint64_t pixelsAt = header->tableEnd;
+  const uint32_t declared = *in.Le32(10);
+  if (declared >= header->tableEnd && declared < bytes.size()) pixelsAt = declared;
+  auto pixels =
+      ReadDibPixels(*header, bytes.subspan(std::min<uint64_t>(pixelsAt, bytes.size())), leniency);
+  if (!pixels) return pixels.error();
+  return Decoded{std::move(*pixels), InfoOf(*header)};
+}
+
+}  // namespace vellumry::codecs

@@ -1,0 +1,101 @@
+#include "platform/codecs/Codecs.h"
+
+#include "platform/codecs/BmpCodec.h"
+#include "platform/codecs/GifCodec.h"
+#include "platform/codecs/IcoCodec.h"
+#include "platform/codecs/JpegCodec.h"
+#include "platform/codecs/MetafileProbe.h"
+#include "platform/codecs/PngCodec.h"
+#include "platform/codecs/TiffCodec.h"
+
+namespace vellumry::codecs {
+
+const char* ErrorName(Error error) {
+  switch (error) {
+    case Error::kUnknownFormat:
+      return "unknown format";
+    case Error::kUnsupported:
+      return "unsupported";
+    case Error::kTruncated:
+      return "truncated";
+    case Error::kCorrupt:
+      return "corrupt";
+    case Error::kTooLarge:
+      return "too large";
+    case Error::kOutOfRange:
+      return "out of range";
+  }
+  return "?";
+}
+
+Expected<ImageInfo> Probe(std::span<const uint8_t> bytes) {
+  using ProbeFn = Expected<ImageInfo> (*)(std::span<const uint8_t>);
+  // Each probe answers kUnknownFormat unless the first bytes are its own.
+  for (const ProbeFn probe :
+       {ProbeJpeg, ProbePng, ProbeGif, ProbeTiff, ProbeBmp, ProbeIcon, ProbeMetafile}) {
+    auto info = probe(bytes);
+    if (info || info.error() != Error::kUnknownFormat) return info;
+  }
+  return Error::kUnknownFormat;
+}
+
+std::vector<gdi::Size> NativeSizes(const ImageInfo& info) {
+  switch (info.format) {
+    case Format::kUnknown:
+    case Format::kEmf:
+    case Format::kWmf:
+      return {};
+    case Format::kJpeg:
+      return JpegNativeSizes(info.width, info.height);
+    default:
+      return {{info.width, info.height}};
+  }
+}
+
+gdi::Size NativeSizeFor(const ImageInfo& info, gdi::Size wanted) {
+  const gdi::Size full{info.width, info.height};
+  if (wanted.width <= 0 || wanted.height <= 0) return full;
+  for (const gdi::Size size : NativeSizes(info)) {
+    if (size.width >= wanted.width && size.height >= wanted.height) return size;
+  }
+  return full;
+}
+
+Expected<Decoded> Decode(std::span<const uint8_t> bytes, int wantedWidth, int wantedHeight,
+                         const Leniency& leniency) {
+  auto info = Probe(bytes);
+  if (!info) return info.error();
+  switch (info->format) {
+    case Format::kJpeg: {
+      const gdi::Size native = NativeSizeFor(*info, {wantedWidth, wantedHeight});
+      const auto sizes = JpegNativeSizes(info->width, info->height);
+      int eighths = 8;
+      for (int n = 1; n <= 8; ++n) {
+        if (sizes[n - 1] == native) {
+          eighths = n;
+          break;
+        }
+      }
+      return DecodeJpeg(bytes, eighths, leniency);
+    }
+    case Format::kPng:
+      return DecodePng(bytes, leniency);
+    case Format::kTiff:
+      return DecodeTiff(bytes, 0, leniency);
+    case Format::kGif:
+      return DecodeGif(bytes, leniency);
+    case Format::kBmp:
+      return DecodeBmp(bytes, leniency);
+    case Format::kIco:
+    case Format::kCur:
+      return DecodeIcon(bytes, leniency);
+    case Format::kEmf:
+    case Format::kWmf:
+      return Error::kUnsupported;
+    case Format::kUnknown:
+      break;
+  }
+  return Error::kUnknownFormat;
+}
+
+}  // namespace vellumry::codecs

@@ -1,0 +1,55 @@
+#pragma once
+
+// The decoders behind one small interface. None of these functions throws or crashes on bad
+// input: failures come back as an Error. Sizes are pixels; bytes are borrowed for the length of
+// the call only.
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "platform/codecs/Expected.h"
+#include "platform/codecs/Leniency.h"
+#include "platform/gdi/Surface.h"
+
+namespace vellumry::codecs {
+
+enum class Format { kUnknown, kJpeg, kPng, kTiff, kGif, kBmp, kIco, kCur, kEmf, kWmf };
+
+// What a header tells without decoding pixels.
+struct ImageInfo {
+  Format format = Format::kUnknown;
+  int width = 0;  // pixels; 0 when the header doesn't say (a non-placeable WMF)
+  int height = 0;
+  int bitsPerPixel = 0;   // as stored: 1 to 64 (JPEG: 8 a component)
+  bool hasAlpha = false;  // the stored pixels carry an alpha channel or a transparent colour
+  int frameCount = 1;     // GIF frames, TIFF pages, icon entries; 1 for the rest
+};
+
+struct Decoded {
+  gdi::Surface surface;  // top-down; alpha mode says what the fourth byte means
+  ImageInfo info;
+};
+
+// Recognises the format from its first bytes and reads its header. Never touches pixel data.
+// Returns kUnknownFormat for anything it doesn't recognise, kTruncated/kCorrupt for a broken
+// header of a recognised format.
+Expected<ImageInfo> Probe(std::span<const uint8_t> bytes);
+
+// Decodes the first image (frame, page, default icon entry) at the smallest size its format
+// produces directly that covers wantedWidth x wantedHeight (0, 0: full size). Only JPEG scales
+// natively, in eighths; the others come back at full size. EMF and WMF are refused
+// (kUnsupported). Pictures whose header asks for more than kMaxPixelBytes are refused
+// (kTooLarge) before anything is allocated.
+Expected<Decoded> Decode(std::span<const uint8_t> bytes, int wantedWidth = 0, int wantedHeight = 0,
+                         const Leniency& leniency = {});
+
+// The sizes Decode can produce directly for a picture of this header, smallest first; the last
+// is the full size. Empty for formats Decode refuses.
+std::vector<gdi::Size> NativeSizes(const ImageInfo& info);
+
+// The smallest of NativeSizes covering `wanted` in both directions, else the full size. A 0 in
+// `wanted` means full size.
+gdi::Size NativeSizeFor(const ImageInfo& info, gdi::Size wanted);
+
+}  // namespace vellumry::codecs

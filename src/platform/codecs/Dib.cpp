@@ -1,0 +1,242 @@
+#include "platform/codecs/Dib.h"
+
+#include <bit>
+#include <cstdlib>
+
+#include "platform/codecs/Limits.h"
+
+namespace vellumry::codecs {
+
+namespace {
+
+constexpr uint32_t kOs2CoreHeader = 12;
+
+// Turns a bit-field mask into an 8-bit channel value.
+class Channel {
+ public:
+  explicit Channel(uint32_t mask)
+      : mask_(mask), shift_(mask ? std::countr_zero(mask) : 0), bits_(std::popcount(mask)) {}
+  bool present() const { return mask_ != 0; }
+  uint8_t Get(uint32_t pixel) const {
+    if (!mask_) return 0;
+    const uint32_t v = (pixel & mask_) >> shift_;
+    if (bits_ >= 8) return static_cast<uint8_t>(v >> (bits_ - 8));
+    const uint32_t max = (1u << bits_) - 1;
+    return static_cast<uint8_t>((v * 255 + max / 2) / max);
+  }
+
+ private:
+  uint32_t mask_;
+  int shift_;
+  int bits_;
+};
+
+uint32_t PaletteColor(const DibHeader& h, uint32_t index) {
+  // Indices beyond the table read as black.
+  return index < h.palette.size() ? h.palette[index] : 0xFF000000u;
+}
+
+// Expands RLE8/RLE4 data into one palette index a pixel, bottom-up rows as stored. Pixels the
+// data skips (deltas, early line ends) keep index 0. Returns false when the data ends before its
+// end-of-bitmap code.
+bool ExpandRle(const DibHeader& h, std::span<const uint8_t> data, std::vector<uint8_t>& indices) {
+  const bool four = h.compression == kBiRle4;
+  int64_t x = 0, y = 0;
+  size_t at = 0;
+  auto put = [&](uint8_t index) {
+    if (x < h.width && y < h.height) indices[static_cast<size_t>(y) * h.width + x] = index;
+    ++x;
+  };
+  while (at + 2 <= data.size()) {
+    const uint8_t count = data[at], value = data[at + 1];
+    at += 2;
+    if (count > 0) {
+      for (int i = 0; i < count && x < h.width; ++i) {
+        put(four ? ((i & 1) ? value & 0x0F : value >> 4) : value);
+      }
+      continue;
+    }
+    if (value == 0) {  // end of line
+      x = 0;
+      ++y;
+    } else if (value == 1) {  // end of bitmap
+      return true;
+    } else if (value == 2) {  // delta
+      if (at + 2 > data.size()) return false;
+      x += data[at];
+      y += data[at + 1];
+      at += 2;
+    } else {  // a literal run, padded to a 16-bit boundary
+      const size_t bytes = four ? (value + 1u) / 2 : value;
+      if (at + bytes > data.size()) return false;
+      for (int i = 0; i < value; ++i) {
+        const uint8_t b = data[at + (four ? i / 2 : i)];
+        put(four ? ((i & 1) ? b & 0x0F : b >> 4) : b);
+      }
+      at += bytes + (bytes & 1);
+    }
+    if (y >= h.height) return true;
+  }
+  return false;
+}
+
+Expected<gdi::Surface> ReadRle(const DibHeader& h, std::span<const uint8_t> data,
+                               const Leniency& leniency) {
+  std::vector<uint8_t> indices(static_cast<size_t>(h.width) * h.height, 0);
+  if (!ExpandRle(h, data, indices) && !leniency.bmpShortPixels) return Error::kTruncated;
+  gdi::Surface out(h.width, h.height, gdi::AlphaMode::kOpaque);
+  for (int y = 0; y < h.height; ++y) {
+    const uint8_t* in = indices.data() + static_cast<size_t>(h.height - 1 - y) * h.width;
+    uint32_t* px = out.Row(y);
+    for (int x = 0; x < h.width; ++x) px[x] = PaletteColor(h, in[x]);
+  }
+  return out;
+}
+
+void DecodeRow(const DibHeader& h, const uint8_t* in, uint32_t* px, const Channel (&ch)[4]) {
+  const int bits = h.bitsPerPixel;
+  for (int x = 0; x < h.width; ++x) {
+    switch (bits) {
+      case 1:
+      case 2:
+      case 4:
+      case 8: {
+        const int bit = x * bits;
+        const uint32_t index = (in[bit / 8] >> (8 - bits - bit % 8)) & ((1u << bits) - 1);
+        px[x] = PaletteColor(h, index);
+        break;
+      }
+      case 24:
+        px[x] = gdi::Argb(255, in[x * 3 + 2], in[x * 3 + 1], in[x * 3]);
+        break;
+      default: {  // 16 and 32 bits
+        const uint32_t v = bits == 16
+                               ? uint32_t{in[x * 2]} | uint32_t{in[x * 2 + 1]} << 8
+                               : uint32_t{in[x * 4]} | uint32_t{in[x * 4 + 1]} << 8 |
+                                     uint32_t{in[x * 4 + 2]} << 16 | uint32_t{in[x * 4 + 3]} << 24;
+        if (bits == 32 && h.compression == kBiRgb) {
+          px[x] = v;  // the fourth byte as stored
+        } else {
+          const uint8_t a = ch[3].present() ? ch[3].Get(v) : 255;
+          px[x] = gdi::Argb(a, ch[0].Get(v), ch[1].Get(v), ch[2].Get(v));
+        }
+      }
+    }
+  }
+}
+
+}  // namespace
+
+uint64_t DibRowBytes(int bitsPerPixel, int width) {
+  return (static_cast<uint64_t>(bitsPerPixel) * static_cast<uint64_t>(width) + 31) / 32 * 4;
+}
+
+Expected<DibHeader> ParseDibHeader(const ByteReader& in, uint64_t at, bool iconImage) {
+  DibHeader h;
+  const auto size = in.Le32(at);
+  if (!size) return Error::kTruncated;
+  h.headerSize = *size;
+  if (h.headerSize != kOs2CoreHeader && (h.headerSize < 16 || h.headerSize > 4096)) {
+    return Error::kCorrupt;
+  }
+  if (!in.Has(at, h.headerSize)) return Error::kTruncated;
+  int64_t width = 0, height = 0;
+  if (h.headerSize == kOs2CoreHeader) {
+    width = *in.Le16(at + 4);
+    height = *in.Le16(at + 6);
+    h.bitsPerPixel = *in.Le16(at + 10);
+  } else {
+    width = static_cast<int32_t>(*in.Le32(at + 4));
+    height = static_cast<int32_t>(*in.Le32(at + 8));
+    h.bitsPerPixel = *in.Le16(at + 14);
+    if (h.headerSize >= 20) h.compression = *in.Le32(at + 16);
+  }
+  const bool os2v2 = h.headerSize == 64 || (h.headerSize > 12 && h.headerSize < 40);
+  if (os2v2 && (h.compression == 3 || h.compression == 4)) return Error::kUnsupported;
+  if (h.compression == 4 || h.compression == 5) return Error::kUnsupported;  // JPEG, PNG inside
+  if (h.compression != kBiRgb && h.compression != kBiRle8 && h.compression != kBiRle4 &&
+      h.compression != kBiBitFields && h.compression != kBiAlphaBitFields) {
+    return Error::kCorrupt;
+  }
+  h.topDown = height < 0;
+  height = std::abs(height);
+  if (iconImage) height /= 2;
+  if (width <= 0 || height <= 0) return Error::kCorrupt;
+  if (!FitsPixelBudget(width, height)) return Error::kTooLarge;
+  h.width = static_cast<int>(width);
+  h.height = static_cast<int>(height);
+  switch (h.bitsPerPixel) {
+    case 1:
+    case 2:
+    case 4:
+    case 8:
+    case 16:
+    case 24:
+    case 32:
+      break;
+    default:
+      return Error::kUnsupported;
+  }
+  if ((h.compression == kBiRle8 && h.bitsPerPixel != 8) ||
+      (h.compression == kBiRle4 && h.bitsPerPixel != 4) ||
+      ((h.compression == kBiRle8 || h.compression == kBiRle4) && h.topDown)) {
+    return Error::kCorrupt;
+  }
+  const bool fields = h.compression == kBiBitFields || h.compression == kBiAlphaBitFields;
+  if (fields && h.bitsPerPixel != 16 && h.bitsPerPixel != 32) return Error::kCorrupt;
+
+  uint64_t next = at + h.headerSize;
+  if (fields) {
+    // Masks lie inside a large header, or right behind a 40-byte one.
+    const int count = h.compression == kBiAlphaBitFields || h.headerSize >= 56 ? 4 : 3;
+    uint64_t maskAt = at + 40;
+    if (h.headerSize < 40 + 4u * count) {
+      maskAt = next;
+      next += 4u * count;
+    }
+    for (int i = 0; i < count; ++i) {
+      const auto mask = in.Le32(maskAt + 4u * i);
+      if (!mask) return Error::kTruncated;
+      h.masks[i] = *mask;
+    }
+  } else if (h.bitsPerPixel == 16) {
+    h.masks = {0x7C00, 0x03E0, 0x001F, 0};
+  }
+
+  const uint32_t used = h.headerSize >= 36 ? *in.Le32(at + 32) : 0;
+  const uint64_t entrySize = h.headerSize == kOs2CoreHeader ? 3 : 4;
+  uint64_t entries = used;
+  if (h.bitsPerPixel <= 8 && used == 0) entries = uint64_t{1} << h.bitsPerPixel;
+  if (!in.Has(next, entries * entrySize)) return Error::kTruncated;
+  const uint64_t kept = h.bitsPerPixel <= 8 ? std::min<uint64_t>(entries, 256) : 0;
+  for (uint64_t i = 0; i < kept; ++i) {
+    const uint64_t e = next + i * entrySize;
+    h.palette.push_back(gdi::Argb(255, *in.U8(e + 2), *in.U8(e + 1), *in.U8(e)));
+  }
+  h.tableEnd = next + entries * entrySize;
+  return h;
+}
+
+Expected<gdi::Surface> ReadDibPixels(const DibHeader& h, std::span<const uint8_t> data,
+                                     const Leniency& leniency) {
+  if (h.compression == kBiRle8 || h.compression == kBiRle4) return ReadRle(h, data, leniency);
+  const uint64_t stride = DibRowBytes(h.bitsPerPixel, h.width);
+  const uint64_t rowsThere = std::min<uint64_t>(data.size() / stride, h.height);
+  if (rowsThere < static_cast<uint64_t>(h.height) && !leniency.bmpShortPixels) {
+    return Error::kTruncated;
+  }
+  gdi::AlphaMode alpha = gdi::AlphaMode::kOpaque;
+  if (h.bitsPerPixel == 32 && h.compression == kBiRgb) alpha = gdi::AlphaMode::kUnknown;
+  const bool fields = h.compression == kBiBitFields || h.compression == kBiAlphaBitFields;
+  if (fields && h.masks[3] != 0) alpha = gdi::AlphaMode::kStraight;
+  const Channel channels[4] = {Channel(h.masks[0]), Channel(h.masks[1]), Channel(h.masks[2]),
+                               Channel(h.masks[3])};
+  gdi::Surface out(h.width, h.height, alpha);
+  for (uint64_t r = 0; r < rowsThere; ++r) {
+    const int y = h.topDown ? static_cast<int>(r) : h.height - 1 - static_cast<int>(r);
+    DecodeRow(h, data.data() + r * stride, out.Row(y), channels);
+  }
+  return out;
+}
+
+}  // namespace vellumry::codecs

@@ -1,0 +1,165 @@
+#include "platform/codecs/PngCodec.h"
+
+#include <png.h>
+
+#include <csetjmp>
+#include <cstring>
+#include <vector>
+
+#include "platform/codecs/ByteReader.h"
+#include "platform/codecs/Limits.h"
+
+namespace vellumry::codecs {
+
+namespace {
+
+constexpr uint8_t kSignature[8] = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
+
+struct Input {
+  std::span<const uint8_t> bytes;
+  size_t position = 0;
+};
+
+void ReadFromMemory(png_structp png, png_bytep out, size_t length) {
+  auto* input = static_cast<Input*>(png_get_io_ptr(png));
+  if (length > input->bytes.size() - input->position) png_error(png, "truncated");
+  std::memcpy(out, input->bytes.data() + input->position, length);
+  input->position += length;
+}
+
+void OnError(png_structp png, png_const_charp) { png_longjmp(png, 1); }
+void OnWarning(png_structp, png_const_charp) {}
+
+class Reader {
+ public:
+  Reader() {
+    png_ = png_create_read_struct(PNG_LIBPNG_VER_STRING, nullptr, OnError, OnWarning);
+    if (png_) info_ = png_create_info_struct(png_);
+  }
+  ~Reader() { png_destroy_read_struct(&png_, info_ ? &info_ : nullptr, nullptr); }
+  bool ok() const { return png_ && info_; }
+  png_structp png() { return png_; }
+  png_infop info() { return info_; }
+
+ private:
+  png_structp png_ = nullptr;
+  png_infop info_ = nullptr;
+};
+
+int Channels(int colorType) {
+  switch (colorType) {
+    case PNG_COLOR_TYPE_GRAY_ALPHA:
+      return 2;
+    case PNG_COLOR_TYPE_RGB:
+      return 3;
+    case PNG_COLOR_TYPE_RGB_ALPHA:
+      return 4;
+    default:
+      return 1;
+  }
+}
+
+// Which stage a failing decode reached, to tell a damaged end from damaged pixels.
+enum class Stage { kHeader, kRows, kEnd, kDone };
+
+// The decode proper; objects it fills live in the caller (see the note on jumps in the JPEG
+// decoder).
+Stage RunDecode(Reader& r, Input& input, Decoded& out, std::vector<png_bytep>& rows, Error& error) {
+  png_structp png = r.png();
+  png_infop info = r.info();
+  volatile Stage stage = Stage::kHeader;  // read after a jump back
+  if (setjmp(png_jmpbuf(png))) return stage;
+  png_set_read_fn(png, &input, ReadFromMemory);
+  png_read_info(png, info);
+  const png_uint_32 width = png_get_image_width(png, info);
+  const png_uint_32 height = png_get_image_height(png, info);
+  if (!FitsPixelBudget(width, height)) {
+    error = Error::kTooLarge;
+    return stage;
+  }
+  const int colorType = png_get_color_type(png, info);
+  const bool alpha =
+      (colorType & PNG_COLOR_MASK_ALPHA) != 0 || png_get_valid(png, info, PNG_INFO_tRNS) != 0;
+  out.info.width = static_cast<int>(width);
+  out.info.height = static_cast<int>(height);
+  out.info.bitsPerPixel = png_get_bit_depth(png, info) * Channels(colorType);
+  out.info.hasAlpha = alpha;
+
+  png_set_expand(png);
+  png_set_scale_16(png);
+  png_set_gray_to_rgb(png);
+  png_set_bgr(png);
+  if (!alpha) png_set_filler(png, 0xFF, PNG_FILLER_AFTER);
+  png_set_interlace_handling(png);
+  png_read_update_info(png, info);
+  if (png_get_rowbytes(png, info) != size_t{width} * 4) {
+    error = Error::kUnsupported;
+    return stage;
+  }
+  out.surface = gdi::Surface(static_cast<int>(width), static_cast<int>(height),
+                             alpha ? gdi::AlphaMode::kStraight : gdi::AlphaMode::kOpaque);
+  rows.resize(height);
+  for (png_uint_32 y = 0; y < height; ++y) {
+    rows[y] = reinterpret_cast<png_bytep>(out.surface.Row(static_cast<int>(y)));
+  }
+  stage = Stage::kRows;
+  png_read_image(png, rows.data());
+  stage = Stage::kEnd;
+  png_read_end(png, nullptr);
+  return Stage::kDone;
+}
+
+}  // namespace
+
+Expected<ImageInfo> ProbePng(std::span<const uint8_t> bytes) {
+  if (bytes.size() < 8 || std::memcmp(bytes.data(), kSignature, 8) != 0) {
+    return Error::kUnknownFormat;
+  }
+  const ByteReader in(bytes);
+  const auto length = in.Be32(8);
+  const auto type = in.Be32(12);
+  const auto width = in.Be32(16);
+  const auto height = in.Be32(20);
+  const auto depth = in.U8(24);
+  const auto colorType = in.U8(25);
+  if (!length || !type || !width || !height || !depth || !colorType) return Error::kTruncated;
+  if (*type != 0x49484452 /* IHDR */ || *length != 13 || *width == 0 || *height == 0 ||
+      *width > 0x7FFFFFFF || *height > 0x7FFFFFFF) {
+    return Error::kCorrupt;
+  }
+  ImageInfo info;
+  info.format = Format::kPng;
+  info.width = static_cast<int>(*width);
+  info.height = static_cast<int>(*height);
+  info.bitsPerPixel = *depth * Channels(*colorType);
+  info.hasAlpha = (*colorType & PNG_COLOR_MASK_ALPHA) != 0;
+  // Walk the chunks before the image data for a transparent colour.
+  uint64_t at = 8;
+  for (int chunks = 0; !info.hasAlpha && chunks < 1000; ++chunks) {
+    const auto chunkLength = in.Be32(at);
+    const auto chunkType = in.Be32(at + 4);
+    if (!chunkLength || !chunkType || *chunkType == 0x49444154 /* IDAT */) break;
+    if (*chunkType == 0x74524E53 /* tRNS */) info.hasAlpha = true;
+    at += uint64_t{*chunkLength} + 12;
+  }
+  return info;
+}
+
+Expected<Decoded> DecodePng(std::span<const uint8_t> bytes, const Leniency& leniency) {
+  if (bytes.size() < 8 || std::memcmp(bytes.data(), kSignature, 8) != 0) {
+    return Error::kUnknownFormat;
+  }
+  Reader reader;
+  if (!reader.ok()) return Error::kCorrupt;
+  Input input{bytes};
+  Decoded out;
+  out.info.format = Format::kPng;
+  std::vector<png_bytep> rows;
+  Error error = Error::kCorrupt;
+  const Stage reached = RunDecode(reader, input, out, rows, error);
+  if (reached == Stage::kDone || (reached == Stage::kEnd && leniency.pngMissingEnd)) return out;
+  if (input.position >= bytes.size()) return Error::kTruncated;
+  return error;
+}
+
+}  // namespace vellumry::codecs

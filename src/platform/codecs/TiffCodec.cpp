@@ -1,0 +1,144 @@
+#include "platform/codecs/TiffCodec.h"
+
+#include <tiffio.h>
+
+#include <cstring>
+#include <memory>
+
+#include "platform/codecs/Limits.h"
+
+namespace vellumry::codecs {
+
+namespace {
+
+struct Input {
+  std::span<const uint8_t> bytes;
+  uint64_t position = 0;
+};
+
+tmsize_t ReadProc(thandle_t handle, void* out, tmsize_t size) {
+  auto* in = static_cast<Input*>(handle);
+  if (size <= 0 || in->position >= in->bytes.size()) return 0;
+  const uint64_t n =
+      std::min<uint64_t>(static_cast<uint64_t>(size), in->bytes.size() - in->position);
+  std::memcpy(out, in->bytes.data() + in->position, n);
+  in->position += n;
+  return static_cast<tmsize_t>(n);
+}
+
+tmsize_t WriteProc(thandle_t, void*, tmsize_t) { return -1; }
+
+toff_t SeekProc(thandle_t handle, toff_t offset, int whence) {
+  auto* in = static_cast<Input*>(handle);
+  uint64_t base = 0;
+  if (whence == SEEK_CUR) base = in->position;
+  if (whence == SEEK_END) base = in->bytes.size();
+  if (offset > UINT64_MAX - base) return static_cast<toff_t>(-1);
+  in->position = base + offset;
+  return in->position;
+}
+
+int CloseProc(thandle_t) { return 0; }
+toff_t SizeProc(thandle_t handle) { return static_cast<Input*>(handle)->bytes.size(); }
+
+int MapProc(thandle_t handle, void** base, toff_t* size) {
+  auto* in = static_cast<Input*>(handle);
+  *base = const_cast<uint8_t*>(in->bytes.data());
+  *size = in->bytes.size();
+  return 1;
+}
+
+void UnmapProc(thandle_t, void*, toff_t) {}
+
+int Quiet(TIFF*, void*, const char*, const char*, va_list) { return 1; }
+
+struct TiffCloser {
+  void operator()(TIFF* tif) const { TIFFClose(tif); }
+};
+using TiffHandle = std::unique_ptr<TIFF, TiffCloser>;
+
+bool IsTiff(std::span<const uint8_t> bytes) {
+  return bytes.size() >= 4 &&
+         ((bytes[0] == 'I' && bytes[1] == 'I' && bytes[2] == 42 && bytes[3] == 0) ||
+          (bytes[0] == 'M' && bytes[1] == 'M' && bytes[2] == 0 && bytes[3] == 42) ||
+          (bytes[0] == 'I' && bytes[1] == 'I' && bytes[2] == 43 && bytes[3] == 0) ||
+          (bytes[0] == 'M' && bytes[1] == 'M' && bytes[2] == 0 && bytes[3] == 43));
+}
+
+// Opens the bytes without libtiff printing anything, with its allocations capped.
+TiffHandle Open(Input& input) {
+  TIFFOpenOptions* options = TIFFOpenOptionsAlloc();
+  if (!options) return nullptr;
+  TIFFOpenOptionsSetErrorHandlerExtR(options, Quiet, nullptr);
+  TIFFOpenOptionsSetWarningHandlerExtR(options, Quiet, nullptr);
+  TIFFOpenOptionsSetMaxSingleMemAlloc(options, static_cast<tmsize_t>(kMaxPixelBytes));
+  TIFF* tif = TIFFClientOpenExt("memory", "rm", &input, ReadProc, WriteProc, SeekProc, CloseProc,
+                                SizeProc, MapProc, UnmapProc, options);
+  TIFFOpenOptionsFree(options);
+  return TiffHandle(tif);
+}
+
+ImageInfo InfoOf(TIFF* tif) {
+  uint32_t width = 0, height = 0;
+  uint16_t bits = 1, samples = 1, extraCount = 0;
+  uint16_t* extra = nullptr;
+  TIFFGetField(tif, TIFFTAG_IMAGEWIDTH, &width);
+  TIFFGetField(tif, TIFFTAG_IMAGELENGTH, &height);
+  TIFFGetFieldDefaulted(tif, TIFFTAG_BITSPERSAMPLE, &bits);
+  TIFFGetFieldDefaulted(tif, TIFFTAG_SAMPLESPERPIXEL, &samples);
+  TIFFGetFieldDefaulted(tif, TIFFTAG_EXTRASAMPLES, &extraCount, &extra);
+  ImageInfo info;
+  info.format = Format::kTiff;
+  info.width = width > 0x7FFFFFFF ? 0 : static_cast<int>(width);
+  info.height = height > 0x7FFFFFFF ? 0 : static_cast<int>(height);
+  info.bitsPerPixel = bits * samples;
+  info.hasAlpha = extraCount > 0;
+  return info;
+}
+
+}  // namespace
+
+Expected<ImageInfo> ProbeTiff(std::span<const uint8_t> bytes) {
+  if (!IsTiff(bytes)) return Error::kUnknownFormat;
+  Input input{bytes};
+  const TiffHandle tif = Open(input);
+  if (!tif) return Error::kCorrupt;
+  ImageInfo info = InfoOf(tif.get());
+  if (info.width == 0 || info.height == 0) return Error::kCorrupt;
+  info.frameCount = static_cast<int>(std::min<tdir_t>(TIFFNumberOfDirectories(tif.get()), 0xFFFF));
+  return info;
+}
+
+Expected<Decoded> DecodeTiff(std::span<const uint8_t> bytes, int page, const Leniency& leniency) {
+  if (!IsTiff(bytes)) return Error::kUnknownFormat;
+  Input input{bytes};
+  const TiffHandle tif = Open(input);
+  if (!tif) return Error::kCorrupt;
+  if (page < 0 || (page > 0 && !TIFFSetDirectory(tif.get(), static_cast<tdir_t>(page)))) {
+    return Error::kOutOfRange;
+  }
+  Decoded out;
+  out.info = InfoOf(tif.get());
+  if (!FitsPixelBudget(out.info.width, out.info.height)) {
+    return out.info.width == 0 || out.info.height == 0 ? Error::kCorrupt : Error::kTooLarge;
+  }
+  char message[1024];
+  if (!TIFFRGBAImageOK(tif.get(), message)) return Error::kUnsupported;
+
+  out.surface =
+      gdi::Surface(out.info.width, out.info.height,
+                   out.info.hasAlpha ? gdi::AlphaMode::kPremultiplied : gdi::AlphaMode::kOpaque);
+  const int stopOnError = leniency.tiffDamagedStrips ? 0 : 1;
+  if (!TIFFReadRGBAImageOriented(tif.get(), static_cast<uint32_t>(out.info.width),
+                                 static_cast<uint32_t>(out.info.height),
+                                 out.surface.Pixels().data(), ORIENTATION_TOPLEFT, stopOnError)) {
+    return Error::kCorrupt;
+  }
+  // libtiff packs R in the low byte; our pixels keep B there.
+  for (uint32_t& p : out.surface.Pixels()) {
+    p = (p & 0xFF00FF00u) | ((p & 0xFFu) << 16) | ((p >> 16) & 0xFFu);
+  }
+  return out;
+}
+
+}  // namespace vellumry::codecs

@@ -1,0 +1,86 @@
+// Every file of the conformance suites either decodes or is refused with a reason; none crashes
+// the decoder, and each suite's good files mostly decode.
+#include <gtest/gtest.h>
+
+#include "codecs/TestFiles.h"
+#include "platform/codecs/Codecs.h"
+
+namespace vellumry::codecs {
+namespace {
+
+using testing::Corpus;
+using testing::FilesBelow;
+using testing::ReadFile;
+
+struct SuiteCase {
+  const char* dir;
+  Format format;
+  int minDecoded;  // files of that format the suite holds that must decode
+};
+
+class CorpusWalk : public ::testing::TestWithParam<SuiteCase> {};
+
+TEST_P(CorpusWalk, EachFileDecodesOrIsRefused) {
+  const SuiteCase& suite = GetParam();
+  SKIP_WITHOUT(Corpus(suite.dir));
+  int decoded = 0;
+  for (const auto& path : FilesBelow(Corpus(suite.dir))) {
+    const std::vector<uint8_t> bytes = ReadFile(path);
+    const auto info = Probe(bytes);
+    const auto result = Decode(bytes);
+    if (!result) continue;
+    ASSERT_TRUE(info) << path;
+    EXPECT_FALSE(result->surface.Empty()) << path;
+    if (info->format == suite.format) ++decoded;
+    // A half-size request never gives less than asked, nor more than full size.
+    const auto half = Decode(bytes, info->width / 2, info->height / 2);
+    ASSERT_TRUE(half) << path;
+    EXPECT_GE(half->surface.Width(), info->width / 2) << path;
+    EXPECT_LE(half->surface.Width(), result->surface.Width()) << path;
+  }
+  EXPECT_GE(decoded, suite.minDecoded);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Suites, CorpusWalk,
+    ::testing::Values(
+        SuiteCase{"jpegsuite", Format::kJpeg, 100}, SuiteCase{"jpeg-decoder", Format::kJpeg, 60},
+        SuiteCase{"pngsuite", Format::kPng, 150}, SuiteCase{"image-png", Format::kPng, 10},
+        SuiteCase{"libtiff", Format::kTiff, 15}, SuiteCase{"image-tiff", Format::kTiff, 60},
+        SuiteCase{"gif-test-suite", Format::kGif, 40}, SuiteCase{"giflib", Format::kGif, 7},
+        SuiteCase{"image-gif", Format::kGif, 5}, SuiteCase{"wuffs", Format::kGif, 20},
+        SuiteCase{"bmpsuite", Format::kBmp, 60}, SuiteCase{"rust-ico", Format::kIco, 3},
+        SuiteCase{"pillow", Format::kIco, 5}, SuiteCase{"faint-graphics-editor", Format::kCur, 2},
+        SuiteCase{"gdk-pixbuf", Format::kIco, 1}, SuiteCase{"image-rs-image", Format::kBmp, 20}),
+    [](const auto& info) {
+      std::string name = info.param.dir;
+      std::erase(name, '-');
+      return name;
+    });
+
+TEST(CorpusWalk, BrokenPngsOfThePngSuiteAreRefused) {
+  SKIP_WITHOUT(Corpus("pngsuite/png"));
+  for (const auto& path : FilesBelow(Corpus("pngsuite/png"))) {
+    if (path.filename().string()[0] != 'x') continue;
+    EXPECT_FALSE(Decode(ReadFile(path))) << path;
+  }
+}
+
+TEST(CorpusWalk, MetafilesAreRecognisedButNotDecoded) {
+  const auto emf = Corpus("pillow/Tests/images/drawing.emf");
+  const auto wmf = Corpus("pillow/Tests/images/drawing.wmf");
+  SKIP_WITHOUT(emf);
+  SKIP_WITHOUT(wmf);
+  const auto emfInfo = Probe(ReadFile(emf));
+  ASSERT_TRUE(emfInfo);
+  EXPECT_EQ(emfInfo->format, Format::kEmf);
+  EXPECT_GT(emfInfo->width, 0);
+  const auto wmfInfo = Probe(ReadFile(wmf));
+  ASSERT_TRUE(wmfInfo);
+  EXPECT_EQ(wmfInfo->format, Format::kWmf);
+  EXPECT_EQ(Decode(ReadFile(emf)).error(), Error::kUnsupported);
+  EXPECT_EQ(Decode(ReadFile(wmf)).error(), Error::kUnsupported);
+}
+
+}  // namespace
+}  // namespace vellumry::codecs

@@ -1,0 +1,97 @@
+#include "codecs/TestImages.h"
+
+#include <gif_lib.h>
+
+#include <QBuffer>
+#include <QImage>
+#include <cstdio>
+#include <cstdlib>
+// jpeglib.h needs size_t and FILE declared first.
+#include <jpeglib.h>
+
+namespace vellumry::codecs::testing {
+
+gdi::Surface Gradient(int width, int height) {
+  gdi::Surface s(width, height, gdi::AlphaMode::kOpaque);
+  for (int y = 0; y < height; ++y) {
+    for (int x = 0; x < width; ++x) {
+      s.SetPixel(x, y,
+                 gdi::Argb(255, static_cast<uint8_t>(x * 255 / std::max(1, width - 1)),
+                           static_cast<uint8_t>(y * 255 / std::max(1, height - 1)), 64));
+    }
+  }
+  return s;
+}
+
+std::vector<uint8_t> MakeJpeg(int width, int height) {
+  return MakeJpeg(Gradient(width, height), 90);
+}
+
+std::vector<uint8_t> MakeJpeg(const gdi::Surface& pixels, int quality) {
+  jpeg_compress_struct cinfo{};
+  jpeg_error_mgr errors{};
+  cinfo.err = jpeg_std_error(&errors);
+  jpeg_create_compress(&cinfo);
+  unsigned char* buffer = nullptr;
+  unsigned long size = 0;
+  jpeg_mem_dest(&cinfo, &buffer, &size);
+  cinfo.image_width = static_cast<JDIMENSION>(pixels.Width());
+  cinfo.image_height = static_cast<JDIMENSION>(pixels.Height());
+  cinfo.input_components = 4;
+  cinfo.in_color_space = JCS_EXT_BGRX;
+  jpeg_set_defaults(&cinfo);
+  jpeg_set_quality(&cinfo, quality, TRUE);
+  jpeg_start_compress(&cinfo, TRUE);
+  while (cinfo.next_scanline < cinfo.image_height) {
+    auto* row = reinterpret_cast<JSAMPROW>(
+        const_cast<uint32_t*>(pixels.Row(static_cast<int>(cinfo.next_scanline))));
+    jpeg_write_scanlines(&cinfo, &row, 1);
+  }
+  jpeg_finish_compress(&cinfo);
+  jpeg_destroy_compress(&cinfo);
+  std::vector<uint8_t> out(buffer, buffer + size);
+  std::free(buffer);
+  return out;
+}
+
+std::vector<uint8_t> MakePng(const gdi::Surface& pixels) {
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::WriteOnly);
+  pixels.View().save(&buffer, "PNG");
+  return {bytes.begin(), bytes.end()};
+}
+
+namespace {
+int Append(GifFileType* gif, const GifByteType* data, int length) {
+  auto* out = static_cast<std::vector<uint8_t>*>(gif->UserData);
+  out->insert(out->end(), data, data + length);
+  return length;
+}
+}  // namespace
+
+std::vector<uint8_t> MakeGif(int width, int height, const std::vector<uint8_t>& indices,
+                             int transparent) {
+  std::vector<uint8_t> out;
+  int error = 0;
+  GifFileType* gif = EGifOpen(&out, Append, &error);
+  GifColorType colors[4] = {{0, 0, 0}, {255, 0, 0}, {0, 255, 0}, {0, 0, 255}};
+  ColorMapObject* map = GifMakeMapObject(4, colors);
+  EGifSetGifVersion(gif, true);
+  EGifPutScreenDesc(gif, width, height, 2, 0, map);
+  if (transparent >= 0) {
+    GraphicsControlBlock gcb{DISPOSAL_UNSPECIFIED, false, 0, transparent};
+    GifByteType ext[4];
+    const size_t length = EGifGCBToExtension(&gcb, ext);
+    EGifPutExtension(gif, GRAPHICS_EXT_FUNC_CODE, static_cast<int>(length), ext);
+  }
+  EGifPutImageDesc(gif, 0, 0, width, height, false, nullptr);
+  for (int y = 0; y < height; ++y) {
+    EGifPutLine(gif, const_cast<GifPixelType*>(indices.data() + y * width), width);
+  }
+  EGifCloseFile(gif, &error);
+  GifFreeMapObject(map);
+  return out;
+}
+
+}  // namespace vellumry::codecs::testing

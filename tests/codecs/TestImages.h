@@ -1,0 +1,23 @@
+#pragma once
+
+// Small pictures made at run time with the encoders, so that tests need no stored files.
+#include <cstdint>
+#include <vector>
+
+#include "platform/gdi/Surface.h"
+
+namespace vellumry::codecs::testing {
+
+// A width x height gradient (red across, green down, blue 64), JPEG at quality 90.
+std::vector<uint8_t> MakeJpeg(int width, int height);
+// `pixels` (opaque) as a JPEG at `quality`.
+std::vector<uint8_t> MakeJpeg(const gdi::Surface& pixels, int quality);
+// `pixels` as a PNG (with alpha when the surface has straight alpha).
+std::vector<uint8_t> MakePng(const gdi::Surface& pixels);
+// A one-frame GIF of `indices` with a 4-colour table, transparent index `transparent` (-1 none).
+std::vector<uint8_t> MakeGif(int width, int height, const std::vector<uint8_t>& indices,
+                             int transparent);
+// A gradient surface like MakeJpeg's, opaque.
+gdi::Surface Gradient(int width, int height);
+
+}  // namespace vellumry::codecs::testing

@@ -1,0 +1,139 @@
+// The picture object: shared ownership, its hook, natural size, drawing and saving.
+#include <gtest/gtest.h>
+
+#include <thread>
+
+#include "platform/gdi/Blit.h"
+#include "platform/gdi/Picture.h"
+#include "platform/gdi/PixelCache.h"
+#include "platform/gdi/Units.h"
+
+namespace vellumry::gdi {
+namespace {
+
+Surface Squares() {
+  Surface s(4, 2, AlphaMode::kOpaque);
+  for (int x = 0; x < 4; ++x) {
+    s.SetPixel(x, 0, Argb(255, 0, 0, static_cast<uint8_t>(x)));
+    s.SetPixel(x, 1, Argb(255, 0, 0, static_cast<uint8_t>(4 + x)));
+  }
+  return s;
+}
+
+class RecordingManager : public PictureManager {
+ public:
+  bool Render(const Picture&, Surface& target, const RenderArgs& args) override {
+    ++renders;
+    Fill(target, {args.x, args.y, args.cx, args.cy}, 0xFFABCDEFu);
+    return take;
+  }
+  void Released(uint32_t handle) override { released.push_back(handle); }
+  bool take = true;
+  int renders = 0;
+  std::vector<uint32_t> released;
+};
+
+TEST(Picture, CopiesShareOneObjectAndTheLastReleaseIsReported) {
+  EXPECT_EQ(Picture().Handle(), 0u);
+  EXPECT_EQ(Picture().Type(), PictureType::kNone);
+  auto manager = std::make_shared<RecordingManager>();
+  uint32_t handle = 0;
+  {
+    Picture a = Picture::FromSurface(Squares());
+    a.SetManager(manager);
+    handle = a.Handle();
+    EXPECT_NE(handle, 0u);
+    Picture b = a;
+    EXPECT_TRUE(b.SameObject(a));
+    EXPECT_EQ(b.Handle(), handle);
+    a = Picture();
+    EXPECT_TRUE(manager->released.empty());
+  }
+  EXPECT_EQ(manager->released, std::vector<uint32_t>{handle});
+  // A picture that outlives its manager is harmless.
+  Picture orphan = Picture::FromSurface(Squares());
+  orphan.SetManager(manager);
+  manager.reset();
+  Surface target(4, 2, AlphaMode::kOpaque);
+  orphan.Render(target, 0, 0, 4, 2, 0, orphan.Height(), orphan.Width(), -orphan.Height());
+  EXPECT_EQ(target.Pixel(3, 1), Squares().Pixel(3, 1));
+}
+
+TEST(Picture, ManagerDrawsWhenItAcceptsAndMarksThePictureTransparent) {
+  auto manager = std::make_shared<RecordingManager>();
+  Picture p = Picture::FromSurface(Squares());
+  EXPECT_EQ(p.Attributes(), 0u);
+  p.SetManager(manager);
+  EXPECT_EQ(p.Attributes(), kPictureTransparent);
+  Surface target(4, 2, AlphaMode::kOpaque);
+  p.Render(target, 0, 0, 4, 2, 0, p.Height(), p.Width(), -p.Height());
+  EXPECT_EQ(target.Pixel(0, 0), 0xFFABCDEFu);
+  manager->take = false;
+  p.Render(target, 0, 0, 4, 2, 0, p.Height(), p.Width(), -p.Height());
+  EXPECT_EQ(target.Pixel(0, 0), Squares().Pixel(0, 0));
+  EXPECT_EQ(manager->renders, 2);
+}
+
+TEST(Picture, NaturalSizeAndSourceRectanglesInHimetric) {
+  const Picture p = Picture::FromSurface(Squares(), 15);
+  EXPECT_EQ(p.Width(), PixelsToHimetric(4, 15));
+  EXPECT_EQ(p.Height(), PixelsToHimetric(2, 15));
+  EXPECT_EQ(Picture::FromSurface(Squares(), 12).Width(), PixelsToHimetric(4, 12));
+  // The right half, upright: source measured from the bottom edge.
+  Surface half(2, 2, AlphaMode::kOpaque);
+  p.Render(half, 0, 0, 2, 2, p.Width() / 2, p.Height(), p.Width() / 2, -p.Height());
+  EXPECT_EQ(half.Pixel(0, 0), Squares().Pixel(2, 0));
+  EXPECT_EQ(half.Pixel(1, 1), Squares().Pixel(3, 1));
+  // A positive source height draws upside down.
+  Surface flipped(4, 2, AlphaMode::kOpaque);
+  p.Render(flipped, 0, 0, 4, 2, 0, 0, p.Width(), p.Height());
+  EXPECT_EQ(flipped.Pixel(1, 0), Squares().Pixel(1, 1));
+}
+
+TEST(Picture, PalettePixelsDrawnIntoAnIdentityTableKeepTheirIndices) {
+  const Picture p = Picture::FromSurface(Squares());
+  IndexedSurface strip(6, 2);
+  strip.SetColors(IndexedSurface::IdentityTable());
+  Fill(strip, {0, 0, 6, 2}, 200);
+  p.Render(strip, 1, 0, 4, 2, 0, p.Height(), p.Width(), -p.Height());
+  EXPECT_EQ(strip.Index(0, 0), 200);
+  for (int x = 0; x < 4; ++x) {
+    EXPECT_EQ(strip.Index(1 + x, 0), x);
+    EXPECT_EQ(strip.Index(1 + x, 1), 4 + x);
+  }
+  EXPECT_EQ(strip.Index(5, 1), 200);
+}
+
+TEST(Picture, SavesKeptBytesElseABmp) {
+  Picture p = Picture::FromSurface(Squares());
+  std::vector<uint8_t> out;
+  ASSERT_TRUE(p.SaveAsFile(out));
+  EXPECT_EQ(out.size(), 54u + 2 * 12);  // 24 bits, rows of 12 bytes
+  EXPECT_EQ(out[54], 4);                // bottom row first: blue of (0, 1)
+  p.KeepOriginal(std::make_shared<const std::vector<uint8_t>>(std::vector<uint8_t>{1, 2, 3}));
+  EXPECT_TRUE(p.KeepOriginalFormat());
+  ASSERT_TRUE(p.SaveAsFile(out));
+  EXPECT_EQ(out, (std::vector<uint8_t>{1, 2, 3}));
+  EXPECT_FALSE(Picture().SaveAsFile(out));
+}
+
+TEST(PixelCache, StaysWithinItsBudgetDroppingTheLeastRecentlyUsed) {
+  PixelCache cache(3 * 400);  // three 10 x 10 surfaces
+  auto surface = [] { return std::make_shared<const Surface>(10, 10, AlphaMode::kOpaque); };
+  const uint64_t a = cache.NewOwner(), b = cache.NewOwner();
+  cache.Insert(a, {10, 10}, surface());
+  cache.Insert(b, {10, 10}, surface());
+  cache.Insert(a, {20, 5}, surface());
+  ASSERT_NE(cache.Find(a, {10, 10}), nullptr);  // now the most recent
+  cache.Insert(b, {1, 1}, surface());
+  EXPECT_EQ(cache.Find(b, {10, 10}), nullptr);
+  EXPECT_NE(cache.Find(a, {10, 10}), nullptr);
+  EXPECT_EQ(cache.BytesInUse(), 1200u);
+  cache.Insert(a, {99, 99}, std::make_shared<const Surface>(100, 100, AlphaMode::kOpaque));
+  EXPECT_EQ(cache.Find(a, {99, 99}), nullptr) << "larger than the whole budget";
+  cache.Forget(a);
+  EXPECT_EQ(cache.BytesInUse(), 400u);
+}
+
+}  // namespace
+}  // namespace vellumry::gdi
