@@ -29,8 +29,10 @@
 #include "platform/os/SettingsFile.h"
 #include "platform/toolkit/Error.h"
 #include "platform/toolkit/HeadlessHost.h"
-#include "shell/INIFunctions.h"
-#include "shell/Program.h"
+#include "program/INIFunctions.h"
+#include "program/Program.h"
+#include "shell/Form1.h"
+#include "shell/Main.h"
 
 using namespace vellumry;
 
@@ -194,9 +196,9 @@ double ProgramFillRate(const fs::path& folder, const fs::path& home) {
   };
   while (program.Form1().Timer1.Interval() == 0) step();
   const auto start = Clock::now();
-  while (!program.Form1().bLoaded) step();
+  while (!program.Form1().grid.bLoaded) step();
   program.pictures.drain();
-  return program.Form1().nCount / Seconds(start);
+  return program.Form1().grid.nCount / Seconds(start);
 }
 
 long PeakKilobytes() {

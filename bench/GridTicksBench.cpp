@@ -8,7 +8,9 @@
 
 #include "platform/os/SettingsFile.h"
 #include "platform/toolkit/HeadlessHost.h"
-#include "shell/Program.h"
+#include "program/Program.h"
+#include "shell/Form1.h"
+#include "shell/Main.h"
 
 using namespace vellumry;
 
@@ -35,7 +37,7 @@ void BM_LoadFolder(benchmark::State& state) {
     vellumry::Main(program);
     program.runtime.loop().advance(500);
     while (program.Form1().Timer1.Interval() != 0) program.runtime.loop().advance(12);
-    benchmark::DoNotOptimize(program.Form1().bLoaded);
+    benchmark::DoNotOptimize(program.Form1().grid.bLoaded);
   }
   state.counters["ticks/s"] = benchmark::Counter(static_cast<double>(files) * state.iterations(),
                                                  benchmark::Counter::kIsRate);

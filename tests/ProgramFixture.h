@@ -8,11 +8,18 @@
 #include <memory>
 #include <string>
 
+#include "gif/Form3.h"
 #include "platform/os/SettingsFile.h"
 #include "platform/toolkit/HeadlessHost.h"
 #include "platform/toolkit/Input.h"
-#include "shell/INIFunctions.h"
-#include "shell/Program.h"
+#include "program/INIFunctions.h"
+#include "program/Program.h"
+#include "shell/Form0.h"
+#include "shell/Form1.h"
+#include "shell/Main.h"
+#include "tools/FormScreenCapture.h"
+#include "tools/frmMenu.h"
+#include "viewer/Form2.h"
 
 class ProgramFixture : public ::testing::Test {
  protected:

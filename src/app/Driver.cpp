@@ -8,6 +8,7 @@
 #include "platform/toolkit/Input.h"
 #include "platform/toolkit/ListControls.h"
 #include "platform/toolkit/ScrollBar.h"
+#include "shell/Main.h"
 
 namespace vellumry {
 

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "platform/toolkit/HeadlessHost.h"
-#include "shell/Program.h"
+#include "program/Program.h"
 
 namespace vellumry {
 

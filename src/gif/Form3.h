@@ -3,12 +3,13 @@
 
 #include "platform/toolkit/BasicControls.h"
 #include "platform/toolkit/Form.h"
+#include "program/Program.h"
 
 namespace vellumry {
 
 class Form3 : public tk::Form {
  public:
-  explicit Form3(tk::Runtime& runtime) : Form(runtime, "Form3") { setBorderStyle(0); }
+  explicit Form3(Program& program) : Form(program.runtime, "Form3") { setBorderStyle(0); }
   tk::Timer Timer1{this, "Timer1"};
 };
 

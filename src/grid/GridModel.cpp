@@ -2,86 +2,88 @@
 #include <algorithm>
 #include <utility>
 
+#include "grid/Grid.h"
 #include "platform/os/FileSystem.h"
+#include "platform/toolkit/MousePointer.h"
 #include "platform/toolkit/Numbers.h"
-#include "shell/Form1.h"
-#include "shell/Program.h"
+#include "program/Form1Controls.h"
+#include "program/Program.h"
 
 namespace vellumry {
 
 using tk::resumeNext;
 
-void Form1::pAct() {
+void Grid::pAct() {
   bSwitching = false;
   pSizeCell();
-  Image1(0).setLeft(-Image1(0).Width());
-  Frame1.setBackColor(static_cast<uint32_t>(program_.ReadSettingNumber("gformc")));
-  Frame3(0).setBorderColor(static_cast<uint32_t>(program_.ReadSettingNumber("gselfrc")));
-  program_.lSlideMs = static_cast<int32_t>(program_.ReadSettingNumber("slsh") * 1000);
-  program_.sAniGif = setting("anigifp");
-  Timer5.setEnabled(true);
+  form_.Image1(0).setLeft(-form_.Image1(0).Width());
+  form_.Frame1.setBackColor(static_cast<uint32_t>(program_.ReadSettingNumber("gformc")));
+  form_.Frame3(0).setBorderColor(static_cast<uint32_t>(program_.ReadSettingNumber("gselfrc")));
+  program_.viewer.lSlideMs = static_cast<int32_t>(program_.ReadSettingNumber("slsh") * 1000);
+  program_.viewer.sAniGif = program_.ReadSetting("anigifp");
+  form_.Timer5.setEnabled(true);
 }
 
-void Form1::Image2_Click() {
-  resumeNext([&] { bSwitching = false; });
+void Grid::Image2_Click() {
+  bSwitching = false;
   resumeNext([&] { pSyncPage(); });
   if (bLoaded) {
-    if (program_.nDeleted != 0)
-      resumeNext([&] { pAskDelete(2); });
+    if (program_.tools.nDeleted != 0)
+      resumeNext([&] { pAskDelete(kAskStartButton); });
     else
       resumeNext([&] { pClearGrid(); });
     return;
   }
-  if (File2.ListCount() < 1) return;
+  if (form_.File2.ListCount() < 1) return;
   resumeNext([&] { pAct(); });
   resumeNext([&] { pMeasure(); });
-  resumeNext([&] { setEnabled(false); });
-  resumeNext([&] { setMousePointer(11); });
-  resumeNext([&] { nCount = static_cast<int16_t>(File2.ListCount()); });
-  resumeNext([&] { pCentre(); });
-  resumeNext([&] { File2.setListIndex(0); });
-  resumeNext([&] { Timer1.setInterval(12); });
+  form_.setEnabled(false);
+  form_.setMousePointer(tk::pointer::Hourglass);
+  nCount = static_cast<int16_t>(form_.File2.ListCount());
+  pCentre();
+  resumeNext([&] { form_.File2.setListIndex(0); });
+  form_.Timer1.setInterval(12);
 }
 
-void Form1::pFoldername() {
-  setEnabled(true);
+void Grid::pFoldername() {
+  form_.setEnabled(true);
   bLoaded = true;
-  setMousePointer(0);
-  Image2.setVisible(true);
-  Image3.setVisible(false);
-  if (VScroll1.Visible()) {
-    VScroll1.setValue(VScroll1.Max());
-    VScroll1.SetFocus();
+  form_.setMousePointer(tk::pointer::Default);
+  form_.Image2.setVisible(true);
+  form_.Image3.setVisible(false);
+  if (form_.VScroll1.Visible()) {
+    form_.VScroll1.setValue(form_.VScroll1.Max());
+    form_.VScroll1.SetFocus();
   } else {
-    File2.SetFocus();
+    form_.File2.SetFocus();
   }
   pCaption();
   // A picture the program was opened with is selected once, at the end of the first loading.
   std::string file = std::exchange(program_.places.startFile, {});
-  if (!file.empty()) File2.setFileName(file);
+  if (!file.empty()) form_.File2.setFileName(file);
 }
 
-void Form1::pNewFolder() {
-  if (program_.nDeleted != 0) pClearDeleted();
+void Grid::pNewFolder() {
+  if (program_.tools.nDeleted != 0) pClearDeleted();
   pCaption();
-  if (File2.ListCount() < 1) {
-    Image3.setEnabled(false);
-    Image3.setVisible(false);
-    Image2.setVisible(false);
+  if (form_.File2.ListCount() < 1) {
+    form_.Image3.setEnabled(false);
+    form_.Image3.setVisible(false);
+    form_.Image2.setVisible(false);
   } else {
-    Image2.setVisible(false);
-    Image3.setVisible(true);
-    Image3.setEnabled(true);
+    form_.Image2.setVisible(false);
+    form_.Image3.setVisible(true);
+    form_.Image3.setEnabled(true);
   }
 }
 
-void Form1::pClearDeleted() {
+void Grid::pClearDeleted() {
   Program& p = program_;
   for (int k = 1; k <= 999; ++k) {
-    if (p.aDeleted[static_cast<size_t>(k)] == 0) continue;
-    Img1.Unload(k);
-    p.aDeleted[static_cast<size_t>(k)] = 0;
-    --p.nDeleted;
+    if (p.tools.aDeleted[static_cast<size_t>(k)] == 0) continue;
+    form_.Img1.Unload(k);
+    p.tools.aDeleted[static_cast<size_t>(k)] = 0;
+    --p.tools.nDeleted;
   }
 }
 
@@ -96,39 +98,41 @@ std::string trim(const std::string& s) {
 std::string lastPart(const std::string& path) { return path.substr(path.rfind('/') + 1); }
 }  // namespace
 
-void Form1::pCaption() {
+void Grid::pCaption() {
   Program& p = program_;
-  List(0).setListIndex(-1);
-  List(1).setListIndex(-1);
-  std::string folder = tk::toUpper(trim(File2.Path()));
-  for (int i = 0; i < List(1).ListCount(); ++i) {
-    if (folder != tk::toUpper(List(1).List(i))) continue;
-    p.Form0().setCaption(List(0).List(i));
-    List(0).setListIndex(i);
-    List(1).setListIndex(i);
-    p.iCurLink = static_cast<int16_t>(i);
+  form_.List(0).setListIndex(-1);
+  form_.List(1).setListIndex(-1);
+  std::string folder = tk::toUpper(trim(form_.File2.Path()));
+  for (int i = 0; i < form_.List(1).ListCount(); ++i) {
+    if (folder != tk::toUpper(form_.List(1).List(i))) continue;
+    p.Form0.form().setCaption(form_.List(0).List(i));
+    form_.List(0).setListIndex(i);
+    form_.List(1).setListIndex(i);
+    p.links.iCurLink = static_cast<int16_t>(i);
     return;
   }
-  std::string caption = lastPart(File2.Path());
-  p.Form0().setCaption(trim(caption).empty() ? "Vellumry" : caption);
+  std::string caption = lastPart(form_.File2.Path());
+  p.Form0.form().setCaption(trim(caption).empty() ? "Vellumry" : caption);
 }
 
-void Form1::pClearGrid() {
-  File2.setListIndex(File2.ListCount() - 1);
-  nClear = static_cast<int16_t>(File2.ListCount());
-  Timer2.setInterval(1);
+void Grid::pClearGrid() {
+  form_.File2.setListIndex(form_.File2.ListCount() - 1);
+  nClear = static_cast<int16_t>(form_.File2.ListCount());
+  form_.Timer2.setInterval(1);
 }
 
-void Form1::pAskDelete(uint8_t code) {
-  std::string count =
-      program_.nDeleted > 1 ? std::to_string(program_.nDeleted) + " files" : std::string("file");
-  int answer = runtime().MsgBox(
-      "Press keys with stroke to move the next or the previous  picture. " + count + " ?", 35, "");
+void Grid::pAskDelete(uint8_t code) {
+  std::string count = program_.tools.nDeleted > 1
+                          ? std::to_string(program_.tools.nDeleted) + " files"
+                          : std::string("file");
+  int answer = form_.runtime().MsgBox(
+      "Press keys with stroke to move the next or the previous  picture. " + count + " ?",
+      tk::mb::YesNoCancel + tk::mb::Question, "");
   if (answer == tk::mb::Yes) {
-    nAfterClear = static_cast<uint8_t>(code + 10);
+    nAfterClear = static_cast<uint8_t>(code + kDeleteMarked);
     pClearGrid();
   } else if (answer == tk::mb::No) {
-    if (code == 1) return pQuit();
+    if (code == kAskClosing) return program_.pQuit();
     nAfterClear = code;
     pClearGrid();
   } else {
@@ -136,85 +140,85 @@ void Form1::pAskDelete(uint8_t code) {
   }
 }
 
-void Form1::pGoLink() {
+void Grid::pGoLink() {
   resumeNext([&] { pSyncPage(); });
   if (bLoaded) {
     resumeNext([&] { pClearGrid(); });
   } else {
-    resumeNext([&] { File2.setPath(List(1).Text()); });
+    resumeNext([&] { form_.File2.setPath(form_.List(1).Text()); });
     resumeNext([&] { pNewFolder(); });
   }
-  resumeNext([&] { bSwitching = true; });
-  resumeNext([&] { VScroll1.setVisible(false); });
+  bSwitching = true;
+  form_.VScroll1.setVisible(false);
 }
 
-void Form1::Timer2_Timer() {
+void Grid::Timer2_Timer() {
   Program& p = program_;
   resumeNext([&] {
-    if (File2.ListCount() > 0 && !bSwitching) File2.setListIndex(nClear - 1);
+    if (form_.File2.ListCount() > 0 && !bSwitching) form_.File2.setListIndex(nClear - 1);
   });
   if (nClear > 0) {
     resumeNext([&] { pSyncPage(); });
-    resumeNext([&] { setEnabled(false); });
-    resumeNext([&] { setMousePointer(11); });
-    resumeNext([&] { Image1.Unload(nClear); });
-    resumeNext([&] { Image123.Unload(nClear); });
+    form_.setEnabled(false);
+    form_.setMousePointer(tk::pointer::Hourglass);
+    resumeNext([&] { form_.Image1.Unload(nClear); });
+    resumeNext([&] { form_.Image123.Unload(nClear); });
     resumeNext([&] {
-      if (p.nDeleted == 0) return;
-      auto position = static_cast<size_t>(File2.ListIndex() + 1);
-      if (position >= p.aDeleted.size() || p.aDeleted[position] == 0) return;
-      p.aDeleted[position] = 0;
-      if (nAfterClear > 10) {
-        std::string file = File2.Path() + "/" + File2.FileName();
+      if (p.tools.nDeleted == 0) return;
+      auto position = static_cast<size_t>(form_.File2.ListIndex() + 1);
+      if (position >= p.tools.aDeleted.size() || p.tools.aDeleted[position] == 0) return;
+      p.tools.aDeleted[position] = 0;
+      if (nAfterClear > kDeleteMarked) {
+        std::string file = form_.File2.Path() + "/" + form_.File2.FileName();
         if (os::FileExists(file)) os::DeleteFile(file);
       }
-      --p.nDeleted;
-      Img1.Unload(static_cast<int>(position));
+      --p.tools.nDeleted;
+      form_.Img1.Unload(static_cast<int>(position));
     });
     --nClear;
   }
   if (nClear > 0) return;
-  Timer2.setInterval(0);
-  if (nAfterClear == 11) return pQuit();
+  form_.Timer2.setInterval(0);
+  if (nAfterClear == kAskClosing + kDeleteMarked) return program_.pQuit();
   nLoad = 1;
   nSel = nCount = nClear = 0;
   sExt.clear();
   nPerRow = nRolled = nPerPage = nShownFirst = nShownLast = 0;
   bLoaded = false;
   resumeNext([&] {
-    if (File2.ListCount() >= 1) File2.setListIndex(0);
+    if (form_.File2.ListCount() >= 1) form_.File2.setListIndex(0);
   });
-  resumeNext([&] { Label1.setCaption(""); });
+  resumeNext([&] { form_.Label1.setCaption(""); });
   resumeNext([&] {
-    VScroll1.setValue(0);
-    VScroll1.setMax(0);
-    VScroll1.setMin(0);
-    VScroll1.setVisible(false);
+    form_.VScroll1.setValue(0);
+    form_.VScroll1.setMax(0);
+    form_.VScroll1.setMin(0);
+    form_.VScroll1.setVisible(false);
   });
   resumeNext([&] { pSyncPage(); });
-  resumeNext([&] { p.Form0().setCaption("Vellumry Ostrel"); });
+  p.Form0.form().setCaption("Vellumry Ostrel");
   nAfterClear = 0;
-  resumeNext([&] { File2.setPath(List(1).Text()); });
-  resumeNext([&] { File2.Refresh(); });
+  resumeNext([&] { form_.File2.setPath(form_.List(1).Text()); });
+  resumeNext([&] { form_.File2.Refresh(); });
   resumeNext([&] { pNewFolder(); });
-  resumeNext([&] { setEnabled(true); });
-  resumeNext([&] { setMousePointer(0); });
+  form_.setEnabled(true);
+  form_.setMousePointer(tk::pointer::Default);
 }
 
-void Form1::Image3_MouseMove() {
-  if (File2.ListCount() < 1) {
-    Image3.setEnabled(false);
-    Image2.setVisible(false);
+void Grid::Image3_MouseMove() {
+  if (form_.File2.ListCount() < 1) {
+    form_.Image3.setEnabled(false);
+    form_.Image2.setVisible(false);
   } else {
-    Image2.setVisible(true);
-    Image3.setVisible(false);
+    form_.Image2.setVisible(true);
+    form_.Image3.setVisible(false);
   }
 }
 
-void Form1::Frame2_MouseMove() {
+void Grid::Frame2_MouseMove() {
   if (bLoaded) return;
-  Image2.setVisible(false);
-  Image3.setVisible(File2.ListCount() >= 1);
+  form_.Image2.setVisible(false);
+  form_.Image3.setVisible(form_.File2.ListCount() >= 1);
 }
 
 }  // namespace vellumry

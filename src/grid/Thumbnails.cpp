@@ -1,60 +1,62 @@
 // The loading of the grid, one position a tick.
+#include "grid/Grid.h"
 #include "picture/PlainLoader.h"
 #include "picture/StdPictureEx.h"
 #include "platform/toolkit/Numbers.h"
-#include "shell/Form1.h"
-#include "shell/Program.h"
+#include "program/Form1Controls.h"
+#include "program/Program.h"
 
 namespace vellumry {
 
 using tk::resumeNext;
 
-void Form1::Timer1_Timer() {
+void Grid::Timer1_Timer() {
   int16_t i = nLoad;
-  resumeNext([&] { Image1.Load(i); });
-  resumeNext([&] { Image1(i).setVisible(true); });
+  resumeNext([&] { form_.Image1.Load(i); });
+  resumeNext([&] { form_.Image1(i).setVisible(true); });
   resumeNext([&] {
     if (!pPlaceCell(i)) return;
     resumeNext([&] { pRollRow(); });
-    resumeNext([&] { VScroll1.setMax(VScroll1.Max() + 1); });
-    resumeNext([&] { VScroll1.setValue(VScroll1.Max()); });
-    resumeNext([&] { Label1.setCaption(std::to_string(VScroll1.Value())); });
-    resumeNext([&] { VScroll1.setVisible(true); });
+    resumeNext([&] { form_.VScroll1.setMax(form_.VScroll1.Max() + 1); });
+    resumeNext([&] { form_.VScroll1.setValue(form_.VScroll1.Max()); });
+    resumeNext([&] { form_.Label1.setCaption(std::to_string(form_.VScroll1.Value())); });
+    resumeNext([&] { form_.VScroll1.setVisible(true); });
   });
-  resumeNext([&] { Image123.Load(i); });
+  resumeNext([&] { form_.Image123.Load(i); });
   resumeNext([&] { pres(i); });
   resumeNext([&] {
-    if (File2.ListIndex() < File2.ListCount() - 1) File2.setListIndex(File2.ListIndex() + 1);
+    if (form_.File2.ListIndex() < form_.File2.ListCount() - 1)
+      form_.File2.setListIndex(form_.File2.ListIndex() + 1);
   });
   nLoad = static_cast<int16_t>(nLoad + 1);
   if (nLoad == nCount + 1) {
-    resumeNext([&] { Timer1.setInterval(0); });
+    resumeNext([&] { form_.Timer1.setInterval(0); });
     resumeNext([&] { pFoldername(); });
   }
 }
 
-void Form1::pres(int16_t& i) {
+void Grid::pres(int16_t& i) {
   Program& p = program_;
-  sExt = File2.FileName();
-  Image1(i).setToolTipText(sExt);
+  sExt = form_.File2.FileName();
+  form_.Image1(i).setToolTipText(sExt);
   sExt = tk::toUpper(sExt.size() > 3 ? sExt.substr(sExt.size() - 3) : sExt);
 
-  std::string path = File2.Path() + "/" + File2.FileName();
-  tk::Image& pic = Image123(i);
+  std::string path = form_.File2.Path() + "/" + form_.File2.FileName();
+  tk::Image& pic = form_.Image123(i);
   if (sExt == "EMF" || sExt == "PNG" || sExt == "TIF") {
-    p.module1.ShowPictureGdi(path, Picture1, true);
-    pic.setPicture(Picture1.Image());
+    p.module1.ShowPictureGdi(path, form_.Picture1, true);
+    pic.setPicture(form_.Picture1.Image());
   } else if (sExt == "BMP" || sExt == "ICO") {
-    Picture1.setPicture(p.pictures.stdPictureEx().LoadPicture(path));
-    pic.setPicture(Picture1.Picture());
+    form_.Picture1.setPicture(p.pictures.stdPictureEx().LoadPicture(path));
+    pic.setPicture(form_.Picture1.Picture());
   } else {
     pic.setPicture(LoadPicture(p.pictures, path));
   }
 
-  if (i < 1 || i >= static_cast<int>(p.aPicH.size())) tk::raise(tk::err::SubscriptOutOfRange);
-  p.aPicH[static_cast<size_t>(i)] = tk::CLng(pic.Height());
-  p.aPicW[static_cast<size_t>(i)] = tk::CLng(pic.Width());
-  const tk::Image& cell = Image1(i);
+  if (i < 1 || i >= static_cast<int>(p.grid.aPicH.size())) tk::raise(tk::err::SubscriptOutOfRange);
+  p.grid.aPicH[static_cast<size_t>(i)] = tk::CLng(pic.Height());
+  p.grid.aPicW[static_cast<size_t>(i)] = tk::CLng(pic.Width());
+  const tk::Image& cell = form_.Image1(i);
   double ch = cell.Height() - 200, cw = cell.Width() - 200;
   pic.setStretch(true);
   double pw = pic.Width(), ph = pic.Height();
@@ -75,13 +77,13 @@ void Form1::pres(int16_t& i) {
   };
   if (ph > pw && ph >= ch) fitHeight();
   if (pic.Height() < pic.Width() && pic.Width() >= cw) fitWidth();
-  if (pic.Height() >= Image1(0).Height()) fitHeight();
-  if (pic.Width() >= Image1(0).Width()) fitWidth();
+  if (pic.Height() >= form_.Image1(0).Height()) fitHeight();
+  if (pic.Width() >= form_.Image1(0).Width()) fitWidth();
   pic.setLeft(cell.Left() + cw / 2 - pic.Width() / 2 + 100);
   pic.setTop(cell.Top() + ch / 2 - pic.Height() / 2 + 100);
   pic.setVisible(true);
 
-  const tk::Screen& screen = runtime().screen();
+  const tk::Screen& screen = form_.runtime().screen();
   p.pictures.prefetch(pic.Picture(),
                       {static_cast<int>(tk::roundHalfEven(pic.Width() / screen.TwipsPerPixelX)),
                        static_cast<int>(tk::roundHalfEven(pic.Height() / screen.TwipsPerPixelY))});

@@ -1,6 +1,9 @@
 #include "shell/Form0.h"
 
-#include "shell/Program.h"
+#include "gif/Form3.h"
+#include "program/Program.h"
+#include "shell/Form1.h"
+#include "viewer/Form2.h"
 
 namespace vellumry {
 
@@ -21,14 +24,14 @@ void Form0::Form_Resize() {
   Program& p = program_;
   if (WindowState() != 0) {
     p.Form1().setVisible(false);
-    if (p.ViewerUp != 0) p.Form2().setVisible(false);  // Form3 lies inside Form2
+    if (p.viewer.ViewerUp != 0) p.Form2().setVisible(false);  // Form3 lies inside Form2
     return;
   }
   setLeft(-Width());
   p.Form1().setVisible(true);
-  if (p.ViewerUp == 0) return;
+  if (p.viewer.ViewerUp == 0) return;
   p.Form2().setVisible(true);
-  if (p.ViewerUp == 2)
+  if (p.viewer.ViewerUp == 2)
     p.Form2().Timer3.setEnabled(true);
   else
     p.Form3().Timer1.setEnabled(true);
@@ -37,11 +40,11 @@ void Form0::Form_Resize() {
 void Form0::Form_Unload(int& Cancel) {
   Program& p = program_;
   setWindowState(0);
-  if (p.ViewerUp != 0) {
+  if (p.viewer.ViewerUp != 0) {
     if (auto* f3 = p.Form3.peek()) f3->Unload();
     if (auto* f2 = p.Form2.peek()) f2->Unload();
   }
-  p.ViewerUp = 0;
+  p.viewer.ViewerUp = 0;
   Form_Resize();
   p.Form1().Unload();
   Cancel = 1;  // stays until pQuit ends the program

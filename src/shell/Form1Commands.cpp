@@ -1,7 +1,9 @@
 // The keys and mouse gestures of the main window, and the sliding side panel.
 #include "platform/toolkit/Input.h"
+#include "program/Program.h"
 #include "shell/Form1.h"
-#include "shell/Program.h"
+#include "tools/frmMenu.h"
+#include "viewer/Form2.h"
 
 namespace vellumry {
 
@@ -45,15 +47,15 @@ void Form1::Form_KeyUp(int& KeyCode, int) {
 void Form1::Form_DblClick() { Unload(); }
 
 void Form1::Image1_Click(int Index) {
-  resumeNext([&] { nSel = static_cast<int16_t>(Index); });
-  resumeNext([&] { File2.SetFocus(); });
-  resumeNext([&] { File2.setListIndex(nSel - 1); });
-  resumeNext([&] { pFrameSel(); });
+  grid.nSel = static_cast<int16_t>(Index);
+  File2.SetFocus();
+  resumeNext([&] { File2.setListIndex(grid.nSel - 1); });
+  resumeNext([&] { grid.pFrameSel(); });
 }
 
 void Form1::Image1_DblClick(int Index) {
-  resumeNext([&] { nSel = static_cast<int16_t>(Index); });
-  resumeNext([&] { File2.setListIndex(nSel - 1); });
+  grid.nSel = static_cast<int16_t>(Index);
+  resumeNext([&] { File2.setListIndex(grid.nSel - 1); });
   resumeNext([&] { pView(); });
 }
 
@@ -61,19 +63,19 @@ void Form1::Image1_MouseDown(int Index, int Button) {
   if (Button != tk::user::kRightButton) return;
   resumeNext([&] { File2.setListIndex(Index - 1); });
   // Marked files change the entry's caption here once marking is there.
-  if (bLoaded) resumeNext([&] { PopupMenu(program_.frmMenu().mnuSaveimg0); });
+  if (grid.bLoaded) resumeNext([&] { PopupMenu(program_.frmMenu().mnuSaveimg0); });
 }
 
 void Form1::File2_DblClick() {
-  if (!bLoaded) return;
-  resumeNext([&] { pFrameSel(); });
+  if (!grid.bLoaded) return;
+  resumeNext([&] { grid.pFrameSel(); });
   resumeNext([&] { pView(); });
 }
 
 void Form1::File2_MouseDown(int Button) {
   if (Button != tk::user::kRightButton) return;
   frmMenu& menu = program_.frmMenu();
-  PopupMenu(bLoaded ? menu.mnuSaveimg0 : menu.mnuFimg0);
+  PopupMenu(grid.bLoaded ? menu.mnuSaveimg0 : menu.mnuFimg0);
 }
 
 void Form1::Frame1_MouseDown(int Button) {
@@ -95,7 +97,7 @@ void Form1::btnmenu_Click() {
     frmMenu& menu = program_.frmMenu();
     if (List(0).ListCount() >= 1) {
       menu.mnuSllist.setEnabled(true);
-      program_.iCurLink = static_cast<int16_t>(List(0).ListIndex());
+      program_.links.iCurLink = static_cast<int16_t>(List(0).ListIndex());
     } else {
       menu.mnuSllist.setEnabled(false);
     }

@@ -1,6 +1,6 @@
 #include "tools/FormScreenCapture.h"
 
-#include "shell/Program.h"
+#include "program/Program.h"
 
 namespace vellumry {
 
@@ -12,13 +12,13 @@ FormScreenCapture::FormScreenCapture(Program& program)
 
 void FormScreenCapture::Form_Load() {
   const tk::Screen& screen = runtime().screen();
-  if (program_.delShotH == 0 || !program_.delShot) {
+  if (program_.tools.delShotH == 0 || !program_.tools.delShot) {
     setWidth(screen.Width);
     setHeight(screen.Height);
   } else {
     program_.runtime.host().Beep();
-    setWidth(program_.delShotW);
-    setHeight(program_.delShotH);
+    setWidth(program_.tools.delShotW);
+    setHeight(program_.tools.delShotH);
   }
   setLeft(-Width());
 }

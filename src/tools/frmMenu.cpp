@@ -1,7 +1,8 @@
 #include "tools/frmMenu.h"
 
 #include "platform/os/FileSystem.h"
-#include "shell/Program.h"
+#include "program/Form1Controls.h"
+#include "program/Program.h"
 
 namespace vellumry {
 
@@ -36,12 +37,12 @@ void frmMenu::popup(tk::Menu& top, std::initializer_list<tk::Menu*> entries) {
 }
 
 void frmMenu::mnuSllist_Click() {
-  Form1& f = program_.Form1();
+  Form1Controls& f = program_.mainWindow();
   if (mnuSllist.Caption() == "Show Link List") {
     mnuSllist.setCaption("Hide Link List");
     f.List(0).setVisible(true);
-    f.List(0).setListIndex(program_.iCurLink);
-    f.List(1).setListIndex(program_.iCurLink);
+    f.List(0).setListIndex(program_.links.iCurLink);
+    f.List(1).setListIndex(program_.links.iCurLink);
     f.File2.setTop(2570);
     f.File2.setHeight(4185);
   } else {
@@ -53,7 +54,7 @@ void frmMenu::mnuSllist_Click() {
 }
 
 void frmMenu::mnuOfo2_Click() {
-  Form1& f = program_.Form1();
+  Form1Controls& f = program_.mainWindow();
   if (f.List(0).ListIndex() < 0) {
     runtime().MsgBox("Please select a Link Name", 0, "");
     return;
@@ -78,15 +79,15 @@ void frmMenu::mnuMinimize_Click() { program_.pMinimise(0); }
 
 void frmMenu::mnuMin_Click() {
   // Pausing a playing animation first comes with the GIF viewer.
-  auto* f3 = program_.Form3.peek();
+  tk::Form* f3 = program_.Form3.peekForm();
   program_.pMinimise(f3 && f3->Visible() ? 3 : 2);
 }
 
-void frmMenu::mnuExit_Click() { program_.Form1().Unload(); }
+void frmMenu::mnuExit_Click() { program_.Form1.form().Unload(); }
 
 void frmMenu::mnuExit2_Click() {
-  if (auto* f2 = program_.Form2.peek()) f2->Unload();
-  program_.Form1().Unload();
+  if (tk::Form* f2 = program_.Form2.peekForm()) f2->Unload();
+  program_.Form1.form().Unload();
 }
 
 }  // namespace vellumry

@@ -61,9 +61,9 @@ TEST_F(ThumbnailsTest, TheFittingRulesInTheirOrder) {
   expectCentred(position("d-wide.jpeg"), 1570, 785);
   expectCentred(position("e-huge.png"), 1570, 785);
   int huge = position("e-huge.png");
-  EXPECT_EQ(program->aPicW[huge], 10000);  // natural sizes in twips
-  EXPECT_EQ(program->aPicH[huge], 5000);
-  EXPECT_EQ(f.sExt, "PNG");  // the last file's letters
+  EXPECT_EQ(program->grid.aPicW[huge], 10000);  // natural sizes in twips
+  EXPECT_EQ(program->grid.aPicH[huge], 5000);
+  EXPECT_EQ(f.grid.sExt, "PNG");  // the last file's letters
 }
 
 TEST_F(ThumbnailsTest, EachEndingTakesItsRoad) {
@@ -75,8 +75,8 @@ TEST_F(ThumbnailsTest, EachEndingTakesItsRoad) {
     SCOPED_TRACE(name);
     int i = position(name);
     EXPECT_TRUE(f.Image123(i).Visible());
-    EXPECT_EQ(program->aPicW[i], 200);
-    EXPECT_EQ(program->aPicH[i], 150);
+    EXPECT_EQ(program->grid.aPicW[i], 200);
+    EXPECT_EQ(program->grid.aPicH[i], 150);
   }
   // The PNG road flattens onto the grid's colour: Picture1 handed its image on.
   EXPECT_FALSE(f.Image123(position("x.PNG")).Picture().Attributes() & gdi::kPictureTransparent);
@@ -92,7 +92,7 @@ TEST_F(ThumbnailsTest, EveryKindOfPictureFillsItsCell) {
     std::filesystem::copy_file(std::filesystem::path("assets/samples") / sample, pictures / sample);
   std::ofstream(pictures / "broken.png") << "\x89PNG\r\n\x1a\n and then nothing";
   vellumry::Form1& f = load();
-  ASSERT_TRUE(f.bLoaded);
+  ASSERT_TRUE(f.grid.bLoaded);
   struct Kind {
     const char* file;
     int width, height;  // natural size in pixels
@@ -102,8 +102,8 @@ TEST_F(ThumbnailsTest, EveryKindOfPictureFillsItsCell) {
                  Kind{"tile.ico", 64, 64}, Kind{"pointer.cur", 6, 6}}) {
     SCOPED_TRACE(k.file);
     int i = position(k.file);
-    EXPECT_EQ(program->aPicW[i], k.width * 5);
-    EXPECT_EQ(program->aPicH[i], k.height * 5);
+    EXPECT_EQ(program->grid.aPicW[i], k.width * 5);
+    EXPECT_EQ(program->grid.aPicH[i], k.height * 5);
     const tk::Image& pic = f.Image123(i);
     EXPECT_TRUE(pic.Visible());
     EXPECT_LE(std::max(pic.Width(), pic.Height()), 1570);
@@ -119,13 +119,13 @@ TEST_F(ThumbnailsTest, ABrokenFileCostsOnlyItsCell) {
   std::ofstream(pictures / "d.gif") << "GIF89a";
   picture("e.png", 40, 30, "PNG");
   vellumry::Form1& f = load();
-  EXPECT_TRUE(f.bLoaded);
+  EXPECT_TRUE(f.grid.bLoaded);
   for (int i : {2, 3, 4}) {
     SCOPED_TRACE(i);
     EXPECT_TRUE(f.Image1(i).Visible());
     EXPECT_EQ(f.Image1(i).ToolTipText(), f.File2.List(i - 1));
     EXPECT_FALSE(f.Image123(i).Visible());
-    EXPECT_EQ(program->aPicW[i], 0);
+    EXPECT_EQ(program->grid.aPicW[i], 0);
   }
   EXPECT_TRUE(f.Image123(1).Visible());
   EXPECT_TRUE(f.Image123(5).Visible());

@@ -1,6 +1,10 @@
 #pragma once
 // Holds the one form of a kind: made and loaded when first touched, destroyed after the event
 // in which it was unloaded. Touching it again after that makes a new one.
+//
+// A slot may name a form whose class is only declared: it holds the form as a plain Form, and
+// only the typed accessors need the class itself. So a part of the program can reach a form
+// as a plain window without depending on the code that defines it.
 
 #include <functional>
 #include <memory>
@@ -13,17 +17,22 @@ namespace vellumry::tk {
 template <class T>
 class FormSlot final : public FormSlotBase {
  public:
-  using Factory = std::function<std::unique_ptr<T>()>;
-  FormSlot(Runtime& runtime, Factory make) : runtime_(runtime), make_(std::move(make)) {
+  // Makes a new form of the kind; may be given after the slot is made.
+  using Maker = std::function<std::unique_ptr<Form>()>;
+  explicit FormSlot(Runtime& runtime, Maker make = {}) : runtime_(runtime), make_(std::move(make)) {
     runtime_.addSlot(this);
   }
   ~FormSlot() override { runtime_.removeSlot(this); }
   FormSlot(const FormSlot&) = delete;
   FormSlot& operator=(const FormSlot&) = delete;
 
+  void setMaker(Maker make) { make_ = std::move(make); }
+
   // Touches the form: loads it (raising Form_Load) when it isn't loaded.
-  T& operator()() {
-    if (obj_ && !obj_->isLoaded()) runtime_.retire(std::move(obj_));
+  T& operator()() { return static_cast<T&>(form()); }
+  // The same as a plain form.
+  Form& form() {
+    collect();
     if (!obj_) {
       obj_ = make_();
       obj_->load();
@@ -31,8 +40,9 @@ class FormSlot final : public FormSlotBase {
     return *obj_;
   }
   // The loaded form, or nullptr; never loads it.
-  T* peek() const { return obj_ && obj_->isLoaded() ? obj_.get() : nullptr; }
-  bool loaded() const { return peek() != nullptr; }
+  T* peek() const { return static_cast<T*>(peekForm()); }
+  Form* peekForm() const { return obj_ && obj_->isLoaded() ? obj_.get() : nullptr; }
+  bool loaded() const { return peekForm() != nullptr; }
 
   void collect() override {
     if (obj_ && !obj_->isLoaded()) runtime_.retire(std::move(obj_));
@@ -40,8 +50,8 @@ class FormSlot final : public FormSlotBase {
 
  private:
   Runtime& runtime_;
-  Factory make_;
-  std::unique_ptr<T> obj_;
+  Maker make_;
+  std::unique_ptr<Form> obj_;
 };
 
 }  // namespace vellumry::tk

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "os/TestFiles.h"
-#include "shell/INIFunctions.h"
+#include "program/INIFunctions.h"
 
 using namespace vellumry;
 

@@ -1,4 +1,4 @@
-#include "shell/INIFunctions.h"
+#include "program/INIFunctions.h"
 
 #include <algorithm>
 #include <cctype>

@@ -1,24 +1,31 @@
 #pragma once
-// One running program: its toolkit, its forms and the state that all of them share. Nothing is
-// global, so tests can run several programs side by side.
+// One running program: its toolkit, its picture engine, its settings, the state that the
+// subsystems share, and a slot for each form. Nothing is global, so tests can run several
+// programs side by side.
+//
+// The forms are only declared here: a subsystem that wants a form's own controls or routines
+// includes that form's header, and so must link its library; as a plain window every form is
+// reachable from here. The shell's Main gives each slot its maker.
 
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <vector>
 
-#include "gif/Form3.h"
 #include "picture/Module1.h"
 #include "picture/PictureServices.h"
 #include "platform/toolkit/FormSlot.h"
 #include "platform/toolkit/Runtime.h"
-#include "shell/Form0.h"
-#include "shell/Form1.h"
-#include "tools/FormScreenCapture.h"
-#include "tools/frmMenu.h"
-#include "viewer/Form2.h"
+#include "program/ProgramState.h"
 
 namespace vellumry {
+
+class Form0;
+class Form1;
+class Form1Controls;
+class Form2;
+class Form3;
+class FormScreenCapture;
+class frmMenu;
 
 // Where the program finds its files; filled from the machine by the program's main, or by
 // the driver's set-up commands.
@@ -27,6 +34,7 @@ struct Places {
   std::string installFolder;   // the per-user install folder setting
   std::string picturesFolder;  // the user's default folder of pictures
   std::string startFile;       // a file named on the command line: selected once the grid loads
+  std::string startFolder;     // a folder named on the command line: the start folder of this run
 };
 
 class Program {
@@ -40,24 +48,12 @@ class Program {
   PictureServices pictures;
   Module1 module1;
 
-  // Program-wide state.
-  std::string sIniPath, sInstallDir, sDest;
-  int32_t lSlideMs = 0;
-  std::string sAniGif;
-  int32_t vScreenPxW = 0, vScreenPxH = 0;
-  uint8_t ViewerUp = 0;
-  bool bBigPlay = false;
-  int16_t iCurLink = -1;
-  int16_t nDeleted = 0;
-  std::vector<int16_t> aDeleted = std::vector<int16_t>(1001);  // positions 0 to 1000
-  std::vector<int32_t> aPicH = std::vector<int32_t>(1002);     // positions 1 to 1001
-  std::vector<int32_t> aPicW = std::vector<int32_t>(1002);
-  std::string linkMode;
-  bool findDone = false, sortAsc = false;
-  bool delShot = false;
-  int32_t delShotW = 0, delShotH = 0;
-  std::string sideText;
-  // The state above by name, for the driver.
+  // The program-wide state, by the subsystem that owns it; the driver reads it by its names.
+  ShellState shell;
+  GridSizes grid;
+  LinkState links;
+  ViewerState viewer;
+  ToolState tools;
   tk::FieldTable fields;
 
   tk::FormSlot<vellumry::Form0> Form0;
@@ -66,15 +62,20 @@ class Program {
   tk::FormSlot<vellumry::Form3> Form3;
   tk::FormSlot<vellumry::FormScreenCapture> FormScreenCapture;
   tk::FormSlot<vellumry::frmMenu> frmMenu;
+  // Form1's controls, the model that every subsystem shares; touching loads Form1.
+  Form1Controls& mainWindow();
 
   // A key of the settings file, "?" when missing; each read goes to the file.
   std::string ReadSetting(const std::string& key) const;
   // A numeric key; one that holds no number reads as its default.
   long ReadSettingNumber(const std::string& key) const;
   void WriteSetting(const std::string& key, const std::string& value) const;
+
   // Minimises the program as every minimising does: the screen picture, ViewerUp when given,
   // then Form0 to the screen and minimised; Form0's Resize hides the rest.
   void pMinimise(std::optional<uint8_t> viewerUp);
+  // Ends the program: `dest` written empty, every form unloaded.
+  void pQuit();
   // Starts the help program beside the program; a failure to start is err::FileNotFound.
   void StartHelp();
   // Opens a folder in the desktop's file manager; a failure is err::FileNotFound.
@@ -82,8 +83,5 @@ class Program {
   // Twips to whole pixels by the screen; direction 0 horizontal, else vertical.
   int32_t ConvertTwipsToPixels(int32_t twips, uint8_t direction);
 };
-
-// The program's entry: finds the settings file and the install folder, shows Form0.
-void Main(Program& program);
 
 }  // namespace vellumry

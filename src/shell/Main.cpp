@@ -1,0 +1,35 @@
+#include "shell/Main.h"
+
+#include "gif/Form3.h"
+#include "platform/os/SettingsFile.h"
+#include "program/Program.h"
+#include "shell/Form0.h"
+#include "shell/Form1.h"
+#include "tools/FormScreenCapture.h"
+#include "tools/frmMenu.h"
+#include "viewer/Form2.h"
+
+namespace vellumry {
+
+namespace {
+// Gives `slot` a maker of forms of its kind, each made for `program`.
+template <class T>
+void give(Program& program, tk::FormSlot<T>& slot) {
+  slot.setMaker([&program] { return std::make_unique<T>(program); });
+}
+}  // namespace
+
+void Main(Program& program) {
+  program.shell.sIniPath = program.places.programFolder + "/" + std::string(os::kSettingsFileName);
+  os::CreateSettingsFileIfMissing(program.shell.sIniPath);
+  program.shell.sInstallDir = program.places.installFolder;
+  give(program, program.Form0);
+  give(program, program.Form1);
+  give(program, program.Form2);
+  give(program, program.Form3);
+  give(program, program.FormScreenCapture);
+  give(program, program.frmMenu);
+  program.runtime.dispatch([&] { program.Form0().Show(); });
+}
+
+}  // namespace vellumry
