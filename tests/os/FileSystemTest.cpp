@@ -89,10 +89,13 @@ TEST_F(FileSystem, CopiesAndHonoursTheOverwriteFlag) {
   EXPECT_FALSE(std::filesystem::exists(Path("new.bin")));
 }
 
-TEST_F(FileSystem, ReadsWholeFiles) {
+TEST_F(FileSystem, ReadsWholeFilesOrTheirStart) {
   WriteBytes(Path("t.txt"), std::string("a\0b\r\n", 5));
-  EXPECT_EQ(os::ReadWholeFile(Path("t.txt")), std::string("a\0b\r\n", 5));
+  EXPECT_EQ(os::ReadWholeFile(Path("t.txt")), (std::vector<uint8_t>{'a', 0, 'b', '\r', '\n'}));
+  EXPECT_EQ(os::ReadFileStart(Path("t.txt"), 2), (std::vector<uint8_t>{'a', 0}));
+  EXPECT_EQ(os::ReadFileStart(Path("t.txt"), 9), os::ReadWholeFile(Path("t.txt")));
   EXPECT_EQ(os::ReadWholeFile(Path("none.txt")), std::nullopt);
+  EXPECT_EQ(os::ReadWholeFile(Folder()), std::nullopt);
 }
 
 // A write that breaks off half way (here: the disk is "full") leaves the old bytes whole and no
