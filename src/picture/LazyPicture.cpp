@@ -4,6 +4,7 @@
 #include "picture/PictureServices.h"
 #include "picture/SourceDecoder.h"
 #include "platform/codecs/IcoCodec.h"
+#include "platform/os/FileSystem.h"
 
 namespace vellumry {
 
@@ -11,7 +12,7 @@ namespace {
 
 gdi::Picture IconPicture(const PictureOrigin& origin, double twipsPerPixel) {
   std::optional<std::vector<uint8_t>> read;
-  if (!origin.bytes) read = ReadWholeFile(origin.path);
+  if (!origin.bytes) read = os::ReadWholeFile(origin.path);
   const std::vector<uint8_t>* bytes = origin.bytes ? origin.bytes.get() : read ? &*read : nullptr;
   if (!bytes) return {};
   auto directory = codecs::ReadIconDirectory(*bytes);

@@ -1,6 +1,7 @@
 #include "picture/Module1.h"
 
-#include <cmath>
+#include <algorithm>
+#include <utility>
 
 #include "picture/LazyPicture.h"
 #include "picture/PictureServices.h"
@@ -8,6 +9,7 @@
 #include "platform/gdi/Blit.h"
 #include "platform/toolkit/Error.h"
 #include "platform/toolkit/Numbers.h"
+#include "platform/toolkit/Runtime.h"
 
 namespace vellumry {
 
@@ -21,22 +23,40 @@ constexpr const char* kSource = "GDI+ Module";
   throw tk::Error(number, kSource, description);
 }
 
-// The image scaled to keep its proportions and centred in a width x height bitmap over
-// `background`. Nothing in the program asks for this, so it is made at once rather than lazily.
-gdi::Picture RatioKept(const gdi::Picture& image, int32_t width, int32_t height,
-                       uint32_t background, double twipsPerPixel) {
-  const gdi::Size own = image.PixelSize();
+// Box.ScaleWidth and Box.ScaleHeight in twips: the box less its border, two pixels a side when
+// it has one. The toolkit's picture box doesn't give its inner size itself.
+std::pair<double, double> ScaleSize(const tk::PictureBox& box, const tk::Screen& screen) {
+  const int borderPixels = box.BorderStyle() != 0 ? 4 : 0;
+  return {std::max(0.0, box.Width() - borderPixels * screen.TwipsPerPixelX),
+          std::max(0.0, box.Height() - borderPixels * screen.TwipsPerPixelY)};
+}
+
+int32_t Rounded(double value) { return static_cast<int32_t>(tk::roundHalfEven(value)); }
+
+// Where the image lands in a width x height bitmap when it keeps its proportions: as large as
+// fits, centred on the rounded size it is drawn at.
+gdi::Rect RatioKept(gdi::Size own, int32_t width, int32_t height) {
   const double src = static_cast<double>(own.width) / own.height;
   const double dst = static_cast<double>(width) / height;
-  const double drawnW = dst < src ? width : height * src;
-  const double drawnH = dst < src ? width / src : height;
-  const int w = static_cast<int>(tk::roundHalfEven(drawnW));
-  const int h = static_cast<int>(tk::roundHalfEven(drawnH));
-  const int left = static_cast<int>(tk::roundHalfEven((width - drawnW) / 2));
-  const int top = static_cast<int>(tk::roundHalfEven((height - drawnH) / 2));
+  gdi::Rect drawn;
+  drawn.width = Rounded(dst < src ? width : height * src);
+  drawn.height = Rounded(dst < src ? width / src : height);
+  drawn.x = Rounded((width - drawn.width) / 2.0);
+  drawn.y = Rounded((height - drawn.height) / 2.0);
+  return drawn;
+}
+
+// The image drawn at once over `background` into a width x height bitmap, stretched to it or,
+// with `retainRatio`, keeping its proportions. A side of 0 or below leaves the bitmap without
+// pixels.
+gdi::Picture DrawnAtOnce(const gdi::Picture& image, int32_t width, int32_t height, bool retainRatio,
+                         uint32_t background, double twipsPerPixel) {
+  const gdi::Rect drawn =
+      retainRatio ? RatioKept(image.PixelSize(), width, height) : gdi::Rect{0, 0, width, height};
   gdi::Surface canvas(width, height, gdi::AlphaMode::kOpaque);
-  gdi::Fill(canvas, {0, 0, width, height}, tk::pixelOf(background));
-  image.Render(canvas, left, top, w, h, 0, image.Height(), image.Width(), -image.Height());
+  gdi::Fill(canvas, {0, 0, canvas.Width(), canvas.Height()}, tk::pixelOf(background));
+  image.Render(canvas, drawn.x, drawn.y, drawn.width, drawn.height, 0, image.Height(),
+               image.Width(), -image.Height());
   return gdi::Picture::FromSurface(std::move(canvas), twipsPerPixel);
 }
 
@@ -49,9 +69,10 @@ void Module1::ShowPictureGdi(const GdiSource& PicFile, tk::PictureBox& Box, bool
   int32_t width = -1;
   int32_t height = -1;
   if (!Native) {
-    const double twips = services_.twipsPerPixel();
-    width = static_cast<int32_t>(tk::roundHalfEven(Box.Width() / twips));
-    height = static_cast<int32_t>(tk::roundHalfEven(Box.Height() / twips));
+    const tk::Screen& screen = Box.runtime().screen();
+    const auto [scaleWidth, scaleHeight] = ScaleSize(Box, screen);
+    width = Rounded(scaleWidth / screen.TwipsPerPixelX);
+    height = Rounded(scaleHeight / screen.TwipsPerPixelY);
   }
   Box.setPicture(LoadGdiPicture(PicFile, width, height, 0xFFFFFF, false));
 }
@@ -76,16 +97,19 @@ gdi::Picture Module1::LoadGdiPicture(const GdiSource& PicFile, int32_t& Width, i
     Width = info->width;
     Height = info->height;
   }
-  if (Width <= 0 || Height <= 0) return {};
   // Transparent parts take the grid's colour, whatever the caller passed.
   const uint32_t background = gridBackColor_();
   gdi::Picture picture;
-  if (RetainRatio) {
+  if (RetainRatio || Width <= 0 || Height <= 0) {
+    // Nothing in the program keeps the ratio, and a bitmap without pixels has nothing to decode
+    // later: both are drawn at once.
     const gdi::Picture image = MakeLazyPicture(services_, origin, *info, background);
     if (image) {
-      picture = RatioKept(image, Width, Height, background, services_.twipsPerPixel());
+      picture =
+          DrawnAtOnce(image, Width, Height, RetainRatio, background, services_.twipsPerPixel());
     }
   } else {
+    // The bitmap the drawing would give, decoded only when it is first drawn.
     picture = MakeLazyPicture(services_, origin, *info, background, gdi::Size{Width, Height});
   }
   if (!picture) Fail(kErrorLoading, failure);

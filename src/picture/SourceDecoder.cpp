@@ -1,6 +1,6 @@
 #include "picture/SourceDecoder.h"
 
-#include <fstream>
+#include "platform/os/FileSystem.h"
 
 namespace vellumry {
 
@@ -10,22 +10,6 @@ constexpr size_t kHeaderPrefix = 64u << 10;
 
 bool LooksLikeJpeg(const std::vector<uint8_t>& bytes) {
   return bytes.size() >= 3 && bytes[0] == 0xFF && bytes[1] == 0xD8 && bytes[2] == 0xFF;
-}
-
-// Up to `limit` bytes from the start of the file (all of it when limit is 0).
-std::optional<std::vector<uint8_t>> ReadFile(const std::string& path, size_t limit) {
-  std::ifstream in(path, std::ios::binary | std::ios::ate);
-  if (!in) return std::nullopt;
-  const std::streamoff size = in.tellg();
-  if (size < 0) return std::nullopt;
-  size_t count = static_cast<size_t>(size);
-  if (limit != 0 && count > limit) count = limit;
-  std::vector<uint8_t> bytes(count);
-  in.seekg(0);
-  if (!in.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(count))) {
-    return std::nullopt;
-  }
-  return bytes;
 }
 
 }  // namespace
@@ -43,7 +27,7 @@ gdi::Size SourceDecoder::NativeSizeFor(gdi::Size wanted) const {
 
 std::optional<gdi::Surface> SourceDecoder::Decode(gdi::Size native) const {
   std::optional<std::vector<uint8_t>> read;
-  if (!bytes_) read = ReadWholeFile(path_);
+  if (!bytes_) read = os::ReadWholeFile(path_);
   const std::vector<uint8_t>* bytes = bytes_ ? bytes_.get() : read ? &*read : nullptr;
   if (!bytes) return std::nullopt;
   auto decoded = codecs::Decode(*bytes, native.width, native.height);
@@ -51,17 +35,13 @@ std::optional<gdi::Surface> SourceDecoder::Decode(gdi::Size native) const {
   return std::move(decoded->surface);
 }
 
-std::optional<std::vector<uint8_t>> ReadWholeFile(const std::string& path) {
-  return ReadFile(path, 0);
-}
-
 codecs::Expected<codecs::ImageInfo> ProbeFile(const std::string& path) {
-  auto head = ReadFile(path, kHeaderPrefix);
+  auto head = os::ReadFileStart(path, kHeaderPrefix);
   if (!head) return codecs::Error::kTruncated;
   if (head->size() == kHeaderPrefix && LooksLikeJpeg(*head)) {
     if (auto info = codecs::Probe(*head)) return info;
   }
-  if (head->size() == kHeaderPrefix) head = ReadWholeFile(path);
+  if (head->size() == kHeaderPrefix) head = os::ReadWholeFile(path);
   if (!head) return codecs::Error::kTruncated;
   return codecs::Probe(*head);
 }

@@ -32,9 +32,6 @@ class SourceDecoder : public gdi::ScaledDecoder {
   codecs::ImageInfo info_;
 };
 
-// The whole file, or nothing when it can't be opened or read.
-std::optional<std::vector<uint8_t>> ReadWholeFile(const std::string& path);
-
 // The header of a file's picture. Reads only the first 64 KiB of a larger JPEG (its header lies
 // there); other formats, whose probes count frames or pages, are read whole.
 codecs::Expected<codecs::ImageInfo> ProbeFile(const std::string& path);

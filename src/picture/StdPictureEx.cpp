@@ -4,8 +4,8 @@
 
 #include "picture/LazyPicture.h"
 #include "picture/PictureServices.h"
-#include "picture/SourceDecoder.h"
 #include "platform/codecs/Codecs.h"
+#include "platform/os/FileSystem.h"
 
 namespace vellumry {
 
@@ -118,7 +118,7 @@ gdi::Picture StdPictureEx::LoadPicture(const PictureSource& Source, int32_t Icon
 
 gdi::Picture StdPictureEx::LoadFromFile(const std::string& path, Arguments& args,
                                         PictureRecord& record) {
-  auto bytes = ReadWholeFile(path);
+  auto bytes = os::ReadWholeFile(path);
   if (!bytes || bytes->empty()) return {};
   return LoadFromBytes(std::make_shared<const std::vector<uint8_t>>(std::move(*bytes)), path, args,
                        record);

@@ -49,23 +49,19 @@ class FileSystem : public ::testing::Test {
   QTemporaryDir dir_;
 };
 
-TEST_F(FileSystem, TellsFilesFromFolders) {
+TEST_F(FileSystem, TellsFilesFromFoldersAndDeletesFilesOnly) {
   WriteBytes(Path("a.jpg"), "x");
   std::filesystem::create_directory(Path("sub"));
-  EXPECT_TRUE(os::FileExists(Path("a.jpg")));
-  EXPECT_FALSE(os::FileExists(Path("sub")));
-  EXPECT_FALSE(os::FileExists(Path("none.jpg")));
-  EXPECT_FALSE(os::FileExists(""));
-  EXPECT_TRUE(os::FolderExists(Path("sub")));
-  EXPECT_TRUE(os::FolderExists(Path("sub") + "/"));
-  EXPECT_FALSE(os::FolderExists(Path("a.jpg")));
-  EXPECT_FALSE(os::FolderExists(Path("none")));
-  EXPECT_FALSE(os::FolderExists(""));
-}
-
-TEST_F(FileSystem, DeletesFilesOnly) {
-  WriteBytes(Path("a.jpg"), "x");
-  std::filesystem::create_directory(Path("sub"));
+  struct Case {
+    std::string path;
+    bool file, folder;
+  };
+  for (const Case& c : {Case{Path("a.jpg"), true, false}, Case{Path("sub"), false, true},
+                        Case{Path("sub") + "/", false, true}, Case{Path("none"), false, false},
+                        Case{"", false, false}}) {
+    EXPECT_EQ(os::FileExists(c.path), c.file) << c.path;
+    EXPECT_EQ(os::FolderExists(c.path), c.folder) << c.path;
+  }
   EXPECT_TRUE(os::DeleteFile(Path("a.jpg")));
   EXPECT_FALSE(std::filesystem::exists(Path("a.jpg")));
   EXPECT_FALSE(os::DeleteFile(Path("a.jpg")));
@@ -89,10 +85,13 @@ TEST_F(FileSystem, CopiesAndHonoursTheOverwriteFlag) {
   EXPECT_FALSE(std::filesystem::exists(Path("new.bin")));
 }
 
-TEST_F(FileSystem, ReadsWholeFiles) {
+TEST_F(FileSystem, ReadsWholeFilesOrTheirStart) {
   WriteBytes(Path("t.txt"), std::string("a\0b\r\n", 5));
-  EXPECT_EQ(os::ReadWholeFile(Path("t.txt")), std::string("a\0b\r\n", 5));
+  EXPECT_EQ(os::ReadWholeFile(Path("t.txt")), (std::vector<uint8_t>{'a', 0, 'b', '\r', '\n'}));
+  EXPECT_EQ(os::ReadFileStart(Path("t.txt"), 2), (std::vector<uint8_t>{'a', 0}));
+  EXPECT_EQ(os::ReadFileStart(Path("t.txt"), 9), os::ReadWholeFile(Path("t.txt")));
   EXPECT_EQ(os::ReadWholeFile(Path("none.txt")), std::nullopt);
+  EXPECT_EQ(os::ReadWholeFile(Folder()), std::nullopt);
 }
 
 // A write that breaks off half way (here: the disk is "full") leaves the old bytes whole and no

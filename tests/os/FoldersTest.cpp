@@ -43,18 +43,14 @@ class Folders : public ::testing::Test {
   QTemporaryDir dir_;
 };
 
-TEST_F(Folders, SettingsStayBesideAWritableProgramThatHoldsThem) {
-  std::filesystem::create_directory(Path("program"));
-  testfiles::WriteBytes(Path("program/OstrelWorks.INI"), "[Settings]\n");
-  EXPECT_EQ(os::SettingsFolderFor(Path("program"), Path("config/vellumry")), Path("program"));
+TEST_F(Folders, SettingsStayBesideAWritableProgramThatHoldsThemElseGoToTheFallback) {
+  std::filesystem::create_directories(Path("holds"));
+  std::filesystem::create_directories(Path("lacks"));
+  testfiles::WriteBytes(Path("holds/OstrelWorks.INI"), "[Settings]\n");
+  testfiles::WriteBytes(Path("lacks/list0.txt"), "*%*");
+  EXPECT_EQ(os::SettingsFolderFor(Path("holds"), Path("config/vellumry")), Path("holds"));
   EXPECT_FALSE(std::filesystem::exists(Path("config"))) << "the fallback is made only when used";
-}
-
-TEST_F(Folders, SettingsGoToTheFallbackWhenTheProgramFolderHasNone) {
-  std::filesystem::create_directory(Path("program"));
-  testfiles::WriteBytes(Path("program/list0.txt"), "*%*");
-  EXPECT_EQ(os::SettingsFolderFor(Path("program"), Path("config/vellumry")),
-            Path("config/vellumry"));
+  EXPECT_EQ(os::SettingsFolderFor(Path("lacks"), Path("config/vellumry")), Path("config/vellumry"));
   EXPECT_TRUE(os::FolderExists(Path("config/vellumry")));
 }
 

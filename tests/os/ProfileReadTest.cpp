@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QTemporaryDir>
+#include <filesystem>
 #include <string>
 
 #include "os/TestFiles.h"
@@ -31,90 +32,80 @@ class ProfileRead : public ::testing::Test {
     return {count, os::Utf8FromChars(std::u32string_view(buffer).substr(0, count))};
   }
 
-  std::string Value(const std::string& section, const std::string& key) {
-    return Read(section, key).text;
-  }
-
   QTemporaryDir dir_;
   std::string file_ = dir_.filePath("s.ini").toStdString();
 };
 
-TEST_F(ProfileRead, FindsSectionsAndKeysWhateverTheirCase) {
-  Given("[Other]\nrows=9\n[Settings]\nRows=4\nGFORMC=123\n");
-  EXPECT_EQ(Value("settings", "ROWS"), "4");
-  EXPECT_EQ(Value("SETTINGS", "gformc"), "123");
-  EXPECT_EQ(Value("other", "rows"), "9");
-}
-
-TEST_F(ProfileRead, MissingFileSectionOrKeyGivesTheDefault) {
-  EXPECT_EQ(Read("Settings", "rows").text, "?") << "no file";
-  Given("[Settings]\nrows=4\n");
-  EXPECT_EQ(Read("Settings", "slsh").text, "?");
-  EXPECT_EQ(Read("Nowhere", "rows", "dflt").text, "dflt");
-  EXPECT_EQ(Read("Settings", "slsh", "ab  ").text, "ab") << "trailing blanks of the default go";
-}
-
-TEST_F(ProfileRead, EmptyValueGivesEmptyTextNotTheDefault) {
-  Given("[Settings]\ndest=\nInw=   \n");
-  const ReadResult dest = Read("Settings", "dest");
-  EXPECT_EQ(dest.count, 0u);
-  EXPECT_EQ(dest.text, "");
-  EXPECT_EQ(Value("Settings", "Inw"), "");
-}
-
-TEST_F(ProfileRead, TrimsBlanksAndOnePairOfQuotes) {
-  Given(
+TEST_F(ProfileRead, FindsValuesOrGivesTheDefault) {
+  const std::string settings = "[Settings]\nrows=4\n";
+  const std::string cased = "[Other]\nrows=9\n[Settings]\nRows=4\nGFORMC=123\n";
+  const std::string trimmed =
       "[ Settings ]\n  dest  =  C:/my pics  \t\nq=\"  spaced  \"\ns='single'\n"
-      "half=\"open\nmixed=\"x'\ninner=a \"b\" c\n");
-  EXPECT_EQ(Value("Settings", "dest"), "C:/my pics");
-  EXPECT_EQ(Value("Settings", "q"), "  spaced  ");
-  EXPECT_EQ(Value("Settings", "s"), "single");
-  EXPECT_EQ(Value("Settings", "half"), "\"open");
-  EXPECT_EQ(Value("Settings", "mixed"), "\"x'");
-  EXPECT_EQ(Value("Settings", "inner"), "a \"b\" c");
+      "half=\"open\nmixed=\"x'\ninner=a \"b\" c\n";
+  const std::string lines = "top=1\n[A]\nx=a\n[B]\ny=b\n;k=1\nk\nk=a=b\nk=second\n";
+  struct Case {
+    std::string file;  // empty: no file
+    std::string section, key, def, expected;
+  };
+  const Case cases[] = {
+      // Sections and keys match whatever their case.
+      {cased, "settings", "ROWS", "?", "4"},
+      {cased, "SETTINGS", "gformc", "?", "123"},
+      {cased, "other", "rows", "?", "9"},
+      // A missing file, section or key gives the default less its trailing blanks.
+      {"", "Settings", "rows", "?", "?"},
+      {settings, "Nowhere", "rows", "dflt", "dflt"},
+      {settings, "Settings", "slsh", "ab  ", "ab"},
+      // An empty value is empty text, not the default.
+      {"[Settings]\ndest=\nInw=   \n", "Settings", "dest", "?", ""},
+      {"[Settings]\ndest=\nInw=   \n", "Settings", "Inw", "?", ""},
+      // Blanks around the value and one pair of matching quotes go.
+      {trimmed, "Settings", "dest", "?", "C:/my pics"},
+      {trimmed, "Settings", "q", "?", "  spaced  "},
+      {trimmed, "Settings", "s", "?", "single"},
+      {trimmed, "Settings", "half", "?", "\"open"},
+      {trimmed, "Settings", "mixed", "?", "\"x'"},
+      {trimmed, "Settings", "inner", "?", "a \"b\" c"},
+      // Keys belong to their own section; the first equals sign counts; comments and lines
+      // without one are skipped.
+      {lines, "A", "y", "?", "?"},
+      {lines, "B", "x", "?", "?"},
+      {lines, "B", "y", "?", "b"},
+      {lines, "B", "k", "?", "a=b"},
+      {lines, "B", ";k", "?", "?"},
+      // CRLF line ends, no final line end, a byte-order mark.
+      {"[Settings]\r\nrows=4\r\nslsh=10", "Settings", "rows", "?", "4"},
+      {"[Settings]\r\nrows=4\r\nslsh=10", "Settings", "slsh", "?", "10"},
+      {"\xEF\xBB\xBF" + settings, "Settings", "rows", "?", "4"},
+  };
+  for (const Case& c : cases) {
+    std::filesystem::remove(file_);
+    if (!c.file.empty()) Given(c.file);
+    EXPECT_EQ(Read(c.section, c.key, c.def).text, c.expected)
+        << c.file << " [" << c.section << "] " << c.key;
+  }
 }
 
-TEST_F(ProfileRead, TakesTheFirstEqualsSignAndSkipsCommentsAndOtherLines) {
-  Given("[Settings]\n;rows=1\nrows\nrows=a=b\nrows=second\n");
-  EXPECT_EQ(Value("Settings", "rows"), "a=b");
-  EXPECT_EQ(Value("Settings", ";rows"), "?");
-}
-
-TEST_F(ProfileRead, KeysBelongOnlyToTheirOwnSection) {
-  Given("top=1\n[A]\nx=a\n[B]\ny=b\n");
-  EXPECT_EQ(Value("A", "y"), "?");
-  EXPECT_EQ(Value("B", "x"), "?");
-  EXPECT_EQ(Value("B", "y"), "b");
-}
-
-TEST_F(ProfileRead, ReadsCrlfFilesAndFilesWithoutAFinalLineEnd) {
-  Given("[Settings]\r\nrows=4\r\nslsh=10");
-  EXPECT_EQ(Value("Settings", "rows"), "4");
-  EXPECT_EQ(Value("Settings", "slsh"), "10");
-}
-
-TEST_F(ProfileRead, ToleratesAByteOrderMark) {
-  Given("\xEF\xBB\xBF[Settings]\nrows=4\n");
-  EXPECT_EQ(Value("Settings", "rows"), "4");
-}
-
-TEST_F(ProfileRead, CutsAtBufferSizeLessOneAndReturnsTheCount) {
-  const std::string long_value(300, 'v');
-  Given("[Settings]\ndest=" + long_value + "\n");
-  const ReadResult read = Read("Settings", "dest");
-  EXPECT_EQ(read.count, 254u);
-  EXPECT_EQ(read.text, long_value.substr(0, 254));
-
-  EXPECT_EQ(Read("Settings", "dest", "?", 10).count, 9u);
-  EXPECT_EQ(Read("Settings", "nokey", "defaultvalue", 4).text, "def") << "the default is cut too";
-}
-
-TEST_F(ProfileRead, CountsCharactersNotBytes) {
-  const std::string word = "\xC3\xA9t\xC3\xA9";  // "été": 3 characters, 5 bytes
-  Given("[Settings]\ndest=" + word + word + "\n");
-  const ReadResult read = Read("Settings", "dest", "?", 5);
-  EXPECT_EQ(read.count, 4u);
-  EXPECT_EQ(read.text, word + "\xC3\xA9");
+TEST_F(ProfileRead, CutsAtBufferSizeLessOneCountingCharacters) {
+  const std::string v(300, 'v');
+  const std::string ete = "\xC3\xA9t\xC3\xA9";  // "été": 3 characters, 5 bytes
+  struct Case {
+    std::string value, key, def;
+    std::size_t size;
+    std::string expected;
+  };
+  const Case cases[] = {
+      {v, "dest", "?", 255, v.substr(0, 254)},
+      {v, "dest", "?", 10, v.substr(0, 9)},
+      {v, "nokey", "defaultvalue", 4, "def"},  // the default is cut too
+      {ete + ete, "dest", "?", 5, ete + "\xC3\xA9"},
+  };
+  for (const Case& c : cases) {
+    Given("[Settings]\ndest=" + c.value + "\n");
+    const ReadResult read = Read("Settings", c.key, c.def, c.size);
+    EXPECT_EQ(read.text, c.expected) << c.size;
+    EXPECT_EQ(read.count, c.size - 1);
+  }
 }
 
 TEST_F(ProfileRead, AnEmptyBufferReceivesNothing) {

@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <QTemporaryDir>
+#include <filesystem>
 #include <string>
+#include <vector>
 
 #include "os/TestFiles.h"
 #include "platform/os/ProfileString.h"
@@ -12,66 +14,57 @@ namespace {
 
 class ProfileWrite : public ::testing::Test {
  protected:
-  void Given(const std::string& bytes) { testfiles::WriteBytes(file_, bytes); }
-  void Write(const std::string& section, const std::string& key, const std::string& value) {
-    ASSERT_TRUE(os::WritePrivateProfileString(section, key, value, file_));
-  }
-  std::string Bytes() const { return testfiles::ReadBytes(file_); }
-
   QTemporaryDir dir_;
   std::string file_ = dir_.filePath("s.ini").toStdString();
 };
 
-TEST_F(ProfileWrite, ReplacesAnExistingKeyInPlaceKeepingEveryOtherByte) {
-  Given(
-      "; kept comment\n\n[Other]\nRows = 7\n\n[Settings]\n  ROWS = 4 \n; note\nslsh=5\n\n"
-      "[Tail]\nx=1\n");
-  Write("settings", "rows", "6");
-  EXPECT_EQ(Bytes(),
-            "; kept comment\n\n[Other]\nRows = 7\n\n[Settings]\nROWS=6\n; note\nslsh=5\n\n"
-            "[Tail]\nx=1\n");
-}
-
-TEST_F(ProfileWrite, AppendsANewKeyBehindTheLastKeyOfItsSection) {
-  Given("[Settings]\nrows=4\n; about slsh\nslsh=5\n\n; next\n[Next]\na=1\n");
-  Write("Settings", "beeps", "1");
-  EXPECT_EQ(Bytes(), "[Settings]\nrows=4\n; about slsh\nslsh=5\nbeeps=1\n\n; next\n[Next]\na=1\n");
-}
-
-TEST_F(ProfileWrite, AKeyInAnEmptySectionFollowsItsHeader) {
-  Given("[Settings]\n\n[Next]\na=1\n");
-  Write("Settings", "rows", "4");
-  EXPECT_EQ(Bytes(), "[Settings]\nrows=4\n\n[Next]\na=1\n");
-}
-
-TEST_F(ProfileWrite, AppendsAMissingSectionAtTheEnd) {
-  Given("[Other]\na=1");
-  Write("Settings", "rows", "4");
-  EXPECT_EQ(Bytes(), "[Other]\na=1\n[Settings]\nrows=4\n");
-}
-
-TEST_F(ProfileWrite, CreatesAMissingFile) {
-  Write("Settings", "dest", "/home/me/Pictures");
-  EXPECT_EQ(Bytes(), "[Settings]\ndest=/home/me/Pictures\n");
-}
-
-TEST_F(ProfileWrite, KeepsTheFilesCrlfLineEnds) {
-  Given("[Settings]\r\nrows=4\r\n");
-  Write("Settings", "rows", "5");
-  Write("Settings", "slsh", "10");
-  Write("New", "k", "v");
-  EXPECT_EQ(Bytes(), "[Settings]\r\nrows=5\r\nslsh=10\r\n[New]\r\nk=v\r\n");
-}
-
-TEST_F(ProfileWrite, KeepsAByteOrderMark) {
-  Given("\xEF\xBB\xBF[Settings]\nrows=4\n");
-  Write("Settings", "rows", "3");
-  EXPECT_EQ(Bytes(), "\xEF\xBB\xBF[Settings]\nrows=3\n");
+TEST_F(ProfileWrite, ChangesOnlyTheLineItMust) {
+  struct Entry {
+    std::string section, key, value;
+  };
+  struct Case {
+    std::string before;  // empty: no file
+    std::vector<Entry> writes;
+    std::string after;
+  };
+  const Case cases[] = {
+      // An existing key is replaced in place, spelled as the file has it.
+      {"; kept comment\n\n[Other]\nRows = 7\n\n[Settings]\n  ROWS = 4 \n; note\nslsh=5\n\n"
+       "[Tail]\nx=1\n",
+       {{"settings", "rows", "6"}},
+       "; kept comment\n\n[Other]\nRows = 7\n\n[Settings]\nROWS=6\n; note\nslsh=5\n\n"
+       "[Tail]\nx=1\n"},
+      // A new key goes behind the last key of its section, or behind the header of an empty one.
+      {"[Settings]\nrows=4\n; about slsh\nslsh=5\n\n; next\n[Next]\na=1\n",
+       {{"Settings", "beeps", "1"}},
+       "[Settings]\nrows=4\n; about slsh\nslsh=5\nbeeps=1\n\n; next\n[Next]\na=1\n"},
+      {"[Settings]\n\n[Next]\na=1\n",
+       {{"Settings", "rows", "4"}},
+       "[Settings]\nrows=4\n\n[Next]\na=1\n"},
+      // A missing section goes at the end; a missing file is made.
+      {"[Other]\na=1", {{"Settings", "rows", "4"}}, "[Other]\na=1\n[Settings]\nrows=4\n"},
+      {"", {{"Settings", "dest", "/home/me/Pictures"}}, "[Settings]\ndest=/home/me/Pictures\n"},
+      // The file's line ends and byte-order mark stay.
+      {"[Settings]\r\nrows=4\r\n",
+       {{"Settings", "rows", "5"}, {"Settings", "slsh", "10"}, {"New", "k", "v"}},
+       "[Settings]\r\nrows=5\r\nslsh=10\r\n[New]\r\nk=v\r\n"},
+      {"\xEF\xBB\xBF[Settings]\nrows=4\n",
+       {{"Settings", "rows", "3"}},
+       "\xEF\xBB\xBF[Settings]\nrows=3\n"},
+  };
+  for (const Case& c : cases) {
+    std::filesystem::remove(file_);
+    if (!c.before.empty()) testfiles::WriteBytes(file_, c.before);
+    for (const Entry& e : c.writes) {
+      EXPECT_TRUE(os::WritePrivateProfileString(e.section, e.key, e.value, file_));
+    }
+    EXPECT_EQ(testfiles::ReadBytes(file_), c.after) << c.before;
+  }
 }
 
 TEST_F(ProfileWrite, WhatIsWrittenReadsBack) {
-  Write("Settings", "dest", "/pics/\xC3\xA9t\xC3\xA9");
-  Write("Settings", "dest", "");
+  ASSERT_TRUE(os::WritePrivateProfileString("Settings", "dest", "/pics/\xC3\xA9t\xC3\xA9", file_));
+  ASSERT_TRUE(os::WritePrivateProfileString("Settings", "dest", "", file_));
   std::u32string buffer(8, U'x');
   EXPECT_EQ(os::GetPrivateProfileString("Settings", "dest", "?", buffer, file_), 0u)
       << "an emptied key stays present";

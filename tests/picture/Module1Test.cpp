@@ -95,9 +95,77 @@ TEST_F(Module1Test, SizesOwnOrAsked) {
   program.form().Picture1.setHeight(5000);
   module1.ShowPictureGdi(path, program.form().Picture1, true);
   EXPECT_EQ(program.form().Picture1.Picture().PixelSize(), (gdi::Size{64, 48}));
-  // Not native: the box's size in pixels.
-  module1.ShowPictureGdi(path, program.form().Picture1, false);
-  EXPECT_EQ(program.form().Picture1.Picture().PixelSize(), (gdi::Size{333, 333}));
+}
+
+TEST_F(Module1Test, NotNativeTakesTheBoxsInnerSizeInPixels) {
+  const std::string path = folder.Write("a.jpg", MakeJpeg(64, 48));
+  // 15 twips a pixel across, 12 down; a border takes two pixels a side.
+  program.runtime.screen().TwipsPerPixelY = 12;
+  struct Row {
+    int borderStyle;
+    gdi::Size expected;
+  };
+  for (const Row& row : {Row{1, {196, 96}}, Row{0, {200, 100}}}) {
+    tk::PictureBox& box = program.form().Picture1;
+    box.setBorderStyle(row.borderStyle);
+    box.setWidth(3000);
+    box.setHeight(1200);
+    module1.ShowPictureGdi(path, box, false);
+    EXPECT_EQ(box.Picture().PixelSize(), row.expected) << "border " << row.borderStyle;
+  }
+}
+
+TEST_F(Module1Test, RatioKeptCentresOnTheRoundedDrawnSize) {
+  // A 200 x 74 image in 20 x 10 is drawn 20 x 7.4, rounded to 7: its top is (10 - 7) / 2 = 1.5,
+  // rounded to 2, not (10 - 7.4) / 2 = 1.3. Turned a quarter, the same for the left edge.
+  struct Row {
+    gdi::Size image, box;
+    gdi::Rect drawn;
+  };
+  const uint32_t red = 0xFF0000u, grid = 0x102040u;
+  for (const Row& row :
+       {Row{{200, 74}, {20, 10}, {0, 2, 20, 7}}, Row{{74, 200}, {10, 20}, {2, 0, 7, 20}}}) {
+    const std::string path =
+        folder.Write("red.png", MakePng(Filled(row.image.width, row.image.height, 0xFFFF0000)));
+    int32_t w = row.box.width, h = row.box.height;
+    const gdi::Picture picture = module1.LoadGdiPicture(path, w, h, 0xFFFFFF, true);
+    ASSERT_TRUE(picture.Pixels());
+    const gdi::Surface& out = *picture.Pixels();
+    ASSERT_EQ(out.Dimensions(), row.box);
+    for (int y = 0; y < row.box.height; ++y) {
+      std::string seen, wanted;
+      for (int x = 0; x < row.box.width; ++x) {
+        const uint32_t colour = out.Pixel(x, y) & 0xFFFFFF;
+        seen += colour == red ? 'r' : colour == grid ? '.' : '?';
+        const bool inside = x >= row.drawn.x && x < row.drawn.x + row.drawn.width &&
+                            y >= row.drawn.y && y < row.drawn.y + row.drawn.height;
+        wanted += inside ? 'r' : '.';
+      }
+      EXPECT_EQ(seen, wanted) << "row " << y;
+    }
+  }
+}
+
+TEST_F(Module1Test, SizesOfZeroOrBelowGiveABitmapWithoutPixels) {
+  const std::string path = folder.Write("a.png", MakePng(Gradient(64, 48)));
+  struct Row {
+    int32_t width, height;
+    bool retainRatio;
+    gdi::Size expected;
+  };
+  for (const Row& row : {Row{0, 10, false, {0, 10}}, Row{12, 0, false, {12, 0}},
+                         Row{-5, 10, true, {0, 10}}, Row{0, 0, true, {0, 0}}}) {
+    int32_t w = row.width, h = row.height;
+    const gdi::Picture picture = module1.LoadGdiPicture(path, w, h, 0xFFFFFF, row.retainRatio);
+    EXPECT_EQ(picture.Type(), gdi::PictureType::kBitmap) << row.width << " x " << row.height;
+    EXPECT_EQ(picture.PixelSize(), row.expected) << row.width << " x " << row.height;
+    EXPECT_EQ(w, row.width);  // only -1 is written back
+    EXPECT_EQ(h, row.height);
+  }
+  // -1 beside a size of 0 still gives the image's own two sizes.
+  int32_t w = -1, h = 0;
+  EXPECT_EQ(module1.LoadGdiPicture(path, w, h, 0xFFFFFF, false).PixelSize(), (gdi::Size{64, 48}));
+  EXPECT_EQ(h, 48);
 }
 
 TEST_F(Module1Test, TransparencyShowsTheGridColour) {

@@ -87,7 +87,6 @@ std::shared_ptr<Picture::Object> Picture::NewObject(PictureType type, Size pixel
 }
 
 Picture Picture::FromSurface(Surface pixels, double twipsPerPixel) {
-  if (pixels.Empty()) return {};
   auto object = NewObject(PictureType::kBitmap, pixels.Dimensions(), twipsPerPixel);
   object->bitmap = std::make_shared<const Surface>(std::move(pixels));
   return Picture(std::move(object));

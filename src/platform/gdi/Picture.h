@@ -55,7 +55,8 @@ class PictureManager {
 class Picture {
  public:
   Picture();
-  // A bitmap picture over `pixels`. Natural size from the pixel size at `twipsPerPixel`.
+  // A bitmap picture over `pixels`. Natural size from the pixel size at `twipsPerPixel`. Empty
+  // pixels make a picture all the same, of no size, that draws nothing.
   static Picture FromSurface(Surface pixels, double twipsPerPixel = 15);
   // A bitmap picture whose pixels are decoded when first drawn, at the size they are drawn.
   static Picture FromLazyPixels(std::shared_ptr<LazyPixels> pixels, double twipsPerPixel = 15);

@@ -5,6 +5,8 @@
 #include <QFileInfo>
 #include <QSaveFile>
 #include <QString>
+#include <algorithm>
+#include <cstdint>
 
 namespace vellumry::os {
 
@@ -38,13 +40,18 @@ bool CopyFile(const std::string& from, const std::string& to, bool overwrite) {
 
 bool DeleteFile(const std::string& path) { return FileExists(path) && QFile::remove(ToQt(path)); }
 
-std::optional<std::string> ReadWholeFile(const std::string& path) {
+std::optional<std::vector<uint8_t>> ReadWholeFile(const std::string& path) {
+  return ReadFileStart(path, SIZE_MAX);
+}
+
+std::optional<std::vector<uint8_t>> ReadFileStart(const std::string& path, size_t limit) {
   if (!FileExists(path)) return std::nullopt;
   QFile file(ToQt(path));
   if (!file.open(QIODevice::ReadOnly)) return std::nullopt;
-  const QByteArray bytes = file.readAll();
-  if (file.error() != QFileDevice::NoError) return std::nullopt;
-  return bytes.toStdString();
+  const qint64 count = static_cast<qint64>(std::min<uint64_t>(file.size(), limit));
+  std::vector<uint8_t> bytes(static_cast<size_t>(count));
+  if (file.read(reinterpret_cast<char*>(bytes.data()), count) != count) return std::nullopt;
+  return bytes;
 }
 
 bool WriteFileAtomically(const std::string& path, std::string_view bytes) {

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 // Paths are UTF-8 strings. No function throws; each reports failure by its result.
 namespace vellumry::os {
@@ -22,7 +25,11 @@ bool CopyFile(const std::string& from, const std::string& to, bool overwrite);
 bool DeleteFile(const std::string& path);
 
 // The whole content of the file `path`; nullopt when it is missing or can't be read.
-std::optional<std::string> ReadWholeFile(const std::string& path);
+std::optional<std::vector<uint8_t>> ReadWholeFile(const std::string& path);
+
+// The first `limit` bytes of the file `path`, or all of it when it is shorter; nullopt when it is
+// missing or can't be read.
+std::optional<std::vector<uint8_t>> ReadFileStart(const std::string& path, size_t limit);
 
 // Replaces the file `path` by `bytes`: written to a temporary file in the same folder, flushed
 // to disk and renamed over `path`. On failure `path` keeps its old bytes and no temporary file

@@ -1,7 +1,10 @@
 #include "platform/os/ProfileString.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <optional>
+#include <string_view>
+#include <vector>
 
 #include "platform/os/FileSystem.h"
 #include "platform/os/ProfileDocument.h"
@@ -9,12 +12,21 @@
 
 namespace vellumry::os {
 
+namespace {
+
+std::string_view AsText(const std::vector<uint8_t>& bytes) {
+  return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
+
+}  // namespace
+
 std::size_t GetPrivateProfileString(std::string_view section, std::string_view key,
                                     std::string_view def, std::span<char32_t> buffer,
                                     const std::string& file) {
   if (buffer.empty()) return 0;
   std::optional<std::string> value;
-  if (const auto bytes = ReadWholeFile(file)) value = ProfileDocument(*bytes).Value(section, key);
+  if (const auto bytes = ReadWholeFile(file))
+    value = ProfileDocument(AsText(*bytes)).Value(section, key);
   if (!value) value = std::string(def.substr(0, def.find_last_not_of(' ') + 1));
   const std::u32string chars = CharsFromUtf8(*value);
   const std::size_t count = std::min(chars.size(), buffer.size() - 1);
@@ -25,13 +37,9 @@ std::size_t GetPrivateProfileString(std::string_view section, std::string_view k
 
 bool WritePrivateProfileString(std::string_view section, std::string_view key,
                                std::string_view value, const std::string& file) {
-  std::string bytes;
-  if (FileExists(file)) {
-    auto old = ReadWholeFile(file);
-    if (!old) return false;
-    bytes = std::move(*old);
-  }
-  ProfileDocument document(bytes);
+  std::optional<std::vector<uint8_t>> old;
+  if (FileExists(file) && !(old = ReadWholeFile(file))) return false;
+  ProfileDocument document(old ? AsText(*old) : std::string_view());
   document.SetValue(section, key, value);
   return WriteFileAtomically(file, document.Bytes());
 }
