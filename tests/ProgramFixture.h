@@ -57,7 +57,7 @@ class ProgramFixture : public ::testing::Test {
   vellumry::Program& start(int w = 1024, int h = 768) {
     program = std::make_unique<vellumry::Program>(
         host, vellumry::tk::EventLoop::Clock::Virtual, vellumry::tk::Screen::ofPixels(w, h),
-        vellumry::Places{home.string(), home.string(), pictures.string()});
+        vellumry::Places{home.string(), home.string(), pictures.string(), {}, startFolder});
     program->runtime.onUncaught = [](const vellumry::tk::Error& e) {
       ADD_FAILURE() << "uncaught error " << e.Number << ": " << e.Description;
     };
@@ -75,6 +75,7 @@ class ProgramFixture : public ::testing::Test {
   }
 
   std::filesystem::path root, home, pictures;
+  std::string startFolder;  // as named on the command line
   vellumry::tk::HeadlessHost host;
   std::unique_ptr<vellumry::Program> program;
 };

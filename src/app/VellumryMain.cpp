@@ -1,7 +1,6 @@
 // vellumry [FOLDER|PICTURE]: the program on screen. A folder named on the command line is the
 // start folder of this run (a picture named there: its folder).
 #include <QApplication>
-#include <QFileInfo>
 #include <QScreen>
 
 #include "platform/os/Folders.h"
@@ -9,31 +8,18 @@
 #include "platform/qt/Presenter.h"
 #include "platform/qt/QtHost.h"
 #include "program/Program.h"
+#include "shell/CommandLine.h"
 #include "shell/Main.h"
 
 using namespace vellumry;
-
-namespace {
-
-// The start folder named on the command line, for this run only; a picture named there gives
-// its folder and is selected once the grid has loaded.
-void takeCommandLine(const QStringList& args, vellumry::Places& places) {
-  if (args.size() < 2) return;
-  QFileInfo named(args[1]);
-  QString folder = named.isDir() ? named.absoluteFilePath() : named.absolutePath();
-  if (!QFileInfo(folder).isDir()) return;
-  places.startFolder = folder.toStdString();
-  if (named.isFile()) places.startFile = named.fileName().toStdString();
-}
-
-}  // namespace
 
 int main(int argc, char** argv) {
   QApplication app(argc, argv);
   QRect area = app.primaryScreen()->geometry();
 
   vellumry::Places places{os::SettingsFolder(), os::InstallFolder(), os::PicturesFolder()};
-  takeCommandLine(app.arguments(), places);
+  // Names are bytes: taken as they stand, not through Qt's text.
+  TakeCommandLine(std::vector<std::string>(argv, argv + argc), places);
 
   presenter::QtHost host;
   vellumry::Program program(host, tk::EventLoop::Clock::Real,

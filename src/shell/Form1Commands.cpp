@@ -1,5 +1,6 @@
 // The keys and mouse gestures of the main window, and the sliding side panel.
 #include "platform/toolkit/Input.h"
+#include "platform/toolkit/KeyCodes.h"
 #include "program/Program.h"
 #include "shell/Form1.h"
 #include "tools/frmMenu.h"
@@ -10,27 +11,26 @@ namespace vellumry {
 using tk::resumeNext;
 
 namespace {
-constexpr int kF1 = 112, kEsc = 27, kCtrl = 17, kAlt = 18, kShift = 16;
 constexpr int kPanelStep = 100;
 }  // namespace
 
 void Form1::Form_KeyUp(int& KeyCode, int) {
   resumeNext([&] {  // a failing key, a help program that can't start for one, ends quietly
     switch (KeyCode) {
-      case kF1:
+      case tk::key::F1:
         program_.pMinimise(0);
         program_.StartHelp();
         break;
-      case kEsc:
+      case tk::key::Esc:
         Unload();
         break;
-      case kCtrl:
+      case tk::key::Ctrl:
         if (File2.ListIndex() >= 1) File2.setListIndex(File2.ListIndex() - 1);
         break;
-      case kAlt:
+      case tk::key::Alt:
         if (File2.ListIndex() < File2.ListCount() - 1) File2.setListIndex(File2.ListIndex() + 1);
         break;
-      case kShift:
+      case tk::key::Shift:
         if (Timer3.Enabled()) {
           Timer3.setEnabled(false);
           Timer4.setEnabled(true);

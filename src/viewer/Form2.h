@@ -1,16 +1,24 @@
 #pragma once
-// The full-screen viewer. For now only the window and the timer that restoring enables.
+// The full-screen viewer. For now the window, the timer that restoring enables, and the way
+// out: Esc leaves it for the grid.
 
 #include "platform/toolkit/BasicControls.h"
 #include "platform/toolkit/Form.h"
-#include "program/Program.h"
 
 namespace vellumry {
 
+class Program;
+
 class Form2 : public tk::Form {
  public:
-  explicit Form2(Program& program) : Form(program.runtime, "Form2") { setBorderStyle(0); }
+  explicit Form2(Program& program);
   tk::Timer Timer3{this, "Timer3"};
+
+  void Form_KeyUp(int& KeyCode, int Shift) override;
+  void Form_Unload(int& Cancel) override;
+
+ private:
+  Program& program_;
 };
 
 }  // namespace vellumry

@@ -70,6 +70,19 @@ TEST_F(CommandsTest, ADoubleClickOnTheFirstPageOpensTheViewerWithoutMovingTheGri
   EXPECT_TRUE(f.Frame3(0).Visible());
 }
 
+TEST_F(CommandsTest, EscLeavesTheViewerAndTheGridTakesItsKeysAgain) {
+  makeFiles(3);
+  vellumry::Form1& f = loaded();
+  ASSERT_TRUE(tk::user::dblClick(f.Image1(2)));
+  ASSERT_TRUE(tk::user::key(program->Form2(), 27));
+  wait(1);
+  EXPECT_FALSE(program->Form2.loaded());
+  EXPECT_TRUE(f.Visible());
+  EXPECT_EQ(program->viewer.ViewerUp, 0);
+  ASSERT_TRUE(tk::user::key(f, 17));  // Ctrl: the previous file, so Form1 has its keys back
+  EXPECT_EQ(f.File2.ListIndex(), 0);
+}
+
 TEST_F(CommandsTest, PopupsComeUpWhereTheyBelongWithTheirEntries) {
   makeFiles(3);
   start();

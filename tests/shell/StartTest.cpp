@@ -1,5 +1,6 @@
 // The start of the program from its settings, the panel, and the ways it closes.
 #include "ProgramFixture.h"
+#include "shell/CommandLine.h"
 
 using namespace vellumry;
 
@@ -52,6 +53,45 @@ TEST_F(StartTest, StartFolderFromDestOrTheUsersFolder) {
     program.reset();
   }
   EXPECT_TRUE(host.shown.empty());  // no message on the way
+}
+
+TEST_F(StartTest, AFolderNamedOnTheCommandLineIsTheStartFolderOfThatRunOnly) {
+  auto named = root / "named", saved = root / "saved";
+  makeFiles(1, named);
+  makeFiles(1, saved);
+  setting("dest", saved.string());
+  startFolder = named.string();
+  start();
+  EXPECT_EQ(form1().File2.Path(), named.string());
+  program->runtime.End();  // ended without pQuit, as a killed program is
+  program.reset();
+  EXPECT_EQ(setting("dest"), saved.string());
+  startFolder.clear();
+  start();
+  EXPECT_EQ(form1().File2.Path(), saved.string());
+}
+
+TEST(CommandLineTest, AFolderOrAPictureNamedGivesTheStartFolderAndNothingElseChanges) {
+  const auto folder =
+      std::filesystem::temp_directory_path() / ("vellumry-args-" + std::to_string(::getpid()));
+  std::filesystem::create_directories(folder);
+  std::ofstream(folder / "a b.png") << "x";
+  struct Case {
+    std::vector<std::string> args;
+    std::string startFolder, startFile;
+  };
+  for (const Case& c :
+       {Case{{"vellumry"}, "", ""}, Case{{"vellumry", folder.string()}, folder.string(), ""},
+        Case{{"vellumry", (folder / "a b.png").string()}, folder.string(), "a b.png"},
+        Case{{"vellumry", (folder / "none").string()}, "", ""}}) {
+    SCOPED_TRACE(c.args.back());
+    vellumry::Places places{"/home", "/install", "/pictures"};
+    vellumry::TakeCommandLine(c.args, places);
+    EXPECT_EQ(places.startFolder, c.startFolder);
+    EXPECT_EQ(places.startFile, c.startFile);
+    EXPECT_EQ(places.picturesFolder, "/pictures");  // never a stand-in for an empty one
+  }
+  std::filesystem::remove_all(folder);
 }
 
 TEST_F(StartTest, SettingsAreReadAsTheyStand) {
