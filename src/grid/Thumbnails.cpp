@@ -20,7 +20,7 @@ void Grid::Timer1_Timer() {
     resumeNext([&] { form_.VScroll1.setMax(form_.VScroll1.Max() + 1); });
     resumeNext([&] { form_.VScroll1.setValue(form_.VScroll1.Max()); });
     resumeNext([&] { form_.Label1.setCaption(std::to_string(form_.VScroll1.Value())); });
-    resumeNext([&] { form_.VScroll1.setVisible(true); });
+    form_.VScroll1.setVisible(true);
   });
   resumeNext([&] { form_.Image123.Load(i); });
   resumeNext([&] { pres(i); });
@@ -30,7 +30,7 @@ void Grid::Timer1_Timer() {
   });
   nLoad = static_cast<int16_t>(nLoad + 1);
   if (nLoad == nCount + 1) {
-    resumeNext([&] { form_.Timer1.setInterval(0); });
+    form_.Timer1.setInterval(0);
     resumeNext([&] { pFoldername(); });
   }
 }

@@ -29,7 +29,9 @@ struct LinkState {
 
 // The viewers: what stood on the screen when minimising, the slideshow, the GIF window's size.
 struct ViewerState {
-  uint8_t ViewerUp = 0;
+  // What ViewerUp tells: nothing, the viewer, or the viewer with the GIF window over it.
+  static constexpr uint8_t kGrid = 0, kViewer = 2, kGifViewer = 3;
+  uint8_t ViewerUp = kGrid;
   int32_t lSlideMs = 0;
   std::string sAniGif;
   bool bBigPlay = false;

@@ -18,7 +18,7 @@ void Form1::Form_KeyUp(int& KeyCode, int) {
   resumeNext([&] {  // a failing key, a help program that can't start for one, ends quietly
     switch (KeyCode) {
       case tk::key::F1:
-        program_.pMinimise(0);
+        program_.pMinimise(ViewerState::kGrid);
         program_.StartHelp();
         break;
       case tk::key::Esc:
@@ -107,7 +107,7 @@ void Form1::btnmenu_Click() {
 
 void Form1::btn_Click(int Index) {
   if (Index == 0) Timer3.setEnabled(true);
-  if (Index == 1) program_.pMinimise(0);
+  if (Index == 1) program_.pMinimise(ViewerState::kGrid);
 }
 
 void Form1::Image4_Click() { Unload(); }

@@ -66,7 +66,7 @@ void frmMenu::mnuOfo2_Click() {
                      64, "Invalid Path");
     return;
   }
-  program_.pMinimise(0);
+  program_.pMinimise(ViewerState::kGrid);
   program_.OpenFolder(path);
 }
 
@@ -75,12 +75,12 @@ void frmMenu::mnuHelp_Click() {
   program_.StartHelp();
 }
 
-void frmMenu::mnuMinimize_Click() { program_.pMinimise(0); }
+void frmMenu::mnuMinimize_Click() { program_.pMinimise(ViewerState::kGrid); }
 
 void frmMenu::mnuMin_Click() {
   // Pausing a playing animation first comes with the GIF viewer.
   tk::Form* f3 = program_.Form3.peekForm();
-  program_.pMinimise(f3 && f3->Visible() ? 3 : 2);
+  program_.pMinimise(f3 && f3->Visible() ? ViewerState::kGifViewer : ViewerState::kViewer);
 }
 
 void frmMenu::mnuExit_Click() { program_.Form1.form().Unload(); }

@@ -19,7 +19,7 @@ void Form2::Form_KeyUp(int& KeyCode, int) {
 void Form2::Form_Unload(int&) {
   // Form3 lies inside the viewer and goes with it.
   if (tk::Form* gifWindow = program_.Form3.peekForm()) gifWindow->Unload();
-  program_.viewer.ViewerUp = 0;
+  program_.viewer.ViewerUp = ViewerState::kGrid;
 }
 
 }  // namespace vellumry
