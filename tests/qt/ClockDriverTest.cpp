@@ -18,28 +18,18 @@ void spin(int ms) {
   loop.exec();
 }
 
-TEST(ClockDriver, FiresATwelveMillisecondTimerAgainAndAgain) {
-  QtProgram p(tk::EventLoop::Clock::Real);
-  presenter::ClockDriver clock(p.runtime.loop());
-  PanelForm& f = p.form();
-  // Started from outside any event: the loop's schedule hook wakes the driver.
-  f.Timer1.setInterval(12);
-  f.Timer1.setEnabled(true);
-  EXPECT_TRUE(clock.armed());
-  spin(200);
-  EXPECT_GE(f.ticks, 4);
-}
-
-TEST(ClockDriver, AStoppedTimerFiresNoMoreAndTheDriverRests) {
+TEST(ClockDriver, FiresATimerAgainAndAgainUntilItStopsThenRests) {
   QtProgram p(tk::EventLoop::Clock::Real);
   presenter::ClockDriver clock(p.runtime.loop());
   PanelForm& f = p.form();
   f.Timer1.onTimer = [&f] {
     if (++f.ticks == 3) f.Timer1.setEnabled(false);
   };
-  f.Timer1.setInterval(1);
+  // Started from outside any event: the loop's schedule hook wakes the driver.
+  f.Timer1.setInterval(12);
   f.Timer1.setEnabled(true);
-  spin(100);
+  EXPECT_TRUE(clock.armed());
+  spin(200);
   EXPECT_EQ(f.ticks, 3);
   EXPECT_FALSE(clock.armed());
 }
@@ -67,11 +57,6 @@ TEST(ClockDriver, NothingFiresWhileTheLoopIsBlocked) {
   p.runtime.loop().unblock();
   spin(50);
   EXPECT_GT(f.ticks, 0);
-}
-
-TEST(ClockDriver, RefusesTheVirtualClock) {
-  tk::EventLoop loop(tk::EventLoop::Clock::Virtual);
-  EXPECT_THROW(presenter::ClockDriver{loop}, std::logic_error);
 }
 
 }  // namespace

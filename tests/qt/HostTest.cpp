@@ -29,73 +29,55 @@ void whenShown(F act) {
   poll->start(5);
 }
 
-int answerWith(int style, QMessageBox::StandardButton press) {
+TEST(QtHostMsgBox, StyleGivesButtonsAndIconAndTheAnswerIsTheToolkitsNumber) {
+  // Styles: buttons 0 OK, 1 OK Cancel, 3 Yes No Cancel, 4 Yes No; icons 32 question,
+  // 48 warning, 64 information. Answers: 1 OK, 2 Cancel, 6 Yes, 7 No.
+  const struct {
+    int style;
+    QMessageBox::StandardButton press;  // NoButton: the user closes the box
+    int answer;
+    QMessageBox::Icon icon;
+    int buttons;
+  } boxes[] = {
+      {0, QMessageBox::Ok, 1, QMessageBox::NoIcon, 1},
+      {1, QMessageBox::Cancel, 2, QMessageBox::NoIcon, 2},
+      {36, QMessageBox::Yes, 6, QMessageBox::Question, 2},
+      {36, QMessageBox::No, 7, QMessageBox::Question, 2},
+      {64, QMessageBox::Ok, 1, QMessageBox::Information, 1},
+      {3 + 48, QMessageBox::Cancel, 2, QMessageBox::Warning, 3},
+      // Closing gives Cancel where the box has it, else No.
+      {35, QMessageBox::NoButton, 2, QMessageBox::Question, 3},
+      {36, QMessageBox::NoButton, 7, QMessageBox::Question, 2},
+  };
   presenter::QtHost host;
-  whenShown<QMessageBox>([press](QMessageBox* box) {
-    if (press == QMessageBox::NoButton)
-      box->reject();
-    else
-      box->button(press)->click();
-  });
-  return host.MsgBox("Sure?", style, "Title");
-}
-
-TEST(QtHostMsgBox, AnswersAreTheToolkitsNumbers) {
-  EXPECT_EQ(answerWith(0, QMessageBox::Ok), tk::mb::OK);
-  EXPECT_EQ(answerWith(1, QMessageBox::Cancel), tk::mb::Cancel);
-  EXPECT_EQ(answerWith(36, QMessageBox::Yes), tk::mb::Yes);
-  EXPECT_EQ(answerWith(36, QMessageBox::No), tk::mb::No);
-  EXPECT_EQ(answerWith(35, QMessageBox::Cancel), tk::mb::Cancel);
-}
-
-TEST(QtHostMsgBox, AClosedBoxGivesTheClosingAnswer) {
-  EXPECT_EQ(answerWith(3 + 32, QMessageBox::NoButton), tk::mb::Cancel);
-  EXPECT_EQ(answerWith(4 + 32, QMessageBox::NoButton), tk::mb::No);
-}
-
-TEST(QtHostMsgBox, StyleGivesButtonsAndIcon) {
-  presenter::QtHost host;
-  QMessageBox::Icon icon = QMessageBox::NoIcon;
-  int buttons = 0;
-  whenShown<QMessageBox>([&](QMessageBox* box) {
-    icon = box->icon();
-    buttons = static_cast<int>(box->buttons().size());
-    box->button(QMessageBox::Ok)->click();
-  });
-  host.MsgBox("Note", 64, "");
-  EXPECT_EQ(icon, QMessageBox::Information);
-  EXPECT_EQ(buttons, 1);
-  whenShown<QMessageBox>([&](QMessageBox* box) {
-    icon = box->icon();
-    buttons = static_cast<int>(box->buttons().size());
-    box->button(QMessageBox::Yes)->click();
-  });
-  host.MsgBox("Really?", 3 + 48, "");
-  EXPECT_EQ(icon, QMessageBox::Warning);
-  EXPECT_EQ(buttons, 3);
-}
-
-class PopupTest : public ::testing::Test {
- protected:
-  void SetUp() override {
-    f = &p.form();
-    for (tk::Menu* m : {&one, &sep, &two, &hidden, &off}) top.add(*m);
-    hidden.setVisible(false);
-    off.setEnabled(false);
-    two.setChecked(true);
-    one.setShortcut("F1");
+  for (const auto& b : boxes) {
+    QMessageBox::Icon icon = QMessageBox::NoIcon;
+    qsizetype buttons = 0;
+    whenShown<QMessageBox>([&](QMessageBox* box) {
+      icon = box->icon();
+      buttons = box->buttons().size();
+      if (b.press == QMessageBox::NoButton)
+        box->reject();
+      else
+        box->button(b.press)->click();
+    });
+    EXPECT_EQ(host.MsgBox("Sure?", b.style, "Title"), b.answer) << "style " << b.style;
+    EXPECT_EQ(icon, b.icon) << "style " << b.style;
+    EXPECT_EQ(buttons, b.buttons) << "style " << b.style;
   }
-  QtProgram p;
-  PanelForm* f = nullptr;
-  tk::Menu top{&p.form(), "mnuTop", "Top"};
-  tk::Menu one{&p.form(), "mnuOne", "One"};
-  tk::Menu sep{&p.form(), "mnuSep", "-"};
-  tk::Menu two{&p.form(), "mnuTwo", "Two"};
-  tk::Menu hidden{&p.form(), "mnuHidden", "Hidden"};
-  tk::Menu off{&p.form(), "mnuOff", "Off"};
-};
+}
 
-TEST_F(PopupTest, ShowsVisibleEntriesWithSeparatorsGreyAndChecks) {
+TEST(QtHostPopup, ShowsVisibleEntriesWithSeparatorsGreyAndChecksAndReturnsThePick) {
+  QtProgram p;
+  PanelForm& f = p.form();
+  tk::Menu top{&f, "mnuTop", "Top"}, one{&f, "mnuOne", "One"}, sep{&f, "mnuSep", "-"},
+      two{&f, "mnuTwo", "Two"}, hidden{&f, "mnuHidden", "Hidden"}, off{&f, "mnuOff", "Off"};
+  for (tk::Menu* m : {&one, &sep, &two, &hidden, &off}) top.add(*m);
+  hidden.setVisible(false);
+  off.setEnabled(false);
+  two.setChecked(true);
+  one.setShortcut("F1");
+
   QMenu menu;
   auto entries = presenter::buildMenu(top, menu);
   const auto actions = menu.actions();
@@ -106,12 +88,10 @@ TEST_F(PopupTest, ShowsVisibleEntriesWithSeparatorsGreyAndChecks) {
   EXPECT_FALSE(actions[3]->isEnabled());
   EXPECT_EQ(entries.at(actions[2]), &two);
   EXPECT_EQ(entries.count(actions[1]), 0u);
-}
 
-TEST_F(PopupTest, ReturnsThePickedEntryOrNothing) {
   presenter::QtHost host;
   host.setPresenter(p.presenter.get());
-  f->Show();
+  f.Show();
   whenShown<QMenu>([](QMenu* m) {
     m->setActiveAction(m->actions()[2]);
     QTest::keyClick(m, Qt::Key_Return);
@@ -126,12 +106,6 @@ TEST(QtHostSaveFile, FiltersBecomeQtFilters) {
   EXPECT_EQ(presenter::qtFileFilter("Pictures|*.jpg;*.png"), "Pictures (*.jpg *.png)");
   EXPECT_EQ(presenter::qtFileFilter(""), "");
   EXPECT_EQ(presenter::qtFileFilter("Lonely"), "");  // a name without patterns stands for nothing
-}
-
-TEST(QtHostShell, OpenWithHasNoChooser) {
-  presenter::QtHost host;
-  EXPECT_FALSE(host.OpenWith("/tmp/x.png"));
-  EXPECT_FALSE(host.Run(""));
 }
 
 }  // namespace

@@ -15,9 +15,13 @@ using namespace vellumry;
 
 namespace {
 
-TEST(PresenterPlaces, WidgetsStandAtTheModelsTwipsInPixels) {
+class PresenterTest : public ::testing::Test {
+ protected:
   QtProgram p;
   PanelForm& f = p.form();
+};
+
+TEST_F(PresenterTest, WidgetsStandAtTheModelsTwipsInPixelsAndFollowMoves) {
   f.Show();
   presenter::FormWindow& w = p.window();
   EXPECT_EQ(w.geometry(), QRect(100, 200, 400, 300));
@@ -28,32 +32,32 @@ TEST(PresenterPlaces, WidgetsStandAtTheModelsTwipsInPixels) {
   QListWidget* list = p.widgetOf<QListWidget>(f.List1);
   EXPECT_EQ(list->parentWidget(), p.presenter->widget(f.Frame1));
   EXPECT_EQ(list->geometry(), QRect(10, 10, 100, 100));
-}
 
-TEST(PresenterPlaces, MovesAndContainerChangesShowAtOnce) {
-  QtProgram p;
-  PanelForm& f = p.form();
-  f.Show();
   f.Command1.Move(0, 0, 1500, 600);
   EXPECT_EQ(p.widgetOf<QPushButton>(f.Command1)->geometry(), QRect(0, 0, 100, 40));
   f.Move(0, 0, 3000, 1500);
-  EXPECT_EQ(p.window().geometry(), QRect(0, 0, 200, 100));
+  EXPECT_EQ(w.geometry(), QRect(0, 0, 200, 100));
   f.Command1.setContainer(&f.Frame1);
   EXPECT_EQ(p.widgetOf<QPushButton>(f.Command1)->parentWidget(), p.presenter->widget(f.Frame1));
   f.setWindowState(2);
-  EXPECT_EQ(p.window().geometry(), QRect(0, 0, 800, 600));
+  EXPECT_EQ(w.geometry(), QRect(0, 0, 800, 600));
 }
 
-TEST(PresenterChanges, CaptionVisibilityItemsAndValuesShowAtOnce) {
-  QtProgram p;
-  PanelForm& f = p.form();
+TEST_F(PresenterTest, ChangesShowAtOnceAndRaiseTheirEventsOnceWithNothingComingBack) {
   EXPECT_FALSE(p.window().isVisible());
   f.Show();
   EXPECT_TRUE(p.window().isVisible());
+  p.log.clear();
   f.setCaption("Pictures");
   EXPECT_EQ(p.window().windowTitle(), "Pictures");
+  f.setMousePointer(11);
+  EXPECT_EQ(p.window().cursor().shape(), Qt::WaitCursor);
+  f.setMousePointer(0);
+  EXPECT_EQ(p.window().cursor().shape(), Qt::ArrowCursor);
   f.Command1.setCaption("Stop");
   EXPECT_EQ(p.widgetOf<QPushButton>(f.Command1)->text(), "Stop");
+  f.Command1.setToolTipText("Start");
+  EXPECT_EQ(p.widgetOf<QPushButton>(f.Command1)->toolTip(), "Start");
   f.Command1.setVisible(false);
   EXPECT_FALSE(p.widgetOf<QPushButton>(f.Command1)->isVisible());
   f.Command1.setEnabled(false);
@@ -87,39 +91,13 @@ TEST(PresenterChanges, CaptionVisibilityItemsAndValuesShowAtOnce) {
   EXPECT_TRUE(p.widgetOf<QCheckBox>(f.Check1)->isChecked());
   f.Tabs1.setSelectedItem(2);
   EXPECT_EQ(p.widgetOf<QTabBar>(f.Tabs1)->currentIndex(), 1);
-  f.Command1.setToolTipText("Start");
-  EXPECT_EQ(p.widgetOf<QPushButton>(f.Command1)->toolTip(), "Start");
+  // Each setter's own event, once: no widget echoed the change back into the model.
+  EXPECT_EQ(p.log,
+            (std::vector<std::string>{"List1_Click 2", "VScroll1_Change 7", "VScroll1_Change 10",
+                                      "Text1_Change typed", "Check1_Click 1", "Tabs1_Click 2"}));
 }
 
-TEST(PresenterChanges, ModelChangesRaiseTheirEventsOnceAndNothingComesBack) {
-  QtProgram p;
-  PanelForm& f = p.form();
-  f.Show();
-  p.log.clear();
-  f.List1.AddItem("a");
-  f.List1.AddItem("b");
-  f.List1.setListIndex(1);
-  f.VScroll1.setValue(3);
-  f.Tabs1.setSelectedItem(2);
-  f.Check1.setValue(1);
-  f.Text1.setText("x");
-  EXPECT_EQ(p.log, (std::vector<std::string>{"List1_Click 1", "VScroll1_Change 3", "Tabs1_Click 2",
-                                             "Check1_Click 1", "Text1_Change x"}));
-}
-
-TEST(PresenterChanges, HourglassFollowsMousePointer) {
-  QtProgram p;
-  PanelForm& f = p.form();
-  f.Show();
-  f.setMousePointer(11);
-  EXPECT_EQ(p.window().cursor().shape(), Qt::WaitCursor);
-  f.setMousePointer(0);
-  EXPECT_EQ(p.window().cursor().shape(), Qt::ArrowCursor);
-}
-
-TEST(PresenterChanges, FocusFollowsTheActiveControl) {
-  QtProgram p;
-  PanelForm& f = p.form();
+TEST_F(PresenterTest, FocusFollowsTheActiveControl) {
   f.Show();
   f.Text1.setText("abcdef");
   f.Text1.setSelStart(1);
@@ -132,9 +110,7 @@ TEST(PresenterChanges, FocusFollowsTheActiveControl) {
   EXPECT_EQ(p.window().focusWidget(), p.presenter->widget(f.List1));
 }
 
-TEST(PresenterWindowless, ImagesLabelsAndShapesCostNoWidget) {
-  QtProgram p;
-  PanelForm& f = p.form();
+TEST_F(PresenterTest, ImagesLabelsAndShapesCostNoWidget) {
   f.Show();
   const auto before = p.window().findChildren<QWidget*>().size();
   EXPECT_EQ(p.presenter->widget(f.Image1(0)), nullptr);
@@ -148,9 +124,7 @@ TEST(PresenterWindowless, ImagesLabelsAndShapesCostNoWidget) {
   EXPECT_EQ(p.window().windowlessCount(), 3u);
 }
 
-TEST(PresenterWindowless, KeptPicturesGoWhenThePictureOrSizeChanges) {
-  QtProgram p;
-  PanelForm& f = p.form();
+TEST_F(PresenterTest, KeptPicturesGoWhenThePictureOrSizeChanges) {
   f.Show();
   f.Image1(0).setPicture(solidPicture(4, 4, 0xFF00FF00));
   p.window().grab();
@@ -168,9 +142,7 @@ TEST(PresenterWindowless, KeptPicturesGoWhenThePictureOrSizeChanges) {
   EXPECT_EQ(p.window().painter().keptImages(), 0u);
 }
 
-TEST(PresenterLife, UnloadingAFormTakesItsWindowAway) {
-  QtProgram p;
-  PanelForm& f = p.form();
+TEST_F(PresenterTest, UnloadingAFormTakesItsWindowAway) {
   f.Show();
   QPointer<presenter::FormWindow> w = &p.window();
   ASSERT_TRUE(f.Unload());
@@ -183,9 +155,8 @@ TEST(PresenterLife, UnloadingAFormTakesItsWindowAway) {
   EXPECT_TRUE(p.window().isVisible());
 }
 
-TEST(PresenterLife, EndingTheProgramClosesEveryWindow) {
-  QtProgram p;
-  p.form().Show();
+TEST_F(PresenterTest, EndingTheProgramClosesEveryWindow) {
+  f.Show();
   bool told = false;
   p.presenter->onProgramEnded = [&] { told = true; };
   p.runtime.End();

@@ -22,6 +22,7 @@
 #include "platform/toolkit/PictureControls.h"
 #include "platform/toolkit/Runtime.h"
 #include "platform/toolkit/ScrollBar.h"
+#include "toolkit/EventLine.h"
 
 // A form with one control of each kind the presenter shows, writing down what it sees.
 class PanelForm : public vellumry::tk::Form {
@@ -48,43 +49,31 @@ class PanelForm : public vellumry::tk::Form {
     Label1.setCaption("label");
     Image1(0).Move(3300, 2700, 600, 600);
     Image1(0).setStretch(true);
-    Image1(0).setToolTipText("cell");
     Shape1.Move(0, 0, 300, 300);
 
-    List1.onClick = [this] { note("List1_Click " + std::to_string(List1.ListIndex())); };
-    List1.onMouseDown = [this](int b, int, double, double) {
-      note("List1_MouseDown " + std::to_string(b));
-    };
-    List1.onDblClick = [this] { note("List1_DblClick"); };
+    List1.onClick = [this] { note("List1_Click", List1.ListIndex()); };
+    List1.onMouseDown = [this](int b, int, double, double) { note("List1_MouseDown", b); };
     Command1.onClick = [this] { note("Command1_Click"); };
-    Check1.onClick = [this] { note("Check1_Click " + std::to_string(Check1.Value())); };
-    Text1.onChange = [this] { note("Text1_Change " + Text1.Text()); };
-    VScroll1.onChange = [this] { note("VScroll1_Change " + std::to_string(VScroll1.Value())); };
-    Tabs1.onClick = [this] { note("Tabs1_Click " + std::to_string(Tabs1.SelectedItem())); };
+    Check1.onClick = [this] { note("Check1_Click", Check1.Value()); };
+    Text1.onChange = [this] { log_.push_back("Text1_Change " + Text1.Text()); };
+    VScroll1.onChange = [this] { note("VScroll1_Change", VScroll1.Value()); };
+    Tabs1.onClick = [this] { note("Tabs1_Click", Tabs1.SelectedItem()); };
     Image1.onMouseDown = [this](int i, int b, int s, double x, double y) {
-      note("Image1_MouseDown " + std::to_string(i) + " " + std::to_string(b) + " " +
-           std::to_string(s) + " " + std::to_string(static_cast<int>(x)) + " " +
-           std::to_string(static_cast<int>(y)));
+      note("Image1_MouseDown", i, b, s, static_cast<int>(x), static_cast<int>(y));
     };
-    Image1.onMouseUp = [this](int i, int b, int, double, double) {
-      note("Image1_MouseUp " + std::to_string(i) + " " + std::to_string(b));
-    };
-    Image1.onClick = [this](int i) { note("Image1_Click " + std::to_string(i)); };
-    Image1.onDblClick = [this](int i) { note("Image1_DblClick " + std::to_string(i)); };
+    Image1.onMouseUp = [this](int i, int b, int, double, double) { note("Image1_MouseUp", i, b); };
+    Image1.onClick = [this](int i) { note("Image1_Click", i); };
+    Image1.onDblClick = [this](int i) { note("Image1_DblClick", i); };
     Timer1.onTimer = [this] { ++ticks; };
   }
-  void Form_Resize() override { note("Form_Resize " + std::to_string(WindowState())); }
+  void Form_Resize() override { note("Form_Resize", WindowState()); }
   void Form_QueryUnload(int& cancel, int mode) override {
-    note("Form_QueryUnload " + std::to_string(mode));
+    note("Form_QueryUnload", mode);
     cancel = cancelUnload;
   }
   void Form_Click() override { note("Form_Click"); }
-  void Form_KeyDown(int& k, int shift) override {
-    note("Form_KeyDown " + std::to_string(k) + " " + std::to_string(shift));
-  }
-  void Form_KeyUp(int& k, int shift) override {
-    note("Form_KeyUp " + std::to_string(k) + " " + std::to_string(shift));
-  }
+  void Form_KeyDown(int& k, int shift) override { note("Form_KeyDown", k, shift); }
+  void Form_KeyUp(int& k, int shift) override { note("Form_KeyUp", k, shift); }
 
   int cancelUnload = 0;
   int ticks = 0;
@@ -101,7 +90,10 @@ class PanelForm : public vellumry::tk::Form {
   vellumry::tk::Timer Timer1{this, "Timer1"};
 
  private:
-  void note(const std::string& s) { log_.push_back(s); }
+  template <class... N>
+  void note(std::string event, N... numbers) {
+    log_.push_back(eventLine(std::move(event), numbers...));
+  }
   std::vector<std::string>& log_;
 };
 

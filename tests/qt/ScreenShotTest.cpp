@@ -13,9 +13,13 @@ namespace {
 
 QRgb at(const QImage& image, int x, int y) { return image.pixel(x, y) | 0xFF000000u; }
 
-TEST(ScreenShot, ShowsAnImagesPictureWhereTheModelPlacesIt) {
+class ScreenShotTest : public ::testing::Test {
+ protected:
   QtProgram p;
   PanelForm& f = p.form();
+};
+
+TEST_F(ScreenShotTest, ShowsAnImagesPictureWhereTheModelPlacesIt) {
   f.Show();
   // The form stands at 100, 200 px; Image1(0) at 220, 180 px inside it, 40 x 40 px, stretched.
   f.Image1(0).setPicture(solidPicture(4, 4, 0xFF00FF00));
@@ -30,9 +34,7 @@ TEST(ScreenShot, ShowsAnImagesPictureWhereTheModelPlacesIt) {
   EXPECT_EQ(at(screen, 5, 5), 0xFF000000u);
 }
 
-TEST(ScreenShot, ArrayElementsStandAtTheLevelOfTheirFirstElement) {
-  QtProgram p;
-  PanelForm& f = p.form();
+TEST_F(ScreenShotTest, ArrayElementsStandAtTheLevelOfTheirFirstElement) {
   f.Show();
   // Shape1 is made after Image1(0): an element loaded later still lies below it.
   f.Shape1.Move(220 * 15, 180 * 15, 40 * 15, 40 * 15);
@@ -57,9 +59,7 @@ TEST(ScreenShot, ADrawnPictureWithAlphaOwnsItsPixels) {
   EXPECT_EQ(drawn.pixel(7, 7), 0xFF0000FFu);
 }
 
-TEST(ScreenShot, AnImageWithoutStretchDrawsAtNaturalSize) {
-  QtProgram p;
-  PanelForm& f = p.form();
+TEST_F(ScreenShotTest, AnImageWithoutStretchDrawsAtNaturalSize) {
   f.Show();
   f.Image1(0).setStretch(false);
   f.Image1(0).setVisible(true);
@@ -70,9 +70,7 @@ TEST(ScreenShot, AnImageWithoutStretchDrawsAtNaturalSize) {
   EXPECT_NE(at(screen, 100 + 224, 200 + 183), 0xFFFF0000u);
 }
 
-TEST(ScreenShot, ALaterFormLiesOverAndHiddenOnesDontShow) {
-  QtProgram p;
-  PanelForm& f = p.form();
+TEST_F(ScreenShotTest, ALaterFormLiesOverAndHiddenOnesDontShow) {
   f.setBackColor(0x000000FF);  // red
   f.Show();
   tk::FormSlot<PanelForm> second(p.runtime,
@@ -90,10 +88,8 @@ TEST(ScreenShot, ALaterFormLiesOverAndHiddenOnesDontShow) {
   second().Unload();
 }
 
-TEST(ScreenShot, WorksWithoutAPresenterAndWritesAPng) {
-  QtProgram p;
+TEST_F(ScreenShotTest, WorksWithoutAPresenterAndWritesAPng) {
   p.presenter.reset();
-  PanelForm& f = p.form();
   f.setBackColor(0x000000FF);
   f.Show();
   QImage screen = presenter::renderScreen(p.runtime);

@@ -1,5 +1,8 @@
-// The rules controls keep: events inside setters, control arrays, rounding, properties by name.
+// The rules controls keep: events inside setters, control arrays, rounding, properties by name,
+// and the changes the presenter is told of.
 #include <gtest/gtest.h>
+
+#include <functional>
 
 #include "platform/toolkit/Numbers.h"
 #include "toolkit/TestForms.h"
@@ -8,10 +11,16 @@ using namespace vellumry;
 
 using Log = std::vector<std::string>;
 
-TEST(ControlRules, SettersRaiseTheirEventInsideTheStatementAndNotOnTheSameValue) {
+namespace {
+
+class ControlRules : public ::testing::Test {
+ protected:
+  void SetUp() override { p.log.clear(); }
   TestProgram p;
   LogForm& f = p.form();
-  p.log.clear();
+};
+
+TEST_F(ControlRules, SettersRaiseTheirEventInsideTheStatementAndNotOnTheSameValue) {
   f.List1.AddItem("a");
   f.List1.AddItem("b");
   f.List1.setListIndex(1);
@@ -25,10 +34,7 @@ TEST(ControlRules, SettersRaiseTheirEventInsideTheStatementAndNotOnTheSameValue)
   EXPECT_EQ(p.log, (Log{"List1_Click 1", "after", "Label1_Change x", "VScroll1_Change 4"}));
 }
 
-TEST(ControlRules, ValuesOutOfRangeFailAndAShrinkingRangeMovesTheValue) {
-  TestProgram p;
-  LogForm& f = p.form();
-  p.log.clear();
+TEST_F(ControlRules, ValuesOutOfRangeFailAndAShrinkingRangeMovesTheValue) {
   EXPECT_THROW(f.List1.setListIndex(0), tk::Error);  // empty list
   EXPECT_NO_THROW(f.List1.setListIndex(-1));
   f.VScroll1.setMax(5);
@@ -39,9 +45,54 @@ TEST(ControlRules, ValuesOutOfRangeFailAndAShrinkingRangeMovesTheValue) {
   EXPECT_EQ(p.log, (Log{"VScroll1_Change 5", "VScroll1_Change 0"}));
 }
 
-TEST(ControlRules, ControlArrayLoadsHiddenCopiesOfElementZero) {
-  TestProgram p;
-  LogForm& f = p.form();
+// What the presenter is told: which control changed, under which property.
+struct ChangeLog : tk::Observer {
+  void propertyChanged(tk::Control& c, tk::PropertyName property) override {
+    changes.emplace_back(&c, property);
+  }
+  std::vector<std::pair<const tk::Control*, tk::PropertyName>> changes;
+};
+
+TEST_F(ControlRules, EachChangeReachesTheObserverOnceUnderItsOwnName) {
+  ChangeLog observer;
+  p.runtime.setObserver(&observer);
+  tk::Control& button = f.Command1;
+  tk::Image& image = f.Image1(0);
+  namespace prop = tk::prop;
+  const struct {
+    std::function<void()> change;
+    const tk::Control* control;
+    tk::PropertyName property;
+  } changes[] = {
+      {[&] { button.setLeft(15); }, &button, prop::Left},
+      {[&] { button.setTop(15); }, &button, prop::Top},
+      {[&] { button.setWidth(15); }, &button, prop::Width},
+      {[&] { button.setHeight(15); }, &button, prop::Height},
+      {[&] { button.setVisible(false); }, &button, prop::Visible},
+      {[&] { button.setEnabled(false); }, &button, prop::Enabled},
+      {[&] { button.setToolTipText("tip"); }, &button, prop::ToolTipText},
+      {[&] { button.setContainer(&f); }, &button, prop::Container},
+      {[&] { image.setStretch(true); }, &image, prop::Stretch},
+      {[&] { image.setPicture({}); }, &image, prop::Picture},
+      {[&] { f.List1.AddItem("a"); }, &f.List1, prop::List},
+      {[&] { f.Label1.setCaption("x"); }, &f.Label1, prop::Caption},
+      {[&] { f.setCaption("x"); }, &f, prop::Caption},
+      {[&] { f.setWindowState(2); }, &f, prop::WindowState},
+      {[&] { f.setMousePointer(11); }, &f, prop::MousePointer},
+      {[&] { f.setBorderStyle(0); }, &f, prop::BorderStyle},
+  };
+  for (const auto& c : changes) {
+    observer.changes.clear();
+    c.change();
+    const std::string_view expected = c.property;
+    ASSERT_EQ(observer.changes.size(), 1u) << expected;
+    EXPECT_EQ(observer.changes[0].first, c.control) << expected;
+    EXPECT_EQ(std::string_view(observer.changes[0].second), expected);
+  }
+  p.runtime.setObserver(nullptr);
+}
+
+TEST_F(ControlRules, ControlArrayLoadsHiddenCopiesOfElementZero) {
   f.Image1(0).Move(10, 150, 1575, 1335);
   f.Image1(0).setToolTipText("template");
   f.Image1(0).setStretch(true);
@@ -67,9 +118,7 @@ TEST(ControlRules, ControlArrayLoadsHiddenCopiesOfElementZero) {
   f.Image1.Load(1);  // a position can be loaded again after its unload
 }
 
-TEST(ControlRules, ArrayEventsCarryTheIndex) {
-  TestProgram p;
-  LogForm& f = p.form();
+TEST_F(ControlRules, ArrayEventsCarryTheIndex) {
   f.Show();
   f.Image1.Load(3).setVisible(true);
   p.log.clear();
@@ -78,7 +127,7 @@ TEST(ControlRules, ArrayEventsCarryTheIndex) {
                         "Image1_DblClick 3", "Image1_MouseUp 3 1"}));
 }
 
-TEST(ControlRules, RoundingIsHalfToEvenAndIntDivDropsTheRemainder) {
+TEST(Numbers, RoundingIsHalfToEvenAndIntDivDropsTheRemainder) {
   EXPECT_EQ(tk::CInt(2.5), 2);
   EXPECT_EQ(tk::CInt(3.5), 4);
   EXPECT_EQ(tk::CInt(-2.5), -2);
@@ -90,10 +139,7 @@ TEST(ControlRules, RoundingIsHalfToEvenAndIntDivDropsTheRemainder) {
   EXPECT_EQ(tk::IntDiv(7.5, 2), 4);  // 7.5 rounds to 8 first
 }
 
-TEST(ControlRules, PropertiesByNameCaseBlind) {
-  TestProgram p;
-  LogForm& f = p.form();
-  p.log.clear();
+TEST_F(ControlRules, PropertiesByNameCaseBlind) {
   f.Label1.set("caption", std::string("by name"));
   EXPECT_EQ(p.log, (Log{"Label1_Change by name"}));
   EXPECT_EQ(std::get<std::string>(f.Label1.get("Caption")), "by name");
@@ -109,17 +155,4 @@ TEST(ControlRules, PropertiesByNameCaseBlind) {
   EXPECT_THROW(f.VScroll1.set("Value", std::string("abc")), tk::Error);
 }
 
-TEST(ControlRules, ImageWithoutStretchTakesThePictureSize) {
-  TestProgram p;
-  LogForm& f = p.form();
-  gdi::Surface pixels(40, 30, gdi::AlphaMode::kOpaque);
-  auto picture = gdi::Picture::FromSurface(std::move(pixels), 15);
-  f.Image1(0).setPicture(picture);
-  EXPECT_EQ(f.Image1(0).Width(), 600);
-  EXPECT_EQ(f.Image1(0).Height(), 450);
-  tk::Image& stretched = f.Image1.Load(1);
-  stretched.setStretch(true);
-  stretched.Move(0, 0, 100, 100);
-  stretched.setPicture(picture);
-  EXPECT_EQ(stretched.Width(), 100);
-}
+}  // namespace

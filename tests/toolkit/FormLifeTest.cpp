@@ -9,6 +9,19 @@ using namespace vellumry;
 
 using Log = std::vector<std::string>;
 
+namespace {
+// A program whose form is shown, with what that wrote down cleared.
+class ShownForm : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    f.Show();
+    p.log.clear();
+  }
+  TestProgram p;
+  LogForm& f = p.form();
+};
+}  // namespace
+
 TEST(FormLife, LoadedOnFirstTouchAndShownWithResizeAndActivate) {
   TestProgram p;
   EXPECT_FALSE(p.form.loaded());
@@ -36,37 +49,25 @@ TEST(FormLife, QueryUnloadCanCancelAndUnloadedFormsAreMadeAnew) {
   EXPECT_EQ(p.log, (Log{"Form_Load"}));
 }
 
-TEST(FormLife, AFormUnloadsItselfFromItsOwnClick) {
-  TestProgram p;
-  LogForm& f = p.form();
-  f.Show();
-  f.Command1.onClick = [&f] {
+TEST_F(ShownForm, AFormUnloadsItselfFromItsOwnClick) {
+  f.Command1.onClick = [this] {
     f.Unload();
     f.Label1.setCaption("still here");  // the object lives until the event returns
   };
-  p.log.clear();
   tk::user::click(f.Command1);
   EXPECT_EQ(p.log, (Log{"Form_QueryUnload", "Form_Unload", "Label1_Change still here"}));
   EXPECT_FALSE(p.form.loaded());
 }
 
-TEST(FormLife, AGestureStopsAtAFormItsFirstEventUnloaded) {
-  TestProgram p;
-  LogForm& f = p.form();
-  f.Show();
-  f.Command1.onMouseDown = [&f](int, int, double, double) { f.Unload(); };
-  p.log.clear();
+TEST_F(ShownForm, AGestureStopsAtAFormItsFirstEventUnloaded) {
+  f.Command1.onMouseDown = [this](int, int, double, double) { f.Unload(); };
   EXPECT_TRUE(tk::user::dblClick(f.Command1));  // the rest of the gesture finds no form
   EXPECT_EQ(p.log, (Log{"Form_QueryUnload", "Form_Unload"}));
   EXPECT_FALSE(p.form.loaded());
 }
 
-TEST(FormLife, KeyPreviewSeesKeysFirstAndCanSwallowThem) {
-  TestProgram p;
-  LogForm& f = p.form();
-  f.Show();
+TEST_F(ShownForm, KeyPreviewSeesKeysFirstAndCanSwallowThem) {
   f.Command1.SetFocus();
-  p.log.clear();
   tk::user::key(f, 27);
   EXPECT_EQ(p.log, (Log{"Command1_KeyUp 27"}));
   f.setKeyPreview(true);
@@ -79,11 +80,7 @@ TEST(FormLife, KeyPreviewSeesKeysFirstAndCanSwallowThem) {
   EXPECT_EQ(p.log, (Log{"Form_KeyUp 113 0"}));
 }
 
-TEST(FormLife, DisabledFormsAndHiddenControlsGetNoInput) {
-  TestProgram p;
-  LogForm& f = p.form();
-  f.Show();
-  p.log.clear();
+TEST_F(ShownForm, DisabledFormsAndHiddenControlsGetNoInput) {
   f.setEnabled(false);
   EXPECT_FALSE(tk::user::click(f.Command1));
   EXPECT_FALSE(tk::user::key(f, 27));
@@ -96,9 +93,7 @@ TEST(FormLife, DisabledFormsAndHiddenControlsGetNoInput) {
   EXPECT_EQ(p.log, (Log{"Form_Click"}));
 }
 
-TEST(FormLife, PopupMenuRunsThePickAfterItClosed) {
-  TestProgram p;
-  LogForm& f = p.form();
+TEST_F(ShownForm, PopupMenuRunsThePickAfterItClosed) {
   f.mnuTop.add(f.mnuOne);
   f.mnuTop.add(f.mnuSep);
   f.mnuTop.add(f.mnuTwo);
@@ -106,7 +101,6 @@ TEST(FormLife, PopupMenuRunsThePickAfterItClosed) {
   p.host.queueMenuPick("mnuTwo");
   p.host.queueMenuPick("mnuOne");
   f.mnuOne.setEnabled(false);
-  p.log.clear();
   f.PopupMenu(f.mnuTop, 2);
   f.PopupMenu(f.mnuTop);  // a greyed entry can't be picked
   EXPECT_EQ(p.log, (Log{"mnuTwo_Click after popup mnuTop 2 -> mnuTwo"}));
@@ -124,12 +118,8 @@ TEST(FormLife, MessageBoxesTakeQueuedAnswersOrTheClosingOne) {
   EXPECT_EQ(p.host.shown[1], "msgbox 35 \"Title\" \"Save?\" -> 2 (no answer queued)");
 }
 
-TEST(FormLife, EndStopsEverythingWithoutEvents) {
-  TestProgram p;
-  LogForm& f = p.form();
-  f.Show();
+TEST_F(ShownForm, EndStopsEverythingWithoutEvents) {
   f.Timer1.setInterval(10);
-  p.log.clear();
   p.runtime.End();
   p.runtime.loop().advance(100);
   EXPECT_TRUE(p.log.empty());

@@ -14,51 +14,40 @@
 #include "platform/toolkit/PictureControls.h"
 #include "platform/toolkit/Runtime.h"
 #include "platform/toolkit/ScrollBar.h"
-
-struct TestProgram;
+#include "toolkit/EventLine.h"
 
 // A form that writes down every event it sees.
 class LogForm : public vellumry::tk::Form {
  public:
   LogForm(vellumry::tk::Runtime& rt, std::vector<std::string>& log)
       : Form(rt, "LogForm"), log_(log) {
-    List1.onClick = [this] { log_.push_back("List1_Click " + std::to_string(List1.ListIndex())); };
+    List1.onClick = [this] { note("List1_Click", List1.ListIndex()); };
     Label1.onChange = [this] { log_.push_back("Label1_Change " + Label1.Caption()); };
-    VScroll1.onChange = [this] {
-      log_.push_back("VScroll1_Change " + std::to_string(VScroll1.Value()));
-    };
-    Image1.onClick = [this](int i) { log_.push_back("Image1_Click " + std::to_string(i)); };
-    Image1.onDblClick = [this](int i) { log_.push_back("Image1_DblClick " + std::to_string(i)); };
+    VScroll1.onChange = [this] { note("VScroll1_Change", VScroll1.Value()); };
+    Image1.onClick = [this](int i) { note("Image1_Click", i); };
+    Image1.onDblClick = [this](int i) { note("Image1_DblClick", i); };
     Image1.onMouseDown = [this](int i, int b, int, double, double) {
-      log_.push_back("Image1_MouseDown " + std::to_string(i) + " " + std::to_string(b));
+      note("Image1_MouseDown", i, b);
     };
-    Image1.onMouseUp = [this](int i, int b, int, double, double) {
-      log_.push_back("Image1_MouseUp " + std::to_string(i) + " " + std::to_string(b));
-    };
-    Command1.onClick = [this] { log_.push_back("Command1_Click"); };
-    Command1.onKeyUp = [this](int& k, int) {
-      log_.push_back("Command1_KeyUp " + std::to_string(k));
-    };
-    Timer1.onTimer = [this] {
-      log_.push_back("Timer1_Timer " + std::to_string(runtime().loop().now()));
-    };
-    Timer2.onTimer = [this] {
-      log_.push_back("Timer2_Timer " + std::to_string(runtime().loop().now()));
-    };
+    Image1.onMouseUp = [this](int i, int b, int, double, double) { note("Image1_MouseUp", i, b); };
+    Command1.onClick = [this] { note("Command1_Click"); };
+    Command1.onKeyUp = [this](int& k, int) { note("Command1_KeyUp", k); };
+    Timer1.onTimer = [this] { note("Timer1_Timer", runtime().loop().now()); };
+    Timer2.onTimer = [this] { note("Timer2_Timer", runtime().loop().now()); };
   }
-  void Form_Load() override { log_.push_back("Form_Load"); }
-  void Form_Activate() override { log_.push_back("Form_Activate"); }
-  void Form_Resize() override { log_.push_back("Form_Resize"); }
+  void Form_Load() override { note("Form_Load"); }
+  void Form_Activate() override { note("Form_Activate"); }
+  void Form_Resize() override { note("Form_Resize"); }
   void Form_QueryUnload(int& cancel, int) override {
-    log_.push_back("Form_QueryUnload");
+    note("Form_QueryUnload");
     cancel = cancelQuery;
   }
-  void Form_Unload(int&) override { log_.push_back("Form_Unload"); }
+  void Form_Unload(int&) override { note("Form_Unload"); }
   void Form_KeyUp(int& k, int shift) override {
-    log_.push_back("Form_KeyUp " + std::to_string(k) + " " + std::to_string(shift));
+    note("Form_KeyUp", k, shift);
     if (swallowKeys) k = 0;
   }
-  void Form_Click() override { log_.push_back("Form_Click"); }
+  void Form_Click() override { note("Form_Click"); }
 
   int cancelQuery = 0;
   bool swallowKeys = false;
@@ -75,6 +64,10 @@ class LogForm : public vellumry::tk::Form {
   vellumry::tk::Menu mnuTwo{this, "mnuTwo", "Two"};
 
  private:
+  template <class... N>
+  void note(std::string event, N... numbers) {
+    log_.push_back(eventLine(std::move(event), numbers...));
+  }
   std::vector<std::string>& log_;
 };
 

@@ -18,6 +18,8 @@
 namespace vellumry::presenter {
 
 namespace {
+namespace prop = tk::prop;
+
 bool isContainer(const tk::Control& c) {
   return c.kind() == tk::Kind::Frame || c.kind() == tk::Kind::PictureBox;
 }
@@ -26,8 +28,8 @@ bool isWindowless(const tk::Control& c) {
   return c.kind() == tk::Kind::Image || c.kind() == tk::Kind::Label || c.kind() == tk::Kind::Shape;
 }
 
-bool isPlace(std::string_view p) {
-  return p == "Left" || p == "Top" || p == "Width" || p == "Height";
+bool isPlace(tk::PropertyName p) {
+  return p == prop::Left || p == prop::Top || p == prop::Width || p == prop::Height;
 }
 }  // namespace
 
@@ -218,7 +220,7 @@ void Presenter::place(tk::Control& c) {
   w->setVisible(c.Visible());
 }
 
-void Presenter::propertyChanged(tk::Control& c, std::string_view property) {
+void Presenter::propertyChanged(tk::Control& c, tk::PropertyName property) {
   auto it = entries_.find(&c);
   if (it == entries_.end()) return;
   Entry& entry = it->second;
@@ -227,56 +229,56 @@ void Presenter::propertyChanged(tk::Control& c, std::string_view property) {
                        property);
   }
   if (entry.host) {
-    if (property == "Container") {
+    if (property == prop::Container) {
       entry.host->removeWindowless(c);
       entry.host = containerView(c.Container());
       if (entry.host) entry.host->addWindowless(c, entry.order);
       return;
     }
-    const bool content = property == "Picture" || property == "Width" || property == "Height" ||
-                         property == "Stretch";
+    const bool content = property == prop::Picture || property == prop::Width ||
+                         property == prop::Height || property == prop::Stretch;
     entry.host->refreshWindowless(c, content);
     return;
   }
   QWidget* w = entry.widget;
   if (isPlace(property)) {
     w->setGeometry(pixelRect(c));
-  } else if (property == "Visible") {
+  } else if (property == prop::Visible) {
     w->setVisible(c.Visible());
-  } else if (property == "Enabled") {
+  } else if (property == prop::Enabled) {
     w->setEnabled(c.Enabled());
-  } else if (property == "ToolTipText") {
+  } else if (property == prop::ToolTipText) {
     w->setToolTip(QString::fromStdString(c.ToolTipText()));
-  } else if (property == "Container") {
+  } else if (property == prop::Container) {
     if (ContainerView* parent = containerView(c.Container())) w->setParent(parent);
     place(c);
-  } else if (property == "Picture" && isContainer(c)) {
+  } else if (property == prop::Picture && isContainer(c)) {
     static_cast<ContainerView*>(w)->pictureChanged();
   } else if (entry.tap) {
-    syncWindowed(w, c, property == "List");
+    syncWindowed(w, c, property == prop::List);
   } else {
     w->update();
   }
 }
 
-void Presenter::formChanged(tk::Form& form, FormWindow& window, std::string_view property) {
+void Presenter::formChanged(tk::Form& form, FormWindow& window, tk::PropertyName property) {
   if (isPlace(property)) {
     if (form.WindowState() != 1) placeWindow(window, form);
-  } else if (property == "Caption") {
+  } else if (property == prop::Caption) {
     window.setWindowTitle(QString::fromStdString(form.Caption()));
-  } else if (property == "Visible") {
+  } else if (property == prop::Visible) {
     if (form.Visible())
       showWindow(window, form);
     else
       window.hide();
-  } else if (property == "WindowState") {
+  } else if (property == prop::WindowState) {
     if (form.Visible()) showWindow(window, form);
-  } else if (property == "MousePointer") {
+  } else if (property == prop::MousePointer) {
     if (form.MousePointer() == 11)
       window.setCursor(Qt::WaitCursor);
     else
       window.unsetCursor();
-  } else if (property == "BorderStyle") {
+  } else if (property == prop::BorderStyle) {
     applyFlags(window, form);
   } else {
     window.update();

@@ -11,7 +11,6 @@
 #include <QObject>
 #include <QRect>
 #include <functional>
-#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -71,7 +70,7 @@ class Presenter final : public tk::Observer {
   void formUnloaded(tk::Form& form) override;
   void controlLoaded(tk::Control& c) override;
   void controlUnloaded(tk::Control& c) override;
-  void propertyChanged(tk::Control& c, std::string_view property) override;
+  void propertyChanged(tk::Control& c, tk::PropertyName property) override;
   void focusChanged(tk::Form& form) override;
   void programEnded() override;
 
@@ -84,7 +83,7 @@ class Presenter final : public tk::Observer {
   };
   void show(tk::Control& c);
   void remove(const tk::Control& c);
-  void formChanged(tk::Form& form, FormWindow& window, std::string_view property);
+  void formChanged(tk::Form& form, FormWindow& window, tk::PropertyName property);
   ContainerView* containerView(const tk::Control* container) const;
   void place(tk::Control& c);
   void placeWindow(FormWindow& window, const tk::Form& form);

@@ -6,94 +6,96 @@
 
 namespace vellumry::tk {
 
-void Frame::setCaption(const std::string& v) { assign(caption_, v, "Caption"); }
-void Frame::setBackColor(uint32_t v) { assign(backColor_, v, "BackColor"); }
-void Frame::setBorderStyle(int v) { assign(borderStyle_, v, "BorderStyle"); }
+void Frame::setCaption(const std::string& v) { assign(caption_, v, prop::Caption); }
+void Frame::setBackColor(uint32_t v) { assign(backColor_, v, prop::BackColor); }
+void Frame::setBorderStyle(int v) { assign(borderStyle_, v, prop::BorderStyle); }
 const std::vector<Property>& Frame::properties() const {
   static const auto props =
       extend(Control::properties(),
              {
-                 prop<Frame, &Frame::Caption, &Frame::setCaption>("Caption"),
-                 prop<Frame, &Frame::BackColor, &Frame::setBackColor>("BackColor"),
-                 prop<Frame, &Frame::BorderStyle, &Frame::setBorderStyle>("BorderStyle"),
+                 accessor<Frame, &Frame::Caption, &Frame::setCaption>(prop::Caption),
+                 accessor<Frame, &Frame::BackColor, &Frame::setBackColor>(prop::BackColor),
+                 accessor<Frame, &Frame::BorderStyle, &Frame::setBorderStyle>(prop::BorderStyle),
              });
   return props;
 }
 
 void Label::setCaption(const std::string& v) {
-  if (assign(caption_, v, "Caption")) fire(onChange);
+  if (assign(caption_, v, prop::Caption)) fire(onChange);
 }
-void Label::setAlignment(int v) { assign(alignment_, v, "Alignment"); }
-void Label::setBackColor(uint32_t v) { assign(backColor_, v, "BackColor"); }
-void Label::setForeColor(uint32_t v) { assign(foreColor_, v, "ForeColor"); }
-void Label::setBackStyle(int v) { assign(backStyle_, v, "BackStyle"); }
+void Label::setAlignment(int v) { assign(alignment_, v, prop::Alignment); }
+void Label::setBackColor(uint32_t v) { assign(backColor_, v, prop::BackColor); }
+void Label::setForeColor(uint32_t v) { assign(foreColor_, v, prop::ForeColor); }
+void Label::setBackStyle(int v) { assign(backStyle_, v, prop::BackStyle); }
 const std::vector<Property>& Label::properties() const {
-  static const auto props = extend(
-      Control::properties(), {
-                                 prop<Label, &Label::Caption, &Label::setCaption>("Caption"),
-                                 prop<Label, &Label::Alignment, &Label::setAlignment>("Alignment"),
-                                 prop<Label, &Label::BackColor, &Label::setBackColor>("BackColor"),
-                                 prop<Label, &Label::ForeColor, &Label::setForeColor>("ForeColor"),
-                                 prop<Label, &Label::BackStyle, &Label::setBackStyle>("BackStyle"),
-                             });
-  return props;
-}
-
-void TextBox::setText(const std::string& v) {
-  if (assign(text_, v, "Text")) fire(onChange);
-}
-void TextBox::setLocked(bool v) { assign(locked_, v, "Locked"); }
-const std::vector<Property>& TextBox::properties() const {
   static const auto props =
       extend(Control::properties(),
              {
-                 prop<TextBox, &TextBox::Text, &TextBox::setText>("Text"),
-                 prop<TextBox, &TextBox::Locked, &TextBox::setLocked>("Locked"),
-                 prop<TextBox, &TextBox::SelStart, &TextBox::setSelStart>("SelStart"),
-                 prop<TextBox, &TextBox::SelLength, &TextBox::setSelLength>("SelLength"),
+                 accessor<Label, &Label::Caption, &Label::setCaption>(prop::Caption),
+                 accessor<Label, &Label::Alignment, &Label::setAlignment>(prop::Alignment),
+                 accessor<Label, &Label::BackColor, &Label::setBackColor>(prop::BackColor),
+                 accessor<Label, &Label::ForeColor, &Label::setForeColor>(prop::ForeColor),
+                 accessor<Label, &Label::BackStyle, &Label::setBackStyle>(prop::BackStyle),
              });
   return props;
 }
 
-void CommandButton::setCaption(const std::string& v) { assign(caption_, v, "Caption"); }
-const std::vector<Property>& CommandButton::properties() const {
+void TextBox::setText(const std::string& v) {
+  if (assign(text_, v, prop::Text)) fire(onChange);
+}
+void TextBox::setLocked(bool v) { assign(locked_, v, prop::Locked); }
+const std::vector<Property>& TextBox::properties() const {
   static const auto props =
       extend(Control::properties(),
-             {prop<CommandButton, &CommandButton::Caption, &CommandButton::setCaption>("Caption")});
+             {
+                 accessor<TextBox, &TextBox::Text, &TextBox::setText>(prop::Text),
+                 accessor<TextBox, &TextBox::Locked, &TextBox::setLocked>(prop::Locked),
+                 accessor<TextBox, &TextBox::SelStart, &TextBox::setSelStart>(prop::SelStart),
+                 accessor<TextBox, &TextBox::SelLength, &TextBox::setSelLength>(prop::SelLength),
+             });
   return props;
 }
 
-void CheckBox::setCaption(const std::string& v) { assign(caption_, v, "Caption"); }
+void CommandButton::setCaption(const std::string& v) { assign(caption_, v, prop::Caption); }
+const std::vector<Property>& CommandButton::properties() const {
+  static const auto props =
+      extend(Control::properties(),
+             {accessor<CommandButton, &CommandButton::Caption, &CommandButton::setCaption>(
+                 prop::Caption)});
+  return props;
+}
+
+void CheckBox::setCaption(const std::string& v) { assign(caption_, v, prop::Caption); }
 void CheckBox::setValue(int v) {
-  if (v < 0 || v > 2) raise(err::InvalidProperty, "Value");
-  if (assign(value_, v, "Value")) fire(onClick);
+  if (v < 0 || v > 2) raise(err::InvalidProperty, std::string(prop::Value));
+  if (assign(value_, v, prop::Value)) fire(onClick);
 }
 const std::vector<Property>& CheckBox::properties() const {
   static const auto props =
       extend(Control::properties(),
              {
-                 prop<CheckBox, &CheckBox::Caption, &CheckBox::setCaption>("Caption"),
-                 prop<CheckBox, &CheckBox::Value, &CheckBox::setValue>("Value"),
+                 accessor<CheckBox, &CheckBox::Caption, &CheckBox::setCaption>(prop::Caption),
+                 accessor<CheckBox, &CheckBox::Value, &CheckBox::setValue>(prop::Value),
              });
   return props;
 }
 
-void Shape::setShapeKind(int v) { assign(shape_, v, "Shape"); }
-void Shape::setBorderWidth(int v) { assign(borderWidth_, v, "BorderWidth"); }
-void Shape::setBorderColor(uint32_t v) { assign(borderColor_, v, "BorderColor"); }
-void Shape::setBorderStyle(int v) { assign(borderStyle_, v, "BorderStyle"); }
-void Shape::setFillStyle(int v) { assign(fillStyle_, v, "FillStyle"); }
-void Shape::setFillColor(uint32_t v) { assign(fillColor_, v, "FillColor"); }
+void Shape::setShapeKind(int v) { assign(shape_, v, prop::Shape); }
+void Shape::setBorderWidth(int v) { assign(borderWidth_, v, prop::BorderWidth); }
+void Shape::setBorderColor(uint32_t v) { assign(borderColor_, v, prop::BorderColor); }
+void Shape::setBorderStyle(int v) { assign(borderStyle_, v, prop::BorderStyle); }
+void Shape::setFillStyle(int v) { assign(fillStyle_, v, prop::FillStyle); }
+void Shape::setFillColor(uint32_t v) { assign(fillColor_, v, prop::FillColor); }
 const std::vector<Property>& Shape::properties() const {
   static const auto props =
       extend(Control::properties(),
              {
-                 prop<Shape, &Shape::ShapeKind, &Shape::setShapeKind>("Shape"),
-                 prop<Shape, &Shape::BorderWidth, &Shape::setBorderWidth>("BorderWidth"),
-                 prop<Shape, &Shape::BorderColor, &Shape::setBorderColor>("BorderColor"),
-                 prop<Shape, &Shape::BorderStyle, &Shape::setBorderStyle>("BorderStyle"),
-                 prop<Shape, &Shape::FillStyle, &Shape::setFillStyle>("FillStyle"),
-                 prop<Shape, &Shape::FillColor, &Shape::setFillColor>("FillColor"),
+                 accessor<Shape, &Shape::ShapeKind, &Shape::setShapeKind>(prop::Shape),
+                 accessor<Shape, &Shape::BorderWidth, &Shape::setBorderWidth>(prop::BorderWidth),
+                 accessor<Shape, &Shape::BorderColor, &Shape::setBorderColor>(prop::BorderColor),
+                 accessor<Shape, &Shape::BorderStyle, &Shape::setBorderStyle>(prop::BorderStyle),
+                 accessor<Shape, &Shape::FillStyle, &Shape::setFillStyle>(prop::FillStyle),
+                 accessor<Shape, &Shape::FillColor, &Shape::setFillColor>(prop::FillColor),
              });
   return props;
 }
@@ -116,7 +118,7 @@ void Timer::reschedule() {
 }
 
 void Timer::setInterval(int v) {
-  if (v < 0 || v > 65535) raise(err::InvalidProperty, "Interval");
+  if (v < 0 || v > 65535) raise(err::InvalidProperty, std::string(prop::Interval));
   if (v == interval_) return;
   interval_ = v;
   reschedule();
@@ -129,8 +131,9 @@ void Timer::setEnabled(bool v) {
 }
 
 const std::vector<Property>& Timer::properties() const {
-  static const auto props = extend(
-      Control::properties(), {prop<Timer, &Timer::Interval, &Timer::setInterval>("Interval")});
+  static const auto props =
+      extend(Control::properties(),
+             {accessor<Timer, &Timer::Interval, &Timer::setInterval>(prop::Interval)});
   return props;
 }
 

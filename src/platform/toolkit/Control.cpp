@@ -81,28 +81,28 @@ Control::~Control() {
 
 Runtime& Control::runtime() const { return form_->runtime(); }
 
-void Control::changed(std::string_view property) {
+void Control::changed(PropertyName property) {
   if (Observer* o = runtime().observer()) o->propertyChanged(*this, property);
 }
 
 void Control::setContainer(Control* container) {
   container_ = container;
-  changed("Container");
+  changed(prop::Container);
 }
 
-void Control::setLeft(double v) { assign(left_, v, "Left"); }
-void Control::setTop(double v) { assign(top_, v, "Top"); }
+void Control::setLeft(double v) { assign(left_, v, prop::Left); }
+void Control::setTop(double v) { assign(top_, v, prop::Top); }
 void Control::setWidth(double v) {
-  if (v < 0) raise(err::InvalidProperty, "Width");
-  assign(width_, v, "Width");
+  if (v < 0) raise(err::InvalidProperty, std::string(prop::Width));
+  assign(width_, v, prop::Width);
 }
 void Control::setHeight(double v) {
-  if (v < 0) raise(err::InvalidProperty, "Height");
-  assign(height_, v, "Height");
+  if (v < 0) raise(err::InvalidProperty, std::string(prop::Height));
+  assign(height_, v, prop::Height);
 }
-void Control::setVisible(bool v) { assign(visible_, v, "Visible"); }
-void Control::setEnabled(bool v) { assign(enabled_, v, "Enabled"); }
-void Control::setToolTipText(const std::string& v) { assign(toolTip_, v, "ToolTipText"); }
+void Control::setVisible(bool v) { assign(visible_, v, prop::Visible); }
+void Control::setEnabled(bool v) { assign(enabled_, v, prop::Enabled); }
+void Control::setToolTipText(const std::string& v) { assign(toolTip_, v, prop::ToolTipText); }
 
 void Control::Move(double left, double top, double width, double height) {
   setLeft(left);
@@ -125,16 +125,16 @@ void Control::SetFocus() {
 
 const std::vector<Property>& Control::properties() const {
   static const std::vector<Property> props = {
-      prop<Control, &Control::Name>("Name"),
-      prop<Control, &Control::Index>("Index"),
-      prop<Control, &Control::Left, &Control::setLeft>("Left"),
-      prop<Control, &Control::Top, &Control::setTop>("Top"),
-      prop<Control, &Control::Width, &Control::setWidth>("Width"),
-      prop<Control, &Control::Height, &Control::setHeight>("Height"),
-      prop<Control, &Control::Visible, &Control::setVisible>("Visible"),
-      prop<Control, &Control::Enabled, &Control::setEnabled>("Enabled"),
-      prop<Control, &Control::ToolTipText, &Control::setToolTipText>("ToolTipText"),
-      prop<Control, &Control::Tag, &Control::setTag>("Tag"),
+      accessor<Control, &Control::Name>(prop::Name),
+      accessor<Control, &Control::Index>(prop::Index),
+      accessor<Control, &Control::Left, &Control::setLeft>(prop::Left),
+      accessor<Control, &Control::Top, &Control::setTop>(prop::Top),
+      accessor<Control, &Control::Width, &Control::setWidth>(prop::Width),
+      accessor<Control, &Control::Height, &Control::setHeight>(prop::Height),
+      accessor<Control, &Control::Visible, &Control::setVisible>(prop::Visible),
+      accessor<Control, &Control::Enabled, &Control::setEnabled>(prop::Enabled),
+      accessor<Control, &Control::ToolTipText, &Control::setToolTipText>(prop::ToolTipText),
+      accessor<Control, &Control::Tag, &Control::setTag>(prop::Tag),
   };
   return props;
 }

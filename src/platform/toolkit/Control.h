@@ -90,15 +90,17 @@ class Control : public EventSet<> {
   // A hidden copy for a control array's new element; the array sets its Index.
   Control(const Control& other);
   // Tells the observer; every setter that changes what shows calls it.
-  void changed(std::string_view property);
+  void changed(PropertyName property);
   // Sets `member` to `v` and tells the observer; false when it held that value already.
   template <class T, class V>
-  bool assign(T& member, const V& v, std::string_view property) {
+  bool assign(T& member, const V& v, PropertyName property) {
     if (member == v) return false;
     member = v;
     changed(property);
     return true;
   }
+  // "Name.Property", for the text of a failure.
+  std::string qualified(PropertyName property) const { return name_ + "." + std::string(property); }
 
  private:
   template <class T>

@@ -8,14 +8,15 @@ namespace vellumry::tk {
 
 void TabStrip::setSelectedItem(int v) {
   if (v < 1 || v > static_cast<int>(tabs_.size()))
-    raise(err::InvalidProperty, Name() + ".SelectedItem");
-  if (assign(selected_, v, "SelectedItem")) fire(onClick);
+    raise(err::InvalidProperty, qualified(prop::SelectedItem));
+  if (assign(selected_, v, prop::SelectedItem)) fire(onClick);
 }
 
 const std::vector<Property>& TabStrip::properties() const {
   static const auto props =
       extend(Control::properties(),
-             {prop<TabStrip, &TabStrip::SelectedItem, &TabStrip::setSelectedItem>("SelectedItem")});
+             {accessor<TabStrip, &TabStrip::SelectedItem, &TabStrip::setSelectedItem>(
+                 prop::SelectedItem)});
   return props;
 }
 
@@ -34,7 +35,7 @@ void CommonDialog::ShowColor() {
 namespace {
 // A property bound to a plain field of the common dialog.
 template <auto Field>
-Property dialogField(const char* name) {
+Property dialogField(PropertyName name) {
   using T = std::remove_cvref_t<decltype(std::declval<CommonDialog&>().*Field)>;
   return {
       name, [](const Control& c) { return toValue(static_cast<const CommonDialog&>(c).*Field); },
@@ -45,13 +46,13 @@ Property dialogField(const char* name) {
 const std::vector<Property>& CommonDialog::properties() const {
   static const auto props =
       extend(Control::properties(), {
-                                        dialogField<&CommonDialog::DialogTitle>("DialogTitle"),
-                                        dialogField<&CommonDialog::Filter>("Filter"),
-                                        dialogField<&CommonDialog::FileName>("FileName"),
-                                        dialogField<&CommonDialog::InitDir>("InitDir"),
-                                        dialogField<&CommonDialog::Flags>("Flags"),
-                                        dialogField<&CommonDialog::CancelError>("CancelError"),
-                                        dialogField<&CommonDialog::Color>("Color"),
+                                        dialogField<&CommonDialog::DialogTitle>(prop::DialogTitle),
+                                        dialogField<&CommonDialog::Filter>(prop::Filter),
+                                        dialogField<&CommonDialog::FileName>(prop::FileName),
+                                        dialogField<&CommonDialog::InitDir>(prop::InitDir),
+                                        dialogField<&CommonDialog::Flags>(prop::Flags),
+                                        dialogField<&CommonDialog::CancelError>(prop::CancelError),
+                                        dialogField<&CommonDialog::Color>(prop::Color),
                                     });
   return props;
 }

@@ -48,15 +48,15 @@ void Form::discard() {
   Control::setVisible(false);
 }
 
-void Form::setCaption(const std::string& v) { assign(caption_, v, "Caption"); }
+void Form::setCaption(const std::string& v) { assign(caption_, v, prop::Caption); }
 
-void Form::setBackColor(uint32_t v) { assign(backColor_, v, "BackColor"); }
+void Form::setBackColor(uint32_t v) { assign(backColor_, v, prop::BackColor); }
 
-void Form::setMousePointer(int v) { assign(mousePointer_, v, "MousePointer"); }
+void Form::setMousePointer(int v) { assign(mousePointer_, v, prop::MousePointer); }
 
 void Form::setBorderStyle(int v) {
   borderStyle_ = v;
-  changed("BorderStyle");
+  changed(prop::BorderStyle);
 }
 
 void Form::raiseResize() {
@@ -64,8 +64,8 @@ void Form::raiseResize() {
 }
 
 void Form::setWindowState(int v) {
-  if (v < 0 || v > 2) raise(err::InvalidProperty, "WindowState");
-  if (!assign(windowState_, v, "WindowState")) return;
+  if (v < 0 || v > 2) raise(err::InvalidProperty, std::string(prop::WindowState));
+  if (!assign(windowState_, v, prop::WindowState)) return;
   raiseResize();
 }
 
@@ -136,13 +136,13 @@ const std::vector<Property>& Form::properties() const {
   static const std::vector<Property> props =
       extend(Control::properties(),
              {
-                 prop<Form, &Form::Caption, &Form::setCaption>("Caption"),
-                 prop<Form, &Form::BackColor, &Form::setBackColor>("BackColor"),
-                 prop<Form, &Form::WindowState, &Form::setWindowState>("WindowState"),
-                 prop<Form, &Form::MousePointer, &Form::setMousePointer>("MousePointer"),
-                 prop<Form, &Form::KeyPreview, &Form::setKeyPreview>("KeyPreview"),
-                 prop<Form, &Form::BorderStyle, &Form::setBorderStyle>("BorderStyle"),
-                 prop<Form, &Form::ScaleMode, &Form::setScaleMode>("ScaleMode"),
+                 accessor<Form, &Form::Caption, &Form::setCaption>(prop::Caption),
+                 accessor<Form, &Form::BackColor, &Form::setBackColor>(prop::BackColor),
+                 accessor<Form, &Form::WindowState, &Form::setWindowState>(prop::WindowState),
+                 accessor<Form, &Form::MousePointer, &Form::setMousePointer>(prop::MousePointer),
+                 accessor<Form, &Form::KeyPreview, &Form::setKeyPreview>(prop::KeyPreview),
+                 accessor<Form, &Form::BorderStyle, &Form::setBorderStyle>(prop::BorderStyle),
+                 accessor<Form, &Form::ScaleMode, &Form::setScaleMode>(prop::ScaleMode),
              });
   return props;
 }

@@ -19,24 +19,25 @@ std::string ListControl::List(int i) const {
 }
 
 void ListControl::setListIndex(int v) {
-  if (v < -1 || v >= ListCount()) raise(err::InvalidProperty, Name() + ".ListIndex");
-  if (assign(listIndex_, v, "ListIndex")) fire(onClick);
+  if (v < -1 || v >= ListCount()) raise(err::InvalidProperty, qualified(prop::ListIndex));
+  if (assign(listIndex_, v, prop::ListIndex)) fire(onClick);
 }
 
 void ListControl::replaceItems(std::vector<std::string> items) {
   items_ = std::move(items);
   listIndex_ = -1;
-  changed("List");
+  changed(prop::List);
 }
 
 const std::vector<Property>& ListControl::properties() const {
   static const auto props = extend(
       Control::properties(),
       {
-          prop<ListControl, &ListControl::ListCount>("ListCount"),
-          prop<ListControl, &ListControl::ListIndex, &ListControl::setListIndex>("ListIndex"),
-          prop<ListControl, &ListControl::Text>("Text"),
-          Property{"List",
+          accessor<ListControl, &ListControl::ListCount>(prop::ListCount),
+          accessor<ListControl, &ListControl::ListIndex, &ListControl::setListIndex>(
+              prop::ListIndex),
+          accessor<ListControl, &ListControl::Text>(prop::Text),
+          Property{prop::List,
                    [](const Control&) -> Value { raise(err::InvalidCall, "List needs an index"); },
                    nullptr, listAt},
       });
@@ -56,7 +57,7 @@ void ListBox::AddItem(const std::string& item, std::optional<int> index) {
   }
   items_.insert(items_.begin() + at, item);
   if (listIndex_ >= at) ++listIndex_;
-  changed("List");
+  changed(prop::List);
 }
 
 void ListBox::RemoveItem(int index) {
@@ -66,20 +67,21 @@ void ListBox::RemoveItem(int index) {
     listIndex_ = -1;
   else if (listIndex_ > index)
     --listIndex_;
-  changed("List");
+  changed(prop::List);
 }
 
 void ListBox::Clear() { replaceItems({}); }
 
 void ListBox::setList(int i, const std::string& text) {
-  if (i < 0 || i >= ListCount()) raise(err::InvalidCall, Name() + ".List");
+  if (i < 0 || i >= ListCount()) raise(err::InvalidCall, qualified(prop::List));
   items_[static_cast<size_t>(i)] = text;
-  changed("List");
+  changed(prop::List);
 }
 
 const std::vector<Property>& ListBox::properties() const {
-  static const auto props = extend(
-      ListControl::properties(), {prop<ListBox, &ListBox::Sorted, &ListBox::setSorted>("Sorted")});
+  static const auto props =
+      extend(ListControl::properties(),
+             {accessor<ListBox, &ListBox::Sorted, &ListBox::setSorted>(prop::Sorted)});
   return props;
 }
 
@@ -173,7 +175,7 @@ void FileListBox::setPath(const std::string& v) {
   if (folder == path_) return;
   path_ = folder;
   replaceItems(listFolder(path_));
-  changed("Path");
+  changed(prop::Path);
   fire(onPathChange);
 }
 
@@ -181,7 +183,7 @@ void FileListBox::setPattern(const std::string& v) {
   if (v == pattern_) return;
   pattern_ = v;
   if (!path_.empty()) replaceItems(listFolder(path_));
-  changed("Pattern");
+  changed(prop::Pattern);
   fire(onPatternChange);
 }
 
@@ -195,17 +197,17 @@ void FileListBox::Refresh() {
   int keep = listIndex_;
   items_ = listFolder(path_);
   listIndex_ = keep < ListCount() ? keep : -1;
-  changed("List");
+  changed(prop::List);
 }
 
 const std::vector<Property>& FileListBox::properties() const {
-  static const auto props =
-      extend(ListControl::properties(),
-             {
-                 prop<FileListBox, &FileListBox::Path, &FileListBox::setPath>("Path"),
-                 prop<FileListBox, &FileListBox::Pattern, &FileListBox::setPattern>("Pattern"),
-                 prop<FileListBox, &FileListBox::FileName, &FileListBox::setFileName>("FileName"),
-             });
+  static const auto props = extend(
+      ListControl::properties(),
+      {
+          accessor<FileListBox, &FileListBox::Path, &FileListBox::setPath>(prop::Path),
+          accessor<FileListBox, &FileListBox::Pattern, &FileListBox::setPattern>(prop::Pattern),
+          accessor<FileListBox, &FileListBox::FileName, &FileListBox::setFileName>(prop::FileName),
+      });
   return props;
 }
 

@@ -2,7 +2,7 @@
 // Told of every change of the model that a presenter must show. All calls come on the one
 // thread, after the change has been made.
 
-#include <string_view>
+#include "platform/toolkit/PropertyName.h"
 
 namespace vellumry::tk {
 
@@ -16,7 +16,7 @@ class Observer {
   virtual void formUnloaded(Form&) {}
   virtual void controlLoaded(Control&) {}
   virtual void controlUnloaded(Control&) {}
-  virtual void propertyChanged(Control&, std::string_view /*property*/) {}
+  virtual void propertyChanged(Control&, PropertyName /*property*/) {}
   virtual void focusChanged(Form&) {}
   virtual void programEnded() {}
 };

@@ -32,17 +32,17 @@ void Image::setPicture(const gdi::Picture& p) {
     setWidth(pictureTwipsX(p, s.TwipsPerPixelX));
     setHeight(pictureTwipsY(p, s.TwipsPerPixelY));
   }
-  changed("Picture");
+  changed(prop::Picture);
 }
 
-void Image::setStretch(bool v) { assign(stretch_, v, "Stretch"); }
+void Image::setStretch(bool v) { assign(stretch_, v, prop::Stretch); }
 
 const std::vector<Property>& Image::properties() const {
   static const auto props =
       extend(Control::properties(),
              {
-                 prop<Image, &Image::Stretch, &Image::setStretch>("Stretch"),
-                 Property{"Picture",
+                 accessor<Image, &Image::Stretch, &Image::setStretch>(prop::Stretch),
+                 Property{prop::Picture,
                           [](const Control& c) {
                             return pictureHandle(static_cast<const Image&>(c).Picture());
                           },
@@ -61,7 +61,7 @@ void PictureBox::fitToPicture() {
 void PictureBox::setPicture(const gdi::Picture& p) {
   picture_ = p;
   fitToPicture();
-  changed("Picture");
+  changed(prop::Picture);
 }
 
 void PictureBox::setAutoSize(bool v) {
@@ -70,9 +70,9 @@ void PictureBox::setAutoSize(bool v) {
   fitToPicture();
 }
 
-void PictureBox::setBackColor(uint32_t v) { assign(backColor_, v, "BackColor"); }
+void PictureBox::setBackColor(uint32_t v) { assign(backColor_, v, prop::BackColor); }
 
-void PictureBox::setBorderStyle(int v) { assign(borderStyle_, v, "BorderStyle"); }
+void PictureBox::setBorderStyle(int v) { assign(borderStyle_, v, prop::BorderStyle); }
 
 gdi::Picture PictureBox::Image() const {
   const Screen& s = runtime().screen();
@@ -99,12 +99,14 @@ const std::vector<Property>& PictureBox::properties() const {
   static const auto props = extend(
       Control::properties(),
       {
-          prop<PictureBox, &PictureBox::AutoSize, &PictureBox::setAutoSize>("AutoSize"),
-          prop<PictureBox, &PictureBox::AutoRedraw, &PictureBox::setAutoRedraw>("AutoRedraw"),
-          prop<PictureBox, &PictureBox::ScaleMode, &PictureBox::setScaleMode>("ScaleMode"),
-          prop<PictureBox, &PictureBox::BackColor, &PictureBox::setBackColor>("BackColor"),
-          prop<PictureBox, &PictureBox::BorderStyle, &PictureBox::setBorderStyle>("BorderStyle"),
-          Property{"Picture",
+          accessor<PictureBox, &PictureBox::AutoSize, &PictureBox::setAutoSize>(prop::AutoSize),
+          accessor<PictureBox, &PictureBox::AutoRedraw, &PictureBox::setAutoRedraw>(
+              prop::AutoRedraw),
+          accessor<PictureBox, &PictureBox::ScaleMode, &PictureBox::setScaleMode>(prop::ScaleMode),
+          accessor<PictureBox, &PictureBox::BackColor, &PictureBox::setBackColor>(prop::BackColor),
+          accessor<PictureBox, &PictureBox::BorderStyle, &PictureBox::setBorderStyle>(
+              prop::BorderStyle),
+          Property{prop::Picture,
                    [](const Control& c) {
                      return pictureHandle(static_cast<const PictureBox&>(c).Picture());
                    },

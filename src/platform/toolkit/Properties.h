@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/toolkit/Numbers.h"
+#include "platform/toolkit/PropertyName.h"
 #include "platform/toolkit/Value.h"
 
 namespace vellumry::tk {
@@ -18,7 +19,7 @@ class Control;
 // One named property of a control class. `set` is null for a read-only property; `getAt`
 // is set for an indexed one such as List(i).
 struct Property {
-  const char* name;
+  PropertyName name;
   Value (*get)(const Control&);
   void (*set)(Control&, const Value&);
   Value (*getAt)(const Control&, int) = nullptr;
@@ -62,7 +63,7 @@ struct SetterArg<void (C::*)(A)> {
 
 // A property read by `Get` and, unless `Set` is nullptr, written by `Set`, members of `T`.
 template <class T, auto Get, auto Set = nullptr>
-Property prop(const char* name) {
+Property accessor(PropertyName name) {
   Property p{name,
              [](const Control& c) -> Value { return toValue((static_cast<const T&>(c).*Get)()); },
              nullptr};

@@ -19,33 +19,35 @@ void ScrollBar::clampValue() {
 }
 
 void ScrollBar::setMin(int v) {
-  checkRange(v, Name() + ".Min");
-  if (!assign(min_, v, "Min")) return;
+  checkRange(v, qualified(prop::Min));
+  if (!assign(min_, v, prop::Min)) return;
   clampValue();
 }
 
 void ScrollBar::setMax(int v) {
-  checkRange(v, Name() + ".Max");
-  if (!assign(max_, v, "Max")) return;
+  checkRange(v, qualified(prop::Max));
+  if (!assign(max_, v, prop::Max)) return;
   clampValue();
 }
 
 void ScrollBar::setValue(int v) {
   if (v < std::min(min_, max_) || v > std::max(min_, max_))
-    raise(err::InvalidProperty, Name() + ".Value");
-  if (assign(value_, v, "Value")) fire(onChange);
+    raise(err::InvalidProperty, qualified(prop::Value));
+  if (assign(value_, v, prop::Value)) fire(onChange);
 }
 
 const std::vector<Property>& ScrollBar::properties() const {
-  static const auto props = extend(
-      Control::properties(),
-      {
-          prop<ScrollBar, &ScrollBar::Min, &ScrollBar::setMin>("Min"),
-          prop<ScrollBar, &ScrollBar::Max, &ScrollBar::setMax>("Max"),
-          prop<ScrollBar, &ScrollBar::Value, &ScrollBar::setValue>("Value"),
-          prop<ScrollBar, &ScrollBar::SmallChange, &ScrollBar::setSmallChange>("SmallChange"),
-          prop<ScrollBar, &ScrollBar::LargeChange, &ScrollBar::setLargeChange>("LargeChange"),
-      });
+  static const auto props =
+      extend(Control::properties(),
+             {
+                 accessor<ScrollBar, &ScrollBar::Min, &ScrollBar::setMin>(prop::Min),
+                 accessor<ScrollBar, &ScrollBar::Max, &ScrollBar::setMax>(prop::Max),
+                 accessor<ScrollBar, &ScrollBar::Value, &ScrollBar::setValue>(prop::Value),
+                 accessor<ScrollBar, &ScrollBar::SmallChange, &ScrollBar::setSmallChange>(
+                     prop::SmallChange),
+                 accessor<ScrollBar, &ScrollBar::LargeChange, &ScrollBar::setLargeChange>(
+                     prop::LargeChange),
+             });
   return props;
 }
 
