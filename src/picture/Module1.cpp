@@ -1,6 +1,5 @@
 #include "picture/Module1.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "picture/LazyPicture.h"
@@ -21,14 +20,6 @@ constexpr const char* kSource = "GDI+ Module";
 
 [[noreturn]] void Fail(int number, const std::string& description) {
   throw tk::Error(number, kSource, description);
-}
-
-// Box.ScaleWidth and Box.ScaleHeight in twips: the box less its border, two pixels a side when
-// it has one. The toolkit's picture box doesn't give its inner size itself.
-std::pair<double, double> ScaleSize(const tk::PictureBox& box, const tk::Screen& screen) {
-  const int borderPixels = box.BorderStyle() != 0 ? 4 : 0;
-  return {std::max(0.0, box.Width() - borderPixels * screen.TwipsPerPixelX),
-          std::max(0.0, box.Height() - borderPixels * screen.TwipsPerPixelY)};
 }
 
 int32_t Rounded(double value) { return static_cast<int32_t>(tk::roundHalfEven(value)); }
@@ -70,9 +61,8 @@ void Module1::ShowPictureGdi(const GdiSource& PicFile, tk::PictureBox& Box, bool
   int32_t height = -1;
   if (!Native) {
     const tk::Screen& screen = Box.runtime().screen();
-    const auto [scaleWidth, scaleHeight] = ScaleSize(Box, screen);
-    width = Rounded(scaleWidth / screen.TwipsPerPixelX);
-    height = Rounded(scaleHeight / screen.TwipsPerPixelY);
+    width = Rounded(Box.ScaleWidth() / screen.TwipsPerPixelX);
+    height = Rounded(Box.ScaleHeight() / screen.TwipsPerPixelY);
   }
   Box.setPicture(LoadGdiPicture(PicFile, width, height, 0xFFFFFF, false));
 }

@@ -74,6 +74,18 @@ void PictureBox::setBackColor(uint32_t v) { assign(backColor_, v, prop::BackColo
 
 void PictureBox::setBorderStyle(int v) { assign(borderStyle_, v, prop::BorderStyle); }
 
+double PictureBox::inner(double outer, double twipsPerPixel) const {
+  constexpr int kBorderPixels = 2;
+  const double twips =
+      std::max(0.0, outer - (borderStyle_ != 0 ? 2 * kBorderPixels * twipsPerPixel : 0));
+  return scaleMode_ == 3 ? twips / twipsPerPixel : twips;
+}
+
+double PictureBox::ScaleWidth() const { return inner(Width(), runtime().screen().TwipsPerPixelX); }
+double PictureBox::ScaleHeight() const {
+  return inner(Height(), runtime().screen().TwipsPerPixelY);
+}
+
 gdi::Picture PictureBox::Image() const {
   const Screen& s = runtime().screen();
   int w = static_cast<int>(roundHalfEven(Width() / s.TwipsPerPixelX));
@@ -103,6 +115,8 @@ const std::vector<Property>& PictureBox::properties() const {
           accessor<PictureBox, &PictureBox::AutoRedraw, &PictureBox::setAutoRedraw>(
               prop::AutoRedraw),
           accessor<PictureBox, &PictureBox::ScaleMode, &PictureBox::setScaleMode>(prop::ScaleMode),
+          accessor<PictureBox, &PictureBox::ScaleWidth>(prop::ScaleWidth),
+          accessor<PictureBox, &PictureBox::ScaleHeight>(prop::ScaleHeight),
           accessor<PictureBox, &PictureBox::BackColor, &PictureBox::setBackColor>(prop::BackColor),
           accessor<PictureBox, &PictureBox::BorderStyle, &PictureBox::setBorderStyle>(
               prop::BorderStyle),

@@ -39,6 +39,10 @@ class PictureBox : public Control {
   void setAutoRedraw(bool v) { autoRedraw_ = v; }
   int ScaleMode() const { return scaleMode_; }
   void setScaleMode(int v) { scaleMode_ = v; }
+  // The inner size, inside the border (two pixels a side when there is one), in twips, or in
+  // pixels when ScaleMode is 3.
+  double ScaleWidth() const;
+  double ScaleHeight() const;
   uint32_t BackColor() const { return backColor_; }
   void setBackColor(uint32_t v);
   int BorderStyle() const { return borderStyle_; }
@@ -51,6 +55,7 @@ class PictureBox : public Control {
 
  private:
   void fitToPicture();
+  double inner(double outer, double twipsPerPixel) const;
   gdi::Picture picture_;
   bool autoSize_ = false, autoRedraw_ = false;
   int scaleMode_ = 1, borderStyle_ = 1;

@@ -62,6 +62,8 @@ inline constexpr PropertyName Path{"Path"};
 inline constexpr PropertyName Pattern{"Pattern"};
 inline constexpr PropertyName Picture{"Picture"};
 inline constexpr PropertyName ScaleMode{"ScaleMode"};
+inline constexpr PropertyName ScaleHeight{"ScaleHeight"};
+inline constexpr PropertyName ScaleWidth{"ScaleWidth"};
 inline constexpr PropertyName SelectedItem{"SelectedItem"};
 inline constexpr PropertyName SelLength{"SelLength"};
 inline constexpr PropertyName SelStart{"SelStart"};
