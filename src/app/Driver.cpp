@@ -8,6 +8,7 @@
 #include "platform/toolkit/Input.h"
 #include "platform/toolkit/ListControls.h"
 #include "platform/toolkit/ScrollBar.h"
+#include "shell/CommandLine.h"
 #include "shell/Main.h"
 
 namespace vellumry {
@@ -172,6 +173,41 @@ void Driver::runLine(const std::string& line, int lineNo) {
 }
 
 void Driver::command(const Args& a) {
+  if (!setUpCommand(a) && !userCommand(a) && !answerCommand(a) && !readingCommand(a))
+    raise(err::InvalidCall, "unknown command " + a[0]);
+}
+
+bool Driver::setUpCommand(const Args& a) {
+  const std::string& verb = a[0];
+  if (verb == "screen") {
+    need(a, 3, "screen W H [TPP]");
+    screen_ = tk::Screen::ofPixels(toInt(a[1]), toInt(a[2]), a.size() > 3 ? toInt(a[3]) : 15);
+  } else if (verb == "home") {
+    need(a, 2, "home DIR");
+    places_.programFolder = places_.installFolder = a[1];
+  } else if (verb == "pictures") {
+    need(a, 2, "pictures DIR");
+    places_.picturesFolder = a[1];
+  } else if (verb == "named") {
+    need(a, 2, "named PATH");
+    TakeCommandLine({"vellumry", a[1]}, places_);
+  } else if (verb == "start") {
+    if (program_) raise(err::InvalidCall, "started already");
+    program_ = std::make_unique<Program>(host_, tk::EventLoop::Clock::Virtual, screen_, places_);
+    program_->runtime.onUncaught = [this](const tk::Error& e) {
+      print("uncaught " + std::to_string(e.Number) + ": " + e.Description);
+    };
+    Main(*program_);
+  } else if (verb == "wait") {
+    need(a, 2, "wait MS");
+    running().runtime.loop().advance(toInt(a[1]));
+  } else {
+    return false;
+  }
+  return true;
+}
+
+bool Driver::userCommand(const Args& a) {
   const std::string& verb = a[0];
   auto control = [&](const std::string& path) -> tk::Control& {
     Target t = resolve(running(), path);
@@ -184,26 +220,7 @@ void Driver::command(const Args& a) {
     return *typed;
   };
 
-  if (verb == "screen") {
-    need(a, 3, "screen W H [TPP]");
-    screen_ = tk::Screen::ofPixels(toInt(a[1]), toInt(a[2]), a.size() > 3 ? toInt(a[3]) : 15);
-  } else if (verb == "home") {
-    need(a, 2, "home DIR");
-    places_.programFolder = places_.installFolder = a[1];
-  } else if (verb == "pictures") {
-    need(a, 2, "pictures DIR");
-    places_.picturesFolder = a[1];
-  } else if (verb == "start") {
-    if (program_) raise(err::InvalidCall, "started already");
-    program_ = std::make_unique<Program>(host_, tk::EventLoop::Clock::Virtual, screen_, places_);
-    program_->runtime.onUncaught = [this](const tk::Error& e) {
-      print("uncaught " + std::to_string(e.Number) + ": " + e.Description);
-    };
-    Main(*program_);
-  } else if (verb == "wait") {
-    need(a, 2, "wait MS");
-    running().runtime.loop().advance(toInt(a[1]));
-  } else if (verb == "click") {
+  if (verb == "click") {
     need(a, 2, "click PATH");
     act(tk::user::click(control(a[1])), currentLine_);
   } else if (verb == "dblclick") {
@@ -236,7 +253,15 @@ void Driver::command(const Args& a) {
     need(a, 3, "scroll PATH VALUE");
     act(tk::user::scroll(as(control(a[1]), static_cast<tk::ScrollBar*>(nullptr)), toInt(a[2])),
         currentLine_);
-  } else if (verb == "answer") {
+  } else {
+    return false;
+  }
+  return true;
+}
+
+bool Driver::answerCommand(const Args& a) {
+  const std::string& verb = a[0];
+  if (verb == "answer") {
     need(a, 2, "answer N");
     host_.queueAnswer(toInt(a[1]));
   } else if (verb == "choose") {
@@ -250,7 +275,15 @@ void Driver::command(const Args& a) {
     host_.queueColor(a[1] == "cancel"
                          ? std::nullopt
                          : std::optional<uint32_t>(static_cast<uint32_t>(toInt(a[1]))));
-  } else if (verb == "get") {
+  } else {
+    return false;
+  }
+  return true;
+}
+
+bool Driver::readingCommand(const Args& a) {
+  const std::string& verb = a[0];
+  if (verb == "get") {
     need(a, 2, "get PATH");
     out_ << formatValue(getValue(resolve(running(), a[1]))) << "\n";
   } else if (verb == "set") {
@@ -267,8 +300,9 @@ void Driver::command(const Args& a) {
     if (!shot) raise(err::NotSupported, "this driver takes no pictures");
     if (!shot(running(), a[1])) raise(err::InvalidCall, "can't write " + a[1]);
   } else {
-    raise(err::InvalidCall, "unknown command " + verb);
+    return false;
   }
+  return true;
 }
 
 }  // namespace vellumry

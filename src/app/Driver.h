@@ -29,6 +29,11 @@ class Driver {
  private:
   using Args = std::vector<std::string>;
   void command(const Args& args);
+  // Each group of commands runs `args` when its verb is one of theirs, and says whether it was.
+  bool setUpCommand(const Args& args);
+  bool userCommand(const Args& args);
+  bool answerCommand(const Args& args);
+  bool readingCommand(const Args& args);
   Program& running();
   // Runs a user action; an action the program doesn't take is reported as ignored.
   void act(bool taken, const std::string& line);
