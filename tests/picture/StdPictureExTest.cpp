@@ -20,31 +20,22 @@ class StdPictureExTest : public ::testing::Test {
 };
 
 TEST(StdPictureExArguments, AreNormalised) {
-  struct Case {
-    int32_t colorDepth, width, height;
-    bool keep;
-    int32_t convertTo;
-    StdPictureEx::Arguments expected;  // IconSize stays -1
-  };
-  const Case cases[] = {
-      // Sizes keep their low 12 bits, negatives become 0; ConvertTo 2 is no conversion.
-      {-8, 4096, 4100, true, 2, {-1, 0, 0, 4, true, 0, false}},
-      // A bitmap conversion keeps no source.
-      {24, -5, 4095, true, 1, {-1, 24, 0, 4095, false, 1, false}},
-      // An icon conversion keeps none either, but remembers that it was asked.
-      {0, 0, 0, true, 3, {-1, 0, 0, 0, false, 3, true}},
-  };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(::testing::Message() << "ConvertTo " << c.convertTo);
-    const auto args =
-        StdPictureEx::NormaliseArguments(-1, c.colorDepth, c.width, c.height, c.keep, c.convertTo);
-    EXPECT_EQ(args.ColorDepth, c.expected.ColorDepth);
-    EXPECT_EQ(args.Width, c.expected.Width);
-    EXPECT_EQ(args.Height, c.expected.Height);
-    EXPECT_EQ(args.KeepOriginalFormat, c.expected.KeepOriginalFormat);
-    EXPECT_EQ(args.ConvertTo, c.expected.ConvertTo);
-    EXPECT_EQ(args.KeepForIcon, c.expected.KeepForIcon);
-  }
+  // Sizes keep their low 12 bits; negatives become 0.
+  auto args = StdPictureEx::NormaliseArguments(-1, -8, 4096, 4100, true, 2);
+  EXPECT_EQ(args.Width, 0);
+  EXPECT_EQ(args.Height, 4);
+  EXPECT_EQ(args.ColorDepth, 0);
+  EXPECT_EQ(args.ConvertTo, 0);  // 2 is no conversion
+  EXPECT_TRUE(args.KeepOriginalFormat);
+  args = StdPictureEx::NormaliseArguments(32, 24, -5, 4095, true, 1);
+  EXPECT_EQ(args.Width, 0);
+  EXPECT_EQ(args.Height, 4095);
+  EXPECT_EQ(args.ColorDepth, 24);
+  EXPECT_FALSE(args.KeepOriginalFormat);  // a bitmap conversion keeps no source
+  args = StdPictureEx::NormaliseArguments(-1, 0, 0, 0, true, 3);
+  EXPECT_EQ(args.ConvertTo, 3);
+  EXPECT_FALSE(args.KeepOriginalFormat);
+  EXPECT_TRUE(args.KeepForIcon);
 }
 
 TEST(StdPictureExRowBytes, RowsArePaddedTo32Bits) {
