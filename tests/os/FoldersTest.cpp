@@ -64,14 +64,11 @@ TEST_F(Folders, SettingsGoToTheFallbackWhenTheProgramFolderIsReadOnly) {
 }
 
 TEST_F(Folders, SettingsFolderFallsBackToTheUsersConfigFolder) {
-  const ScopedEnv config("XDG_CONFIG_HOME", Path("xdg"));
   // The test binary's folder holds no settings file.
+  EXPECT_TRUE(os::FileExists(os::ExecutableFolder() + "/os_tests"));
+  const ScopedEnv config("XDG_CONFIG_HOME", Path("xdg"));
   EXPECT_EQ(os::SettingsFolder(), Path("xdg") + "/vellumry");
   EXPECT_TRUE(os::FolderExists(Path("xdg") + "/vellumry"));
-}
-
-TEST_F(Folders, ExecutableFolderHoldsTheRunningProgram) {
-  EXPECT_TRUE(os::FileExists(os::ExecutableFolder() + "/os_tests"));
 }
 
 TEST_F(Folders, PicturesFolderIsTheUsersOrElseHome) {

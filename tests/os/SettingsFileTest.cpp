@@ -37,13 +37,10 @@ TEST_F(SettingsFile, ANewFileHoldsEveryKeyAtItsDefaultInOrder) {
   EXPECT_EQ(os::DefaultSetting("colour"), std::nullopt);
 }
 
-TEST_F(SettingsFile, AnExistingFileIsLeftAlone) {
+TEST_F(SettingsFile, AnExistingFileIsLeftAloneAndAMissingFolderFails) {
   testfiles::WriteBytes(file_, "[Settings]\nrows=7\n");
   EXPECT_TRUE(os::CreateSettingsFileIfMissing(file_));
   EXPECT_EQ(testfiles::ReadBytes(file_), "[Settings]\nrows=7\n");
-}
-
-TEST_F(SettingsFile, CreatingFailsInAMissingFolder) {
   EXPECT_FALSE(
       os::CreateSettingsFileIfMissing(dir_.filePath("none/OstrelWorks.INI").toStdString()));
 }
