@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <QTemporaryDir>
 #include <cstdlib>
 #include <filesystem>
 #include <optional>
@@ -36,12 +35,7 @@ class ScopedEnv {
   std::optional<std::string> old_;
 };
 
-class Folders : public ::testing::Test {
- protected:
-  std::string Path(const char* name) const { return dir_.filePath(name).toStdString(); }
-
-  QTemporaryDir dir_;
-};
+using Folders = testfiles::TempFolderTest;
 
 TEST_F(Folders, SettingsStayBesideAWritableProgramThatHoldsThemElseGoToTheFallback) {
   std::filesystem::create_directories(Path("holds"));
