@@ -67,19 +67,18 @@ TEST(CorpusWalk, BrokenPngsOfThePngSuiteAreRefused) {
 }
 
 TEST(CorpusWalk, MetafilesAreRecognisedButNotDecoded) {
-  const auto emf = Corpus("pillow/Tests/images/drawing.emf");
-  const auto wmf = Corpus("pillow/Tests/images/drawing.wmf");
-  SKIP_WITHOUT(emf);
-  SKIP_WITHOUT(wmf);
-  const auto emfInfo = Probe(ReadFile(emf));
-  ASSERT_TRUE(emfInfo);
-  EXPECT_EQ(emfInfo->format, Format::kEmf);
-  EXPECT_GT(emfInfo->width, 0);
-  const auto wmfInfo = Probe(ReadFile(wmf));
-  ASSERT_TRUE(wmfInfo);
-  EXPECT_EQ(wmfInfo->format, Format::kWmf);
-  EXPECT_EQ(Decode(ReadFile(emf)).error(), Error::kUnsupported);
-  EXPECT_EQ(Decode(ReadFile(wmf)).error(), Error::kUnsupported);
+  for (const auto& [name, format] :
+       {std::pair{"drawing.emf", Format::kEmf}, {"drawing.wmf", Format::kWmf}}) {
+    SCOPED_TRACE(name);
+    const auto path = Corpus(std::string("pillow/Tests/images/") + name);
+    SKIP_WITHOUT(path);
+    const std::vector<uint8_t> bytes = ReadFile(path);
+    const auto info = Probe(bytes);
+    ASSERT_TRUE(info);
+    EXPECT_EQ(info->format, format);
+    EXPECT_GT(info->width, 0);
+    EXPECT_EQ(Decode(bytes).error(), Error::kUnsupported);
+  }
 }
 
 }  // namespace

@@ -8,8 +8,6 @@
 #include "platform/codecs/IcoCodec.h"
 #include "platform/gdi/FileWriters.h"
 
-using namespace vellumry;
-
 namespace vellumry::codecs {
 namespace {
 

@@ -6,7 +6,6 @@
 #include "platform/gdi/Blit.h"
 #include "platform/gdi/Picture.h"
 #include "platform/gdi/PixelCache.h"
-#include "platform/gdi/Units.h"
 
 namespace vellumry::gdi {
 namespace {
@@ -33,19 +32,29 @@ class RecordingManager : public PictureManager {
   std::vector<uint32_t> released;
 };
 
-TEST(Picture, CopiesShareOneObjectAndTheLastReleaseIsReported) {
+TEST(Picture, CopiesShareOneObjectWhoseManagerDrawsItAndHearsItsLastRelease) {
   EXPECT_EQ(Picture().Handle(), 0u);
   EXPECT_EQ(Picture().Type(), PictureType::kNone);
   auto manager = std::make_shared<RecordingManager>();
+  Surface target(4, 2, AlphaMode::kOpaque);
   uint32_t handle = 0;
   {
     Picture a = Picture::FromSurface(Squares());
+    EXPECT_EQ(a.Attributes(), 0u);
     a.SetManager(manager);
+    EXPECT_EQ(a.Attributes(), kPictureTransparent);
     handle = a.Handle();
     EXPECT_NE(handle, 0u);
     Picture b = a;
     EXPECT_TRUE(b.SameObject(a));
     EXPECT_EQ(b.Handle(), handle);
+    // The manager draws when it accepts; else the picture draws itself.
+    b.Render(target, 0, 0, 4, 2, 0, b.Height(), b.Width(), -b.Height());
+    EXPECT_EQ(target.Pixel(0, 0), 0xFFABCDEFu);
+    manager->take = false;
+    b.Render(target, 0, 0, 4, 2, 0, b.Height(), b.Width(), -b.Height());
+    EXPECT_EQ(target.Pixel(0, 0), Squares().Pixel(0, 0));
+    EXPECT_EQ(manager->renders, 2);
     a = Picture();
     EXPECT_TRUE(manager->released.empty());
   }
@@ -54,31 +63,17 @@ TEST(Picture, CopiesShareOneObjectAndTheLastReleaseIsReported) {
   Picture orphan = Picture::FromSurface(Squares());
   orphan.SetManager(manager);
   manager.reset();
-  Surface target(4, 2, AlphaMode::kOpaque);
+  Fill(target, {0, 0, 4, 2}, 0);
   orphan.Render(target, 0, 0, 4, 2, 0, orphan.Height(), orphan.Width(), -orphan.Height());
   EXPECT_EQ(target.Pixel(3, 1), Squares().Pixel(3, 1));
 }
 
-TEST(Picture, ManagerDrawsWhenItAcceptsAndMarksThePictureTransparent) {
-  auto manager = std::make_shared<RecordingManager>();
-  Picture p = Picture::FromSurface(Squares());
-  EXPECT_EQ(p.Attributes(), 0u);
-  p.SetManager(manager);
-  EXPECT_EQ(p.Attributes(), kPictureTransparent);
-  Surface target(4, 2, AlphaMode::kOpaque);
-  p.Render(target, 0, 0, 4, 2, 0, p.Height(), p.Width(), -p.Height());
-  EXPECT_EQ(target.Pixel(0, 0), 0xFFABCDEFu);
-  manager->take = false;
-  p.Render(target, 0, 0, 4, 2, 0, p.Height(), p.Width(), -p.Height());
-  EXPECT_EQ(target.Pixel(0, 0), Squares().Pixel(0, 0));
-  EXPECT_EQ(manager->renders, 2);
-}
-
 TEST(Picture, NaturalSizeAndSourceRectanglesInHimetric) {
   const Picture p = Picture::FromSurface(Squares(), 15);
-  EXPECT_EQ(p.Width(), PixelsToHimetric(4, 15));
-  EXPECT_EQ(p.Height(), PixelsToHimetric(2, 15));
-  EXPECT_EQ(Picture::FromSurface(Squares(), 12).Width(), PixelsToHimetric(4, 12));
+  // 96 pixels an inch at 15 twips a pixel, 120 at 12; 2540 hundredths of a millimetre an inch.
+  EXPECT_EQ(p.Width(), 106);                                   // 105.83
+  EXPECT_EQ(p.Height(), 53);                                   // 52.92
+  EXPECT_EQ(Picture::FromSurface(Squares(), 12).Width(), 85);  // 84.67
   // The right half, upright: source measured from the bottom edge.
   Surface half(2, 2, AlphaMode::kOpaque);
   p.Render(half, 0, 0, 2, 2, p.Width() / 2, p.Height(), p.Width() / 2, -p.Height());

@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
-#include <QTemporaryDir>
 #include <csignal>
 #include <filesystem>
 #include <string>
@@ -15,9 +14,7 @@ using namespace vellumry;
 
 namespace {
 
-using testfiles::FolderEntries;
-using testfiles::ReadBytes;
-using testfiles::WriteBytes;
+using namespace testfiles;
 
 // Makes every write past `bytes` into a file fail, as a full disk would, for the scope's life.
 class FileSizeLimit {
@@ -41,13 +38,7 @@ class FileSizeLimit {
   void (*old_handler_)(int) = nullptr;
 };
 
-class FileSystem : public ::testing::Test {
- protected:
-  std::string Path(const char* name) const { return dir_.filePath(name).toStdString(); }
-  std::string Folder() const { return dir_.path().toStdString(); }
-
-  QTemporaryDir dir_;
-};
+using FileSystem = TempFolderTest;
 
 TEST_F(FileSystem, TellsFilesFromFoldersAndDeletesFilesOnly) {
   WriteBytes(Path("a.jpg"), "x");
@@ -117,7 +108,7 @@ TEST_F(FileSystem, AWriteThatBreaksOffKeepsTheOldFile) {
 TEST_F(FileSystem, AReadOnlyFolderKeepsTheOldFile) {
   WriteBytes(Path("s.ini"), "[Settings]\nrows=4\n");
   {
-    const testfiles::ReadOnlyFolder read_only(Folder());
+    const ReadOnlyFolder read_only(Folder());
     if (!read_only.Binds()) GTEST_SKIP() << "folder permissions don't bind this user";
     EXPECT_FALSE(os::WritePrivateProfileString("Settings", "rows", "9", Path("s.ini")));
   }

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <QTemporaryDir>
 #include <cstdlib>
 #include <filesystem>
 #include <optional>
@@ -36,12 +35,7 @@ class ScopedEnv {
   std::optional<std::string> old_;
 };
 
-class Folders : public ::testing::Test {
- protected:
-  std::string Path(const char* name) const { return dir_.filePath(name).toStdString(); }
-
-  QTemporaryDir dir_;
-};
+using Folders = testfiles::TempFolderTest;
 
 TEST_F(Folders, SettingsStayBesideAWritableProgramThatHoldsThemElseGoToTheFallback) {
   std::filesystem::create_directories(Path("holds"));
@@ -64,14 +58,11 @@ TEST_F(Folders, SettingsGoToTheFallbackWhenTheProgramFolderIsReadOnly) {
 }
 
 TEST_F(Folders, SettingsFolderFallsBackToTheUsersConfigFolder) {
-  const ScopedEnv config("XDG_CONFIG_HOME", Path("xdg"));
   // The test binary's folder holds no settings file.
+  EXPECT_TRUE(os::FileExists(os::ExecutableFolder() + "/os_tests"));
+  const ScopedEnv config("XDG_CONFIG_HOME", Path("xdg"));
   EXPECT_EQ(os::SettingsFolder(), Path("xdg") + "/vellumry");
   EXPECT_TRUE(os::FolderExists(Path("xdg") + "/vellumry"));
-}
-
-TEST_F(Folders, ExecutableFolderHoldsTheRunningProgram) {
-  EXPECT_TRUE(os::FileExists(os::ExecutableFolder() + "/os_tests"));
 }
 
 TEST_F(Folders, PicturesFolderIsTheUsersOrElseHome) {

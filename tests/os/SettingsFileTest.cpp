@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <QTemporaryDir>
 #include <cctype>
 #include <string>
 #include <utility>
@@ -12,10 +11,9 @@ using namespace vellumry;
 
 namespace {
 
-class SettingsFile : public ::testing::Test {
+class SettingsFile : public testfiles::TempFolderTest {
  protected:
-  QTemporaryDir dir_;
-  std::string file_ = dir_.filePath("OstrelWorks.INI").toStdString();
+  std::string file_ = Path("OstrelWorks.INI");
 };
 
 TEST_F(SettingsFile, ANewFileHoldsEveryKeyAtItsDefaultInOrder) {
@@ -37,15 +35,11 @@ TEST_F(SettingsFile, ANewFileHoldsEveryKeyAtItsDefaultInOrder) {
   EXPECT_EQ(os::DefaultSetting("colour"), std::nullopt);
 }
 
-TEST_F(SettingsFile, AnExistingFileIsLeftAlone) {
+TEST_F(SettingsFile, AnExistingFileIsLeftAloneAndAMissingFolderFails) {
   testfiles::WriteBytes(file_, "[Settings]\nrows=7\n");
   EXPECT_TRUE(os::CreateSettingsFileIfMissing(file_));
   EXPECT_EQ(testfiles::ReadBytes(file_), "[Settings]\nrows=7\n");
-}
-
-TEST_F(SettingsFile, CreatingFailsInAMissingFolder) {
-  EXPECT_FALSE(
-      os::CreateSettingsFileIfMissing(dir_.filePath("none/OstrelWorks.INI").toStdString()));
+  EXPECT_FALSE(os::CreateSettingsFileIfMissing(Path("none/OstrelWorks.INI")));
 }
 
 }  // namespace

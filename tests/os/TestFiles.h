@@ -1,7 +1,9 @@
 #pragma once
 
+#include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <QTemporaryDir>
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
@@ -49,6 +51,17 @@ class ReadOnlyFolder {
 
  private:
   std::string folder_;
+};
+
+// A test with a fresh temporary folder of its own.
+class TempFolderTest : public ::testing::Test {
+ protected:
+  std::string Path(const std::string& name) const {
+    return dir_.filePath(QString::fromStdString(name)).toStdString();
+  }
+  std::string Folder() const { return dir_.path().toStdString(); }
+
+  QTemporaryDir dir_;
 };
 
 }  // namespace testfiles

@@ -12,8 +12,6 @@
 #include "picture/StdPictureEx.h"
 #include "platform/toolkit/Error.h"
 
-using namespace vellumry;
-
 namespace vellumry {
 namespace {
 

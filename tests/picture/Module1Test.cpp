@@ -8,17 +8,11 @@
 #include "picture/PictureTestSupport.h"
 #include "platform/toolkit/Error.h"
 
-using namespace vellumry;
-
 namespace vellumry {
 namespace {
 
-using codecs::testing::Gradient;
-using codecs::testing::MakeJpeg;
-using codecs::testing::MakePng;
-using testsupport::Filled;
-using testsupport::TempFolder;
-using testsupport::WriteTiff;
+using namespace codecs::testing;
+using namespace testsupport;
 
 class Module1Test : public ::testing::Test {
  protected:
@@ -26,146 +20,124 @@ class Module1Test : public ::testing::Test {
   uint32_t gridColor = 0x00402010;  // 0x00BBGGRR
   Module1 module1{services, [this] { return gridColor; }};
   TempFolder folder;
-  testsupport::BoxProgram program;
-
-  // The error LoadGdiPicture raises for `source`.
-  tk::Error Raised(const GdiSource& source) {
-    int32_t w = -1, h = -1;
-    try {
-      module1.LoadGdiPicture(source, w, h, 0xFFFFFF, false);
-    } catch (const tk::Error& error) {
-      return error;
-    }
-    ADD_FAILURE() << "no error raised";
-    return tk::Error(0, "", "");
-  }
+  BoxProgram program;
+  tk::PictureBox& box = program.form().Picture1;
 };
 
-TEST_F(Module1Test, ErrorsNameTheFile) {
+TEST_F(Module1Test, FailuresRaiseNumberedErrorsNamingTheFile) {
   const std::string bad = folder.Write("not a picture.png", {'n', 'o', 'p', 'e', '!'});
-  tk::Error error = Raised(bad);
-  EXPECT_EQ(error.Number, 999);
-  EXPECT_EQ(error.Source, "GDI+ Module");
-  EXPECT_EQ(error.Description, "Error loading picture " + bad);
-  error = Raised(folder.Path("missing.tif"));
-  EXPECT_EQ(error.Description, "Error loading picture " + folder.Path("missing.tif"));
-  error = Raised(ByteArray{{1, 2, 3, 4, 5}, 0, 1});
-  EXPECT_EQ(error.Number, 999);
-  EXPECT_EQ(error.Description, "Error loading picture");
-  error = Raised(GdiSource{7});
-  EXPECT_EQ(error.Number, 998);
-  EXPECT_EQ(error.Source, "GDI+ Module");
-  EXPECT_EQ(error.Description, "Passed invalid parameter as PicFile");
-  // Metafiles have no decoder yet.
-  const std::vector<uint8_t> emf = {1, 0, 0, 0, 108, 0, 0, 0};
-  EXPECT_EQ(Raised(ByteArray{emf, 0, 1}).Number, 999);
-
+  const std::string missing = folder.Path("missing.tif");
+  const std::vector<uint8_t> emf = {1, 0, 0, 0, 108, 0, 0, 0};  // metafiles have no decoder yet
+  struct Case {
+    GdiSource source;
+    int number;
+    std::string description;
+  };
+  const Case cases[] = {
+      {bad, 999, "Error loading picture " + bad},
+      {missing, 999, "Error loading picture " + missing},
+      {ByteArray{{1, 2, 3, 4, 5}, 0, 1}, 999, "Error loading picture"},
+      {ByteArray{emf, 0, 1}, 999, "Error loading picture"},
+      {GdiSource{7}, 998, "Passed invalid parameter as PicFile"},
+  };
   int32_t w = -1, h = -1;
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.description);
+    try {
+      module1.LoadGdiPicture(c.source, w, h, 0xFFFFFF, false);
+      ADD_FAILURE() << "no error raised";
+    } catch (const tk::Error& error) {
+      EXPECT_EQ(error.Number, c.number);
+      EXPECT_EQ(error.Source, "GDI+ Module");
+      EXPECT_EQ(error.Description, c.description);
+    }
+  }
   EXPECT_FALSE(module1.LoadGdiPicture(GdiSource{}, w, h, 0, false));
-}
-
-TEST_F(Module1Test, FailureLeavesTheBoxAsItWas) {
-  program.form().Picture1.setAutoSize(true);
-  module1.ShowPictureGdi(folder.Write("a.png", MakePng(Gradient(30, 20))), program.form().Picture1,
-                         true);
-  const gdi::Picture before = program.form().Picture1.Picture();
-  ASSERT_TRUE(before);
-  EXPECT_THROW(module1.ShowPictureGdi(folder.Path("gone.png"), program.form().Picture1, true),
-               tk::Error);
-  EXPECT_TRUE(program.form().Picture1.Picture().SameObject(before));
 }
 
 TEST_F(Module1Test, SizesOwnOrAsked) {
   const std::string path = folder.Write("a.jpg", MakeJpeg(64, 48));
-  // -1 in either size gives the image's own two sizes, written back.
-  int32_t w = -1, h = 10;
-  gdi::Picture picture = module1.LoadGdiPicture(path, w, h, 0xFFFFFF, false);
-  EXPECT_EQ(w, 64);
-  EXPECT_EQ(h, 48);
-  EXPECT_EQ(picture.PixelSize(), (gdi::Size{64, 48}));
-  // A size asked for is the picture's natural size, its pixels stretched to it.
-  w = 32;
-  h = 40;
-  picture = module1.LoadGdiPicture(path, w, h, 0xFFFFFF, false);
-  EXPECT_EQ(picture.PixelSize(), (gdi::Size{32, 40}));
-  ASSERT_TRUE(picture.Pixels());
-  EXPECT_EQ(picture.Pixels()->Dimensions(), (gdi::Size{32, 40}));
-  // Native: exactly the image's size whatever the box's.
-  program.form().Picture1.setWidth(5000);
-  program.form().Picture1.setHeight(5000);
-  module1.ShowPictureGdi(path, program.form().Picture1, true);
-  EXPECT_EQ(program.form().Picture1.Picture().PixelSize(), (gdi::Size{64, 48}));
+  struct Case {
+    int32_t width, height;
+    bool retainRatio;
+    gdi::Size expected;
+    int32_t widthAfter, heightAfter;  // only -1 is written back, as the image's two sizes
+  };
+  const Case cases[] = {
+      {-1, 10, false, {64, 48}, 64, 48},
+      {-1, 0, false, {64, 48}, 64, 48},
+      {32, 40, false, {32, 40}, 32, 40},  // the pixels stretched to the size asked
+      // Sizes of 0 or below give a bitmap without pixels.
+      {0, 10, false, {0, 10}, 0, 10},
+      {12, 0, false, {12, 0}, 12, 0},
+      {-5, 10, true, {0, 10}, -5, 10},
+      {0, 0, true, {0, 0}, 0, 0},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(::testing::Message() << c.width << " x " << c.height);
+    int32_t w = c.width, h = c.height;
+    const gdi::Picture picture = module1.LoadGdiPicture(path, w, h, 0xFFFFFF, c.retainRatio);
+    EXPECT_EQ(picture.Type(), gdi::PictureType::kBitmap);
+    EXPECT_EQ(picture.PixelSize(), c.expected);
+    EXPECT_EQ(w, c.widthAfter);
+    EXPECT_EQ(h, c.heightAfter);
+    if (c.expected.width > 0 && c.expected.height > 0) {
+      ASSERT_TRUE(picture.Pixels());
+      EXPECT_EQ(picture.Pixels()->Dimensions(), c.expected);
+    }
+  }
 }
 
-TEST_F(Module1Test, NotNativeTakesTheBoxsInnerSizeInPixels) {
+TEST_F(Module1Test, NativeIsTheImagesSizeElseTheBoxsInnerSizeInPixels) {
   const std::string path = folder.Write("a.jpg", MakeJpeg(64, 48));
-  // 15 twips a pixel across, 12 down; a border takes two pixels a side.
+  // 15 twips a pixel across, 12 down: a box of 200 x 100 pixels; a border takes two a side.
   program.runtime.screen().TwipsPerPixelY = 12;
-  struct Row {
+  box.setWidth(3000);
+  box.setHeight(1200);
+  struct Case {
+    bool native;
     int borderStyle;
     gdi::Size expected;
   };
-  for (const Row& row : {Row{1, {196, 96}}, Row{0, {200, 100}}}) {
-    tk::PictureBox& box = program.form().Picture1;
-    box.setBorderStyle(row.borderStyle);
-    box.setWidth(3000);
-    box.setHeight(1200);
-    module1.ShowPictureGdi(path, box, false);
-    EXPECT_EQ(box.Picture().PixelSize(), row.expected) << "border " << row.borderStyle;
+  for (const Case& c :
+       {Case{true, 1, {64, 48}}, Case{false, 1, {196, 96}}, Case{false, 0, {200, 100}}}) {
+    SCOPED_TRACE(::testing::Message() << "native " << c.native << ", border " << c.borderStyle);
+    box.setBorderStyle(c.borderStyle);
+    module1.ShowPictureGdi(path, box, c.native);
+    EXPECT_EQ(box.Picture().PixelSize(), c.expected);
   }
 }
 
 TEST_F(Module1Test, RatioKeptCentresOnTheRoundedDrawnSize) {
   // A 200 x 74 image in 20 x 10 is drawn 20 x 7.4, rounded to 7: its top is (10 - 7) / 2 = 1.5,
   // rounded to 2, not (10 - 7.4) / 2 = 1.3. Turned a quarter, the same for the left edge.
-  struct Row {
+  struct Case {
     gdi::Size image, box;
     gdi::Rect drawn;
   };
   const uint32_t red = 0xFF0000u, grid = 0x102040u;
-  for (const Row& row :
-       {Row{{200, 74}, {20, 10}, {0, 2, 20, 7}}, Row{{74, 200}, {10, 20}, {2, 0, 7, 20}}}) {
+  for (const Case& c :
+       {Case{{200, 74}, {20, 10}, {0, 2, 20, 7}}, Case{{74, 200}, {10, 20}, {2, 0, 7, 20}}}) {
+    SCOPED_TRACE(::testing::Message() << c.image.width << " x " << c.image.height);
     const std::string path =
-        folder.Write("red.png", MakePng(Filled(row.image.width, row.image.height, 0xFFFF0000)));
-    int32_t w = row.box.width, h = row.box.height;
+        folder.Write("red.png", MakePng(Filled(c.image.width, c.image.height, 0xFFFF0000)));
+    int32_t w = c.box.width, h = c.box.height;
     const gdi::Picture picture = module1.LoadGdiPicture(path, w, h, 0xFFFFFF, true);
     ASSERT_TRUE(picture.Pixels());
     const gdi::Surface& out = *picture.Pixels();
-    ASSERT_EQ(out.Dimensions(), row.box);
-    for (int y = 0; y < row.box.height; ++y) {
+    ASSERT_EQ(out.Dimensions(), c.box);
+    for (int y = 0; y < c.box.height; ++y) {
       std::string seen, wanted;
-      for (int x = 0; x < row.box.width; ++x) {
+      for (int x = 0; x < c.box.width; ++x) {
         const uint32_t colour = out.Pixel(x, y) & 0xFFFFFF;
         seen += colour == red ? 'r' : colour == grid ? '.' : '?';
-        const bool inside = x >= row.drawn.x && x < row.drawn.x + row.drawn.width &&
-                            y >= row.drawn.y && y < row.drawn.y + row.drawn.height;
+        const bool inside = x >= c.drawn.x && x < c.drawn.x + c.drawn.width && y >= c.drawn.y &&
+                            y < c.drawn.y + c.drawn.height;
         wanted += inside ? 'r' : '.';
       }
       EXPECT_EQ(seen, wanted) << "row " << y;
     }
   }
-}
-
-TEST_F(Module1Test, SizesOfZeroOrBelowGiveABitmapWithoutPixels) {
-  const std::string path = folder.Write("a.png", MakePng(Gradient(64, 48)));
-  struct Row {
-    int32_t width, height;
-    bool retainRatio;
-    gdi::Size expected;
-  };
-  for (const Row& row : {Row{0, 10, false, {0, 10}}, Row{12, 0, false, {12, 0}},
-                         Row{-5, 10, true, {0, 10}}, Row{0, 0, true, {0, 0}}}) {
-    int32_t w = row.width, h = row.height;
-    const gdi::Picture picture = module1.LoadGdiPicture(path, w, h, 0xFFFFFF, row.retainRatio);
-    EXPECT_EQ(picture.Type(), gdi::PictureType::kBitmap) << row.width << " x " << row.height;
-    EXPECT_EQ(picture.PixelSize(), row.expected) << row.width << " x " << row.height;
-    EXPECT_EQ(w, row.width);  // only -1 is written back
-    EXPECT_EQ(h, row.height);
-  }
-  // -1 beside a size of 0 still gives the image's own two sizes.
-  int32_t w = -1, h = 0;
-  EXPECT_EQ(module1.LoadGdiPicture(path, w, h, 0xFFFFFF, false).PixelSize(), (gdi::Size{64, 48}));
-  EXPECT_EQ(h, 48);
 }
 
 TEST_F(Module1Test, TransparencyShowsTheGridColour) {
@@ -175,9 +147,9 @@ TEST_F(Module1Test, TransparencyShowsTheGridColour) {
     for (int x = 0; x < 5; ++x) pixels.SetPixel(x, y, 0x80FF0000);
   }
   const std::string path = folder.Write("alpha.png", MakePng(pixels));
-  program.form().Picture1.setAutoSize(true);
-  module1.ShowPictureGdi(path, program.form().Picture1, true);
-  const gdi::Picture picture = program.form().Picture1.Picture();
+  box.setAutoSize(true);
+  module1.ShowPictureGdi(path, box, true);
+  const gdi::Picture picture = box.Picture();
   ASSERT_TRUE(picture);
   EXPECT_EQ(picture.Attributes() & gdi::kPictureTransparent, 0u);
   const auto out = picture.Pixels();
@@ -189,8 +161,8 @@ TEST_F(Module1Test, TransparencyShowsTheGridColour) {
   EXPECT_NEAR(gdi::BlueOf(blended), 0x40 / 2, 2);
   // The colour is read at each load.
   gridColor = 0x00FFFFFF;
-  module1.ShowPictureGdi(path, program.form().Picture1, true);
-  EXPECT_EQ(program.form().Picture1.Picture().Pixels()->Pixel(8, 2) & 0xFFFFFF, 0xFFFFFFu);
+  module1.ShowPictureGdi(path, box, true);
+  EXPECT_EQ(box.Picture().Pixels()->Pixel(8, 2) & 0xFFFFFF, 0xFFFFFFu);
 }
 
 TEST_F(Module1Test, FirstPageOfATiff) {
@@ -202,11 +174,14 @@ TEST_F(Module1Test, FirstPageOfATiff) {
   EXPECT_EQ(picture.Pixels()->Pixel(3, 3) & 0xFFFFFF, 0x00FF00u);
 }
 
-TEST_F(Module1Test, BoxHandsOutItsOpaquePictureAsItsImage) {
-  tk::PictureBox& box = program.form().Picture1;
+TEST_F(Module1Test, TheBoxKeepsItsPictureOnFailureAndHandsOutAnOpaqueOneAsItsImage) {
   box.setAutoSize(true);
   module1.ShowPictureGdi(folder.Write("a.png", MakePng(Gradient(30, 20))), box, true);
-  EXPECT_TRUE(box.Image().SameObject(box.Picture()));
+  const gdi::Picture shown = box.Picture();
+  ASSERT_TRUE(shown);
+  EXPECT_THROW(module1.ShowPictureGdi(folder.Path("gone.png"), box, true), tk::Error);
+  EXPECT_TRUE(box.Picture().SameObject(shown));
+  EXPECT_TRUE(box.Image().SameObject(shown));
   // A picture with transparent parts, or a box of another size, is painted onto a canvas.
   box.setPicture(gdi::Picture::FromSurface(Filled(30, 20, 0x80FF0000)));
   gdi::Picture image = box.Image();

@@ -3,8 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QTemporaryDir>
 #include <cstdint>
-#include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
@@ -18,23 +18,22 @@
 
 namespace vellumry::testsupport {
 
-// A fresh folder under the system's temporary folder, removed with its files at the end.
+// A fresh temporary folder, removed with its files at the end.
 class TempFolder {
  public:
-  TempFolder();
-  ~TempFolder();
   // Writes `bytes` to `name` in the folder and gives its path.
   std::string Write(const std::string& name, const std::vector<uint8_t>& bytes) const;
-  std::string Path(const std::string& name) const { return (dir_ / name).string(); }
+  std::string Path(const std::string& name) const {
+    return dir_.filePath(QString::fromStdString(name)).toStdString();
+  }
 
  private:
-  std::filesystem::path dir_;
+  QTemporaryDir dir_;
 };
 
-// Writes at `path` a TIFF of one page per colour, page n a width x height field of `colors[n]`
-// (0xAARRGGBB, written as RGBA when `alpha`, else RGB).
-void WriteTiff(const std::string& path, int width, int height, const std::vector<uint32_t>& colors,
-               bool alpha = false);
+// Writes at `path` an RGB TIFF of one page per colour, page n a width x height field of
+// `colors[n]` (0xAARRGGBB).
+void WriteTiff(const std::string& path, int width, int height, const std::vector<uint32_t>& colors);
 // A width x height surface of one colour (with its alpha when `mode` is kStraight).
 gdi::Surface Filled(int width, int height, uint32_t argb,
                     gdi::AlphaMode mode = gdi::AlphaMode::kStraight);

@@ -7,18 +7,13 @@
 #include "picture/PictureServices.h"
 #include "picture/PictureTestSupport.h"
 #include "picture/PlainLoader.h"
+#include "platform/gdi/FileWriters.h"
 #include "platform/toolkit/Error.h"
-
-using namespace vellumry;
 
 namespace vellumry {
 namespace {
 
-using codecs::testing::Gradient;
-using codecs::testing::MakeGif;
-using codecs::testing::MakeJpeg;
-using codecs::testing::MakePng;
-using testsupport::TempFolder;
+using namespace codecs::testing;
 
 class PlainLoaderTest : public ::testing::Test {
  protected:
@@ -31,7 +26,7 @@ class PlainLoaderTest : public ::testing::Test {
     return 0;
   }
   PictureServices services{15, 16u << 20, 1};
-  TempFolder folder;
+  testsupport::TempFolder folder;
 };
 
 TEST_F(PlainLoaderTest, MissingAndUnreadableFilesRaise) {
@@ -69,20 +64,8 @@ TEST_F(PlainLoaderTest, ReadsTheOtherFormats) {
   const gdi::Picture fromPng =
       LoadPicture(services, folder.Write("b.png", MakePng(Gradient(5, 3))));
   EXPECT_EQ(fromPng.PixelSize(), (gdi::Size{5, 3}));
-  // A cursor: a 2 x 2 one-bit image with its mask, hot spot (1, 1).
-  std::vector<uint8_t> cur;
-  const auto put = [&cur](uint32_t value, int bytes) {
-    for (int i = 0; i < bytes; ++i) cur.push_back(static_cast<uint8_t>(value >> (8 * i)));
-  };
-  put(0, 2), put(2, 2), put(1, 2);                         // directory: a cursor of one image
-  put(2, 1), put(2, 1), put(2, 1), put(0, 1);              // 2 x 2, two colours
-  put(1, 2), put(1, 2), put(64, 4), put(22, 4);            // hot spot, size, offset
-  put(40, 4), put(2, 4), put(4, 4), put(1, 2), put(1, 2);  // header: height counts the mask
-  for (int i = 0; i < 6; ++i) put(0, 4);
-  put(0x000000, 4), put(0xFFFFFF, 4);  // colour table
-  put(0x80, 4), put(0x40, 4);          // colour rows
-  put(0, 4), put(0, 4);                // mask rows: all shown
-  const gdi::Picture fromCur = LoadPicture(services, folder.Write("a.cur", cur));
+  const gdi::IconImage cursor{Gradient(2, 2), std::vector<uint8_t>(4, 0), true, 1, 1};
+  const gdi::Picture fromCur = LoadPicture(services, folder.Write("a.cur", gdi::EncodeIco(cursor)));
   ASSERT_TRUE(fromCur);
   EXPECT_EQ(fromCur.Type(), gdi::PictureType::kIcon);
   EXPECT_EQ(fromCur.PixelSize(), (gdi::Size{2, 2}));

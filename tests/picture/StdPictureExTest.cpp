@@ -6,18 +6,11 @@
 #include "picture/PictureTestSupport.h"
 #include "picture/StdPictureEx.h"
 
-using namespace vellumry;
-
 namespace vellumry {
 namespace {
 
-using codecs::testing::Gradient;
-using codecs::testing::MakeGif;
-using codecs::testing::MakeJpeg;
-using codecs::testing::MakePng;
-using testsupport::Filled;
-using testsupport::TempFolder;
-using testsupport::WriteTiff;
+using namespace codecs::testing;
+using namespace testsupport;
 
 class StdPictureExTest : public ::testing::Test {
  protected:
@@ -26,7 +19,7 @@ class StdPictureExTest : public ::testing::Test {
   TempFolder folder;
 };
 
-TEST_F(StdPictureExTest, ArgumentsAreNormalised) {
+TEST(StdPictureExArguments, AreNormalised) {
   // Sizes keep their low 12 bits; negatives become 0.
   auto args = StdPictureEx::NormaliseArguments(-1, -8, 4096, 4100, true, 2);
   EXPECT_EQ(args.Width, 0);
@@ -45,12 +38,20 @@ TEST_F(StdPictureExTest, ArgumentsAreNormalised) {
   EXPECT_TRUE(args.KeepForIcon);
 }
 
+TEST(StdPictureExRowBytes, RowsArePaddedTo32Bits) {
+  EXPECT_EQ(StdPictureEx::RowBytes(1, 1, 0), 4);
+  EXPECT_EQ(StdPictureEx::RowBytes(1, 33, 1), 8);
+  EXPECT_EQ(StdPictureEx::RowBytes(24, 3, 2), 24);   // 9 bytes padded to 12, two rows
+  EXPECT_EQ(StdPictureEx::RowBytes(24, 3, -2), 24);  // top-down rows count alike
+  EXPECT_EQ(StdPictureEx::RowBytes(32, 5, 3), 60);
+  EXPECT_EQ(StdPictureEx::RowBytes(8, 0, 7), 0);
+}
+
 TEST_F(StdPictureExTest, SourcesThatGiveNoPicture) {
   EXPECT_FALSE(ex.LoadPicture(PictureSource{}));
   EXPECT_FALSE(ex.LoadPicture(std::string()));
-  EXPECT_FALSE(ex.LoadPicture(ByteArray{{0x42}, 0, 1}));  // one element
-  const auto png = MakePng(Gradient(8, 8));
-  EXPECT_FALSE(ex.LoadPicture(ByteArray{png, 0, 2}));  // two dimensions
+  EXPECT_FALSE(ex.LoadPicture(ByteArray{{0x42}, 0, 1}));                   // one element
+  EXPECT_FALSE(ex.LoadPicture(ByteArray{MakePng(Gradient(8, 8)), 0, 2}));  // two dimensions
   EXPECT_FALSE(ex.LoadPicture(gdi::Picture{}));
   // A file of no bytes: no picture and no error; a missing file alike.
   EXPECT_FALSE(ex.LoadPicture(folder.Write("empty.bmp", {})));
@@ -62,58 +63,65 @@ TEST_F(StdPictureExTest, SourcesThatGiveNoPicture) {
 }
 
 TEST_F(StdPictureExTest, ContentDecidesNotTheName) {
-  const auto path =
-      folder.Write("really-a-png.bmp", MakePng(Filled(12, 7, 0xFF336699, gdi::AlphaMode::kOpaque)));
-  const gdi::Picture picture = ex.LoadPicture(path);
+  const auto png = MakePng(Filled(12, 7, 0xFF336699, gdi::AlphaMode::kOpaque));
+  const gdi::Picture picture = ex.LoadPicture(folder.Write("really-a-png.bmp", png));
   ASSERT_TRUE(picture);
   EXPECT_EQ(picture.PixelSize(), (gdi::Size{12, 7}));
-  EXPECT_EQ(ex.PictureType(picture), kKindPng);
+  EXPECT_EQ(ex.PictureType(picture), 6);
   const auto pixels = picture.Pixels();
   ASSERT_TRUE(pixels);
   EXPECT_EQ(pixels->Pixel(3, 3) & 0xFFFFFF, 0x336699u);
   // The same bytes from an array read alike, and a lower bound doesn't matter.
-  const gdi::Picture fromBytes =
-      ex.LoadPicture(ByteArray{MakePng(Filled(12, 7, 0xFF336699, gdi::AlphaMode::kOpaque)), 5, 1});
+  const gdi::Picture fromBytes = ex.LoadPicture(ByteArray{png, 5, 1});
   ASSERT_TRUE(fromBytes);
-  EXPECT_EQ(ex.PictureType(fromBytes), kKindPng);
+  EXPECT_EQ(ex.PictureType(fromBytes), 6);
 }
 
-TEST_F(StdPictureExTest, WidthOf4096ChoosesLikeZero) {
-  const auto path = folder.Write("a.png", MakePng(Gradient(20, 10)));
-  const gdi::Picture plain = ex.LoadPicture(path);
-  const gdi::Picture wide = ex.LoadPicture(path, -1, 0, 4096, 4096, false, 2);
-  ASSERT_TRUE(plain);
-  ASSERT_TRUE(wide);
-  EXPECT_EQ(wide.PixelSize(), plain.PixelSize());
-  EXPECT_EQ(ex.PictureType(wide), ex.PictureType(plain));
-}
-
-TEST_F(StdPictureExTest, FlagsOfTheRoads) {
-  // JPEG and BMP go by the platform loader and aren't managed.
-  const gdi::Picture jpeg = ex.LoadPicture(folder.Write("a.jpg", MakeJpeg(16, 8)));
-  ASSERT_TRUE(jpeg);
-  EXPECT_EQ(ex.FindRecord(jpeg), -1);
-  EXPECT_EQ(ex.PictureType(jpeg), kKindBitmap);
-  // PNG: its kind; with alpha, an alpha bitmap.
-  const gdi::Picture png = ex.LoadPicture(folder.Write("b.png", MakePng(Gradient(9, 9))));
-  const gdi::Picture alpha =
-      ex.LoadPicture(folder.Write("c.png", MakePng(Filled(9, 9, 0x80FF0000))));
-  ASSERT_TRUE(png);
-  ASSERT_TRUE(alpha);
-  EXPECT_EQ(ex.Record(ex.FindRecord(png)).Flags, FlagsOf(kKindPng));
-  EXPECT_EQ(ex.Record(ex.FindRecord(alpha)).Flags, FlagsOf(kKindBitmap));
-  EXPECT_TRUE(alpha.Attributes() & gdi::kPictureTransparent);
-  // A TIFF of three pages kept in source form counts its pages and keeps its bytes.
-  const std::string tiffPath = folder.Path("d.tif");
-  WriteTiff(tiffPath, 4, 4, {0xFFFF0000, 0xFF00FF00, 0xFF0000FF});
-  const gdi::Picture tiff = ex.LoadPicture(tiffPath, -1, 0, 0, 0, true);
-  ASSERT_TRUE(tiff);
-  const PictureRecord& row = ex.Record(ex.FindRecord(tiff));
-  EXPECT_EQ(row.Flags, FlagsOf(kKindTiff, 1, 3));
-  EXPECT_EQ(SubImageCountOf(row.Flags), 3u);
-  ASSERT_TRUE(row.SourceBytes);
-  EXPECT_EQ(row.PictureKey, tiff.Handle());
-  EXPECT_EQ(ex.RecordCount(), 3);
+// The kind PictureType gives (1 bitmap, 5 JPEG, 6 PNG, 7 GIF, 8 TIFF) and the Flags of the
+// picture's row, 0 when it isn't managed.
+TEST_F(StdPictureExTest, KindAndRowOfEachRoad) {
+  const std::string jpeg = folder.Write("a.jpg", MakeJpeg(16, 8));
+  const ByteArray gif{MakeGif(4, 2, {0, 1, 2, 3, 3, 2, 1, 0}, -1), 0, 1};
+  const std::string tiff = folder.Path("d.tif");
+  WriteTiff(tiff, 4, 4, {0xFFFF0000, 0xFF00FF00, 0xFF0000FF});
+  struct Case {
+    const char* what;
+    PictureSource source;
+    bool keep;
+    int32_t kind;
+    uint32_t flags;
+  };
+  const Case cases[] = {
+      // JPEG and a one-frame GIF go by the platform loader; kept, they still tell their kind.
+      {"jpeg", jpeg, false, 1, 0},
+      {"kept jpeg", jpeg, true, 5, 0},
+      {"gif", gif, false, 1, 0},
+      {"kept gif", gif, true, 7, 0},
+      {"png", folder.Write("b.png", MakePng(Gradient(9, 9))), false, 6, 6},
+      {"png with alpha: an alpha bitmap", folder.Write("c.png", MakePng(Filled(9, 9, 0x80FF0000))),
+       false, 1, 1},
+      // Current page 1 in bits 4-15, three pages in bits 16-27.
+      {"kept tiff of three pages", tiff, true, 8, 8 | 1 << 4 | 3 << 16},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    const gdi::Picture picture = ex.LoadPicture(c.source, -1, 0, 0, 0, c.keep);
+    ASSERT_TRUE(picture);
+    EXPECT_EQ(ex.PictureType(picture), c.kind);
+    const int32_t row = ex.FindRecord(picture);
+    EXPECT_EQ(ex.Record(row).Flags, c.flags);
+    EXPECT_EQ(ex.RecordCount(), c.flags ? 1 : 0);
+    // A managed picture reports transparent parts whatever its pixels.
+    EXPECT_EQ((picture.Attributes() & gdi::kPictureTransparent) != 0, c.flags != 0);
+    if (c.flags == 0) continue;
+    EXPECT_EQ(ex.Record(row).PictureKey, picture.Handle());
+    EXPECT_EQ(ex.Record(row).SourceBytes != nullptr, c.keep);
+  }
+  // A picture the class never saw: its own type. A picture source comes back as itself.
+  const auto plain = gdi::Picture::FromSurface(Gradient(3, 3));
+  EXPECT_EQ(ex.PictureType(plain), 1);
+  EXPECT_TRUE(ex.LoadPicture(plain).SameObject(plain));
+  EXPECT_EQ(ex.PictureType({}), 0);
 }
 
 TEST_F(StdPictureExTest, RowGoesWithTheLastReference) {
@@ -128,37 +136,6 @@ TEST_F(StdPictureExTest, RowGoesWithTheLastReference) {
   EXPECT_EQ(ex.RecordCount(), 1);
   EXPECT_EQ(ex.FindRecord(second), 0);
   EXPECT_EQ(ex.Record(-1).Flags, 0u);  // the row of "not found" stays empty
-}
-
-TEST_F(StdPictureExTest, PictureTypeOfKeptSources) {
-  const auto jpegPath = folder.Write("a.jpg", MakeJpeg(16, 8));
-  const gdi::Picture kept = ex.LoadPicture(jpegPath, -1, 0, 0, 0, true);
-  ASSERT_TRUE(kept);
-  EXPECT_TRUE(kept.KeepOriginalFormat());
-  EXPECT_EQ(ex.PictureType(kept), kKindJpeg);
-  EXPECT_EQ(ex.PictureType(ex.LoadPicture(jpegPath)), kKindBitmap);
-
-  const auto gif = MakeGif(4, 2, {0, 1, 2, 3, 3, 2, 1, 0}, -1);
-  const gdi::Picture keptGif = ex.LoadPicture(ByteArray{gif, 0, 1}, -1, 0, 0, 0, true);
-  ASSERT_TRUE(keptGif);
-  EXPECT_EQ(ex.FindRecord(keptGif), -1);  // one frame: a plain picture
-  EXPECT_EQ(ex.PictureType(keptGif), kKindGif);
-  EXPECT_EQ(ex.PictureType(ex.LoadPicture(ByteArray{gif, 0, 1})), kKindBitmap);
-
-  // A picture the class never saw: its own type. A picture source comes back as itself.
-  const auto plain = gdi::Picture::FromSurface(Gradient(3, 3));
-  EXPECT_EQ(ex.PictureType(plain), kKindBitmap);
-  EXPECT_TRUE(ex.LoadPicture(plain).SameObject(plain));
-  EXPECT_EQ(ex.PictureType({}), kKindNone);
-}
-
-TEST(StdPictureExRowBytes, RowsArePaddedTo32Bits) {
-  EXPECT_EQ(StdPictureEx::RowBytes(1, 1, 0), 4);
-  EXPECT_EQ(StdPictureEx::RowBytes(1, 33, 1), 8);
-  EXPECT_EQ(StdPictureEx::RowBytes(24, 3, 2), 24);   // 9 bytes padded to 12, two rows
-  EXPECT_EQ(StdPictureEx::RowBytes(24, 3, -2), 24);  // top-down rows count alike
-  EXPECT_EQ(StdPictureEx::RowBytes(32, 5, 3), 60);
-  EXPECT_EQ(StdPictureEx::RowBytes(8, 0, 7), 0);
 }
 
 }  // namespace

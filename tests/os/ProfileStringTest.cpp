@@ -1,8 +1,9 @@
+// Reading and writing keys of a settings file.
 #include <gtest/gtest.h>
 
-#include <QTemporaryDir>
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "os/TestFiles.h"
 #include "platform/os/ProfileString.h"
@@ -17,7 +18,7 @@ struct ReadResult {
   std::string text;
 };
 
-class ProfileRead : public ::testing::Test {
+class ProfileString : public testfiles::TempFolderTest {
  protected:
   void Given(const std::string& bytes) { testfiles::WriteBytes(file_, bytes); }
 
@@ -32,11 +33,10 @@ class ProfileRead : public ::testing::Test {
     return {count, os::Utf8FromChars(std::u32string_view(buffer).substr(0, count))};
   }
 
-  QTemporaryDir dir_;
-  std::string file_ = dir_.filePath("s.ini").toStdString();
+  std::string file_ = Path("s.ini");
 };
 
-TEST_F(ProfileRead, FindsValuesOrGivesTheDefault) {
+TEST_F(ProfileString, FindsValuesOrGivesTheDefault) {
   const std::string settings = "[Settings]\nrows=4\n";
   const std::string cased = "[Other]\nrows=9\n[Settings]\nRows=4\nGFORMC=123\n";
   const std::string trimmed =
@@ -86,7 +86,7 @@ TEST_F(ProfileRead, FindsValuesOrGivesTheDefault) {
   }
 }
 
-TEST_F(ProfileRead, CutsAtBufferSizeLessOneCountingCharacters) {
+TEST_F(ProfileString, CutsAtBufferSizeLessOneCountingCharacters) {
   const std::string v(300, 'v');
   const std::string ete = "\xC3\xA9t\xC3\xA9";  // "été": 3 characters, 5 bytes
   struct Case {
@@ -108,12 +108,68 @@ TEST_F(ProfileRead, CutsAtBufferSizeLessOneCountingCharacters) {
   }
 }
 
-TEST_F(ProfileRead, AnEmptyBufferReceivesNothing) {
+TEST_F(ProfileString, AnEmptyBufferReceivesNothing) {
   Given("[Settings]\nrows=4\n");
   std::u32string buffer(4, U'x');
   EXPECT_EQ(os::GetPrivateProfileString("Settings", "rows", "?", std::span(buffer).first(0), file_),
             0u);
   EXPECT_EQ(buffer, U"xxxx");
+}
+
+TEST_F(ProfileString, WritingChangesOnlyTheLineItMust) {
+  struct Entry {
+    std::string section, key, value;
+  };
+  struct Case {
+    std::string before;  // empty: no file
+    std::vector<Entry> writes;
+    std::string after;
+  };
+  const Case cases[] = {
+      // An existing key is replaced in place, spelled as the file has it.
+      {"; kept comment\n\n[Other]\nRows = 7\n\n[Settings]\n  ROWS = 4 \n; note\nslsh=5\n\n"
+       "[Tail]\nx=1\n",
+       {{"settings", "rows", "6"}},
+       "; kept comment\n\n[Other]\nRows = 7\n\n[Settings]\nROWS=6\n; note\nslsh=5\n\n"
+       "[Tail]\nx=1\n"},
+      // A new key goes behind the last key of its section, or behind the header of an empty one.
+      {"[Settings]\nrows=4\n; about slsh\nslsh=5\n\n; next\n[Next]\na=1\n",
+       {{"Settings", "beeps", "1"}},
+       "[Settings]\nrows=4\n; about slsh\nslsh=5\nbeeps=1\n\n; next\n[Next]\na=1\n"},
+      {"[Settings]\n\n[Next]\na=1\n",
+       {{"Settings", "rows", "4"}},
+       "[Settings]\nrows=4\n\n[Next]\na=1\n"},
+      // A missing section goes at the end; a missing file is made.
+      {"[Other]\na=1", {{"Settings", "rows", "4"}}, "[Other]\na=1\n[Settings]\nrows=4\n"},
+      {"",
+       {{"Settings", "dest", "/pics/\xC3\xA9t\xC3\xA9"}},
+       "[Settings]\ndest=/pics/\xC3\xA9t\xC3\xA9\n"},
+      // An emptied key stays.
+      {"[Settings]\ndest=/pics\n", {{"Settings", "dest", ""}}, "[Settings]\ndest=\n"},
+      // The file's line ends and byte-order mark stay.
+      {"[Settings]\r\nrows=4\r\n",
+       {{"Settings", "rows", "5"}, {"Settings", "slsh", "10"}, {"New", "k", "v"}},
+       "[Settings]\r\nrows=5\r\nslsh=10\r\n[New]\r\nk=v\r\n"},
+      {"\xEF\xBB\xBF[Settings]\nrows=4\n",
+       {{"Settings", "rows", "3"}},
+       "\xEF\xBB\xBF[Settings]\nrows=3\n"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.before);
+    std::filesystem::remove(file_);
+    if (!c.before.empty()) Given(c.before);
+    for (const Entry& e : c.writes) {
+      EXPECT_TRUE(os::WritePrivateProfileString(e.section, e.key, e.value, file_));
+    }
+    EXPECT_EQ(testfiles::ReadBytes(file_), c.after);
+  }
+}
+
+TEST_F(ProfileString, WritingFailsWithoutTouchingAFileThatCantBeRead) {
+  const std::string folder = Path("a folder");
+  std::filesystem::create_directory(folder);
+  EXPECT_FALSE(os::WritePrivateProfileString("Settings", "rows", "4", folder));
+  EXPECT_TRUE(std::filesystem::is_directory(folder));
 }
 
 }  // namespace
