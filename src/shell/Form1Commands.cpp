@@ -89,7 +89,8 @@ void Form1::Frame1_MouseDown(int Button) {
 
 void Form1::List_MouseDown(int Index, int Button) {
   if (Index != 0 || Button != tk::user::kRightButton) return;
-  PopupMenu(program_.frmMenu().mnuLinkList, 2, List(0).Width(), List(0).Top() + 55);
+  PopupMenu(program_.frmMenu().mnuLinkList, tk::popup::RightButton, List(0).Width(),
+            List(0).Top() + 55);
 }
 
 void Form1::btnmenu_Click() {
@@ -101,7 +102,8 @@ void Form1::btnmenu_Click() {
     } else {
       menu.mnuSllist.setEnabled(false);
     }
-    PopupMenu(menu.mnumenu, 2, btnmenu.Left() + btnmenu.Width(), btnmenu.Top());
+    PopupMenu(menu.mnumenu, tk::popup::RightButton, btnmenu.Left() + btnmenu.Width(),
+              btnmenu.Top());
   });
 }
 

@@ -56,14 +56,14 @@ void frmMenu::mnuSllist_Click() {
 void frmMenu::mnuOfo2_Click() {
   Form1Controls& f = program_.mainWindow();
   if (f.List(0).ListIndex() < 0) {
-    runtime().MsgBox("Please select a Link Name", 0, "");
+    runtime().MsgBox("Please select a Link Name", tk::mb::OKOnly, "");
     return;
   }
   std::string path = f.List(1).List(f.List(0).ListIndex());
   if (!os::FolderExists(path)) {
     runtime().MsgBox("The Link does not exist! \r\n" + f.List(1).Text() +
                          "\r\n\r\n You must remove the name of the link: " + f.List(0).Text(),
-                     64, "Invalid Path");
+                     tk::mb::Information, "Invalid Path");
     return;
   }
   program_.pMinimise(ViewerState::kGrid);

@@ -9,6 +9,11 @@
 
 namespace vellumry::tk {
 
+// Flags of a popup menu: it answers the right mouse button as well as the left.
+namespace popup {
+inline constexpr int RightButton = 2;
+}  // namespace popup
+
 class Menu : public Control {
  public:
   Menu(Form* form, std::string name, std::string caption = {})
