@@ -14,6 +14,13 @@ constexpr uint32_t kDesignFrameColor = 0x000080FF;
 Form1Controls::Form1Controls(Program& program) : Form(program.runtime, "Form1") {
   setBorderStyle(0);
   setKeyPreview(true);
+  placeGrid();
+  placePanel();
+  placeOthers();
+  loadStoredPictures(program);
+}
+
+void Form1Controls::placeGrid() {
   Frame1.Move(4800, 2400, 3975, 3375);
   Frame1.setBorderStyle(0);
   for (tk::Control* c :
@@ -35,7 +42,9 @@ Form1Controls::Form1Controls(Program& program) : Form(program.runtime, "Form1") 
   Image123(0).setVisible(false);
   Img1(0).Move(3480, 0, 975, 375);
   Img1(0).setVisible(false);
+}
 
+void Form1Controls::placePanel() {
   Frame2.Move(0, 45, 1935, 7935);
   Frame2.setBorderStyle(0);
   File2.setContainer(&Frame2);
@@ -74,6 +83,9 @@ Form1Controls::Form1Controls(Program& program) : Form(program.runtime, "Form1") 
   Label1.setContainer(&Frame2);
   Label1.Move(360, 7680, 285, 195);
   Label1.setVisible(false);
+}
+
+void Form1Controls::placeOthers() {
   VScroll1.Move(0, 0, 255, 7935);
   VScroll1.setMax(0);
   VScroll1.setVisible(false);
@@ -86,6 +98,14 @@ Form1Controls::Form1Controls(Program& program) : Form(program.runtime, "Form1") 
   Image5.Move(0, 0, 256, 256);
   Image5.setStretch(true);
   Image2123.Move(0, 0, 1575, 1215);
+  for (tk::Timer* t : {&Timer3, &Timer4, &Timer5, &Timer6}) t->setEnabled(false);
+  Timer3.setInterval(50);
+  Timer4.setInterval(50);
+  Timer5.setInterval(500);
+  Timer6.setInterval(500);
+}
+
+void Form1Controls::loadStoredPictures(Program& program) {
   // The stored pictures lie beside the program; without them the images stand empty.
   for (auto [image, file] :
        {std::pair{&Image2, "start.png"}, std::pair{&Image3, "start-passive.png"},
@@ -94,11 +114,6 @@ Form1Controls::Form1Controls(Program& program) : Form(program.runtime, "Form1") 
       image->setPicture(LoadPicture(program.pictures, program.shell.sInstallDir + "/ui/" + file));
     });
   }
-  for (tk::Timer* t : {&Timer3, &Timer4, &Timer5, &Timer6}) t->setEnabled(false);
-  Timer3.setInterval(50);
-  Timer4.setInterval(50);
-  Timer5.setInterval(500);
-  Timer6.setInterval(500);
 }
 
 double Form1Controls::screenW() const { return tk::CLng(runtime().screen().Width); }

@@ -57,6 +57,13 @@ class Form1Controls : public tk::Form {
   // The screen's width and height in twips, as whole numbers.
   double screenW() const;
   double screenH() const;
+
+ private:
+  // The design, part by part: places in twips, captions and tool tips.
+  void placeGrid();
+  void placePanel();
+  void placeOthers();
+  void loadStoredPictures(Program& program);
 };
 
 }  // namespace vellumry
