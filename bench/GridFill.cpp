@@ -196,9 +196,9 @@ double ProgramFillRate(const fs::path& folder, const fs::path& home) {
   };
   while (program.Form1().Timer1.Interval() == 0) step();
   const auto start = Clock::now();
-  while (!program.Form1().grid.bLoaded) step();
+  while (!program.Form1().bLoaded) step();
   program.pictures.drain();
-  return program.Form1().grid.nCount / Seconds(start);
+  return program.Form1().nCount / Seconds(start);
 }
 
 long PeakKilobytes() {

@@ -37,7 +37,7 @@ void BM_LoadFolder(benchmark::State& state) {
     vellumry::Main(program);
     program.runtime.loop().advance(500);
     while (program.Form1().Timer1.Interval() != 0) program.runtime.loop().advance(12);
-    benchmark::DoNotOptimize(program.Form1().grid.bLoaded);
+    benchmark::DoNotOptimize(program.Form1().bLoaded);
   }
   state.counters["ticks/s"] = benchmark::Counter(static_cast<double>(files) * state.iterations(),
                                                  benchmark::Counter::kIsRate);

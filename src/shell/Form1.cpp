@@ -7,7 +7,7 @@
 
 namespace vellumry {
 
-Form1::Form1(Program& program) : Form1Controls(program), grid(program, *this), program_(program) {
+Form1::Form1(Program& program) : Form1Controls(program), Grid(program, *this), program_(program) {
   Timer5.onTimer = [this] { Timer5_Timer(); };
   Timer6.onTimer = [this] { Timer6_Timer(); };
   File2.onDblClick = [this] { File2_DblClick(); };
@@ -33,10 +33,10 @@ void Form1::Form_Load() {
   const tk::Screen& screen = runtime().screen();
   p.links.iCurLink = -1;
   p.tools.nDeleted = 0;
-  grid.pAct();
+  pAct();
   Move(0, 0, screen.Width, screen.Height);
   Frame1.Move(0, 0, screen.Width, screen.Height);
-  grid.nLoad = 1;
+  nLoad = 1;
   VScroll1.setSmallChange(1);
   VScroll1.setLargeChange(1);
   VScroll1.setLeft(screen.Width - VScroll1.Width());
@@ -49,8 +49,8 @@ void Form1::Form_Load() {
     VScroll1.setHeight(screen.Height);
     VScroll1.setTop(0);
   }
-  grid.nRolled = 0;
-  grid.bLoaded = false;
+  nRolled = 0;
+  bLoaded = false;
   p.shell.vScreenPxW = p.ConvertTwipsToPixels(tk::CLng(screen.Width), 0);
   p.shell.vScreenPxH = p.ConvertTwipsToPixels(tk::CLng(screen.Height), 1);
   Label.setHeight(screen.Height);
@@ -83,7 +83,7 @@ void Form1::Timer5_Timer() {
 
 void Form1::Timer6_Timer() {
   Timer6.setEnabled(false);
-  grid.Image2_Click();
+  Image2_Click();
   if (File2.ListCount() < 1) {
     int answer = runtime().MsgBox(
         "  No images in the own folder of this record!\r\n\r\nDo you want to close: 'Vellumry'?",
@@ -98,7 +98,7 @@ void Form1::Form_QueryUnload(int& Cancel, int) {
   program_.WriteSetting("Inw", Label3.Caption());
   if (program_.tools.nDeleted != 0) {
     Cancel = 1;
-    grid.pAskDelete(Grid::kAskClosing);
+    pAskDelete(kAskClosing);
   }
 }
 

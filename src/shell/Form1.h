@@ -1,6 +1,7 @@
 #pragma once
-// The main window whole: its controls, the grid that lives in them, and the shell's part of
-// it: its life from loading to quitting, and the keys and mouse gestures that command it.
+// The main window whole: its controls, the part of each subsystem that works on them (the
+// grid's routines and fields come from Grid), and the shell's own part: its life from loading
+// to quitting, and the keys and mouse gestures that command it.
 
 #include <cstdint>
 
@@ -11,11 +12,9 @@ namespace vellumry {
 
 class Program;
 
-class Form1 : public Form1Controls {
+class Form1 : public Form1Controls, public Grid {
  public:
   explicit Form1(Program& program);
-
-  Grid grid;
 
   // Life (Form1.cpp).
   void Form_Load() override;

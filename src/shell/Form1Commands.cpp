@@ -47,15 +47,15 @@ void Form1::Form_KeyUp(int& KeyCode, int) {
 void Form1::Form_DblClick() { Unload(); }
 
 void Form1::Image1_Click(int Index) {
-  grid.nSel = static_cast<int16_t>(Index);
+  nSel = static_cast<int16_t>(Index);
   File2.SetFocus();
-  resumeNext([&] { File2.setListIndex(grid.nSel - 1); });
-  resumeNext([&] { grid.pFrameSel(); });
+  resumeNext([&] { File2.setListIndex(nSel - 1); });
+  resumeNext([&] { pFrameSel(); });
 }
 
 void Form1::Image1_DblClick(int Index) {
-  grid.nSel = static_cast<int16_t>(Index);
-  resumeNext([&] { File2.setListIndex(grid.nSel - 1); });
+  nSel = static_cast<int16_t>(Index);
+  resumeNext([&] { File2.setListIndex(nSel - 1); });
   resumeNext([&] { pView(); });
 }
 
@@ -63,19 +63,19 @@ void Form1::Image1_MouseDown(int Index, int Button) {
   if (Button != tk::user::kRightButton) return;
   resumeNext([&] { File2.setListIndex(Index - 1); });
   // Marked files change the entry's caption here once marking is there.
-  if (grid.bLoaded) resumeNext([&] { PopupMenu(program_.frmMenu().mnuSaveimg0); });
+  if (bLoaded) resumeNext([&] { PopupMenu(program_.frmMenu().mnuSaveimg0); });
 }
 
 void Form1::File2_DblClick() {
-  if (!grid.bLoaded) return;
-  resumeNext([&] { grid.pFrameSel(); });
+  if (!bLoaded) return;
+  resumeNext([&] { pFrameSel(); });
   resumeNext([&] { pView(); });
 }
 
 void Form1::File2_MouseDown(int Button) {
   if (Button != tk::user::kRightButton) return;
   frmMenu& menu = program_.frmMenu();
-  PopupMenu(grid.bLoaded ? menu.mnuSaveimg0 : menu.mnuFimg0);
+  PopupMenu(bLoaded ? menu.mnuSaveimg0 : menu.mnuFimg0);
 }
 
 void Form1::Frame1_MouseDown(int Button) {

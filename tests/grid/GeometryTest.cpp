@@ -26,8 +26,8 @@ TEST_F(GeometryTest, TheExampleTableAt1024By768) {
     vellumry::Form1& f = form1();
     EXPECT_EQ(f.Image1(0).Height(), r.h);
     EXPECT_EQ(f.Image1(0).Width(), r.w);
-    EXPECT_EQ(f.grid.nPerRow, r.perRow);
-    EXPECT_EQ(f.grid.nPerPage, r.perPage);
+    EXPECT_EQ(f.nPerRow, r.perRow);
+    EXPECT_EQ(f.nPerPage, r.perPage);
     EXPECT_EQ(f.Image1(0).Left(), r.l0);
     EXPECT_EQ(f.Image1(0).Top(), 150);
     EXPECT_EQ(f.Image1.Count(), 1u);  // pMeasure took its cells away again
@@ -52,13 +52,13 @@ TEST_F(GeometryTest, TheRowsWishGoesDownOnALowScreen) {
 TEST_F(GeometryTest, RowsRollAsTheGridFillsAndTheLastRowsStayOnScreen) {
   makeFiles(57);
   vellumry::Form1& f = loaded();
-  EXPECT_EQ(f.grid.nRolled, 40);
+  EXPECT_EQ(f.nRolled, 40);
   EXPECT_EQ(f.VScroll1.Max(), 8);
   EXPECT_EQ(f.VScroll1.Value(), 8);
   EXPECT_TRUE(f.VScroll1.Visible());
   EXPECT_EQ(f.Label1.Caption(), "8");
-  EXPECT_EQ(f.grid.nShownFirst, 40);
-  EXPECT_EQ(f.grid.nShownLast, 60);
+  EXPECT_EQ(f.nShownFirst, 40);
+  EXPECT_EQ(f.nShownLast, 60);
   // The last of 12 rows stands in the fourth row of the screen; the first is hidden.
   EXPECT_EQ(f.Image1(57).Top(), 150 + 3 * 2805);
   EXPECT_EQ(f.Image1(56).Left(), 667.5);
@@ -70,7 +70,7 @@ TEST_F(GeometryTest, RowsRollAsTheGridFillsAndTheLastRowsStayOnScreen) {
 TEST_F(GeometryTest, AFolderOfExactlyOnePageNeitherRollsNorScrolls) {
   makeFiles(20);
   vellumry::Form1& f = loaded();
-  EXPECT_EQ(f.grid.nRolled, 0);
+  EXPECT_EQ(f.nRolled, 0);
   EXPECT_FALSE(f.VScroll1.Visible());
   EXPECT_EQ(f.Image1(20).Top(), 150 + 3 * 2805);
   EXPECT_EQ(f.Label1.Caption(), "0");
@@ -81,18 +81,18 @@ TEST_F(GeometryTest, ASmallFolderKeepsTheCellsOfTheMeasuring) {
   makeFiles(3);  // less than a row: nPerRow stays 0
   start();
   wait(500);
-  EXPECT_EQ(form1().grid.nPerRow, 0);
-  EXPECT_EQ(form1().grid.nPerPage, 0);
+  EXPECT_EQ(form1().nPerRow, 0);
+  EXPECT_EQ(form1().nPerPage, 0);
   EXPECT_TRUE(form1().Image1.exists(3));
   wait(36);
-  EXPECT_TRUE(form1().grid.bLoaded);
+  EXPECT_TRUE(form1().bLoaded);
   EXPECT_TRUE(form1().Image1(3).Visible());
 }
 
 TEST_F(GeometryTest, TwoThousandFilesLoadWithoutFailing) {
   makeFiles(2000);
   vellumry::Form1& f = loaded();
-  EXPECT_TRUE(f.grid.bLoaded);
+  EXPECT_TRUE(f.bLoaded);
   EXPECT_EQ(f.Image1.Count(), 2001u);
   EXPECT_EQ(f.VScroll1.Max(), 396);  // 400 rows, 4 on the page
   EXPECT_EQ(f.Image1(2000).Top(), 150 + 3 * 2805);

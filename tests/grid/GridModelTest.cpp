@@ -10,7 +10,7 @@ TEST_F(GridModelTest, PhasesWithTheirFlags) {
   start();
   vellumry::Form1& f = form1();
   // Empty, until Timer6 clicks the start button once.
-  EXPECT_FALSE(f.grid.bLoaded);
+  EXPECT_FALSE(f.bLoaded);
   EXPECT_TRUE(f.Enabled());
   wait(499);
   EXPECT_EQ(f.Timer1.Interval(), 0);
@@ -19,20 +19,20 @@ TEST_F(GridModelTest, PhasesWithTheirFlags) {
   EXPECT_EQ(f.Timer1.Interval(), 12);
   EXPECT_FALSE(f.Enabled());
   EXPECT_EQ(f.MousePointer(), 11);
-  EXPECT_EQ(f.grid.nCount, 30);
+  EXPECT_EQ(f.nCount, 30);
   EXPECT_EQ(f.File2.ListIndex(), 0);
   wait(12 * 29);
-  EXPECT_EQ(f.grid.nLoad, 30);
-  EXPECT_FALSE(f.grid.bLoaded);
+  EXPECT_EQ(f.nLoad, 30);
+  EXPECT_FALSE(f.bLoaded);
   wait(12);
   // Loaded.
-  EXPECT_TRUE(f.grid.bLoaded);
+  EXPECT_TRUE(f.bLoaded);
   EXPECT_EQ(f.Timer1.Interval(), 0);
   EXPECT_TRUE(f.Enabled());
   EXPECT_EQ(f.MousePointer(), 0);
   EXPECT_TRUE(f.Image2.Visible());
   EXPECT_FALSE(f.Image3.Visible());
-  EXPECT_EQ(f.grid.sExt, "JPG");
+  EXPECT_EQ(f.sExt, "JPG");
   EXPECT_EQ(f.File2.ListIndex(), 29);  // the selection stands on the last file
   EXPECT_EQ(f.Image1(30).ToolTipText(), "img30.jpg");
   // Emptying, one position a millisecond from the highest down.
@@ -43,15 +43,15 @@ TEST_F(GridModelTest, PhasesWithTheirFlags) {
   EXPECT_FALSE(f.Enabled());
   EXPECT_FALSE(f.Image1.exists(30));
   EXPECT_TRUE(f.Image1.exists(29));
-  EXPECT_TRUE(f.grid.bLoaded);
+  EXPECT_TRUE(f.bLoaded);
   wait(29);
   // Empty again, same folder, waiting for a click.
-  EXPECT_FALSE(f.grid.bLoaded);
+  EXPECT_FALSE(f.bLoaded);
   EXPECT_EQ(f.Timer2.Interval(), 0);
   EXPECT_EQ(f.Image1.Count(), 1u);
   EXPECT_EQ(f.Image123.Count(), 1u);
   EXPECT_TRUE(f.Enabled());
-  EXPECT_EQ(f.grid.nLoad, 1);
+  EXPECT_EQ(f.nLoad, 1);
   EXPECT_EQ(f.File2.ListIndex(), 0);
   EXPECT_EQ(f.File2.Path(), pictures.string());
   EXPECT_FALSE(f.VScroll1.Visible());
@@ -70,10 +70,10 @@ TEST_F(GridModelTest, APictureNamedAtTheStartIsSelectedOnceLoaded) {
   vellumry::Main(*program);
   wait(500 + 12 * 30);
   vellumry::Form1& f = form1();
-  ASSERT_TRUE(f.grid.bLoaded);
+  ASSERT_TRUE(f.bLoaded);
   EXPECT_EQ(f.File2.FileName(), "img7.jpg");
   EXPECT_TRUE(f.Frame3(0).Visible());
-  EXPECT_EQ(f.grid.nSel, f.File2.ListIndex() + 1);
+  EXPECT_EQ(f.nSel, f.File2.ListIndex() + 1);
   EXPECT_TRUE(program->places.startFile.empty());  // only once
 }
 
@@ -84,7 +84,7 @@ TEST_F(GridModelTest, LoadingIgnoresTheUserUntilItEnds) {
   EXPECT_FALSE(tk::user::click(form1().Image2));
   EXPECT_FALSE(tk::user::key(form1(), 27));
   wait(60);
-  EXPECT_TRUE(form1().grid.bLoaded);
+  EXPECT_TRUE(form1().bLoaded);
   EXPECT_TRUE(tk::user::click(form1().Image2));
 }
 
@@ -93,10 +93,10 @@ TEST_F(GridModelTest, CaptionOfAFolder) {
   auto spaced = root / "  my  holiday pics ";
   std::filesystem::create_directories(spaced);
   f.File2.setPath(spaced.string());
-  f.grid.pCaption();
+  f.pCaption();
   EXPECT_EQ(program->Form0().Caption(), "  my  holiday pics ");  // blanks kept
   f.File2.setPath("/");
-  f.grid.pCaption();
+  f.pCaption();
   EXPECT_EQ(program->Form0().Caption(), "Vellumry");
 }
 
@@ -107,7 +107,7 @@ TEST_F(GridModelTest, CaptionComparesTheLinkUntrimmedAndThePathTrimmed) {
   f.List(1).AddItem(folder + " ");
   f.List(0).AddItem("Holidays");
   f.List(1).AddItem(tk::toUpper(folder));
-  f.grid.pCaption();
+  f.pCaption();
   EXPECT_EQ(program->Form0().Caption(), "Holidays");
   EXPECT_EQ(f.List(0).ListIndex(), 1);
   EXPECT_EQ(f.List(1).ListIndex(), 1);
@@ -124,7 +124,7 @@ TEST_F(GridModelTest, EmptyingAfterYesDeletesOnlyTheMarkedFiles) {
   program->tools.nDeleted = 2;
   host.queueAnswer(tk::mb::Yes);
   tk::user::click(f.Image2);
-  EXPECT_EQ(f.grid.nAfterClear, 12);
+  EXPECT_EQ(f.nAfterClear, 12);
   EXPECT_NE(host.shown.back().find("picture. 2 files ?"), std::string::npos);
   wait(4);
   EXPECT_EQ(program->tools.nDeleted, 0);
@@ -133,7 +133,7 @@ TEST_F(GridModelTest, EmptyingAfterYesDeletesOnlyTheMarkedFiles) {
   EXPECT_TRUE(std::filesystem::exists(pictures / "img3.jpg"));
   EXPECT_FALSE(std::filesystem::exists(pictures / "img4.jpg"));
   EXPECT_EQ(f.File2.ListCount(), 2);  // the list was read again
-  EXPECT_EQ(f.grid.nAfterClear, 0);
+  EXPECT_EQ(f.nAfterClear, 0);
 }
 
 TEST_F(GridModelTest, GoingToALinkEmptiesTheGridAndEntersItsFolder) {
@@ -144,11 +144,11 @@ TEST_F(GridModelTest, GoingToALinkEmptiesTheGridAndEntersItsFolder) {
   f.List(0).AddItem("Other");
   f.List(1).AddItem(other.string());
   f.List(1).setListIndex(0);
-  f.grid.pGoLink();
-  EXPECT_TRUE(f.grid.bSwitching);
+  f.pGoLink();
+  EXPECT_TRUE(f.bSwitching);
   wait(3);
   EXPECT_EQ(f.File2.Path(), other.string());
   EXPECT_EQ(f.File2.ListCount(), 2);
   EXPECT_EQ(program->Form0().Caption(), "Other");
-  EXPECT_FALSE(f.grid.bLoaded);
+  EXPECT_FALSE(f.bLoaded);
 }

@@ -14,7 +14,7 @@ void expectFrameOn(vellumry::Form1& f, int position) {
   EXPECT_TRUE(f.Frame3(0).Visible());
   EXPECT_EQ(f.Frame3(0).Left(), f.Image1(position).Left());
   EXPECT_EQ(f.Frame3(0).Top(), f.Image1(position).Top());
-  EXPECT_EQ(f.grid.nSel, position);
+  EXPECT_EQ(f.nSel, position);
 }
 }  // namespace
 
@@ -41,8 +41,8 @@ TEST_F(ScrollingTest, RowOffsetsLayOutThePage) {
   EXPECT_EQ(f.Image1(1).Top(), 150 - 2805);  // the row above, cut off
   EXPECT_EQ(f.Image1(6).Top(), 150);
   EXPECT_EQ(f.Image1(1).Left(), 667.5);
-  EXPECT_EQ(f.grid.nShownFirst, 5);
-  EXPECT_EQ(f.grid.nShownLast, 25);
+  EXPECT_EQ(f.nShownFirst, 5);
+  EXPECT_EQ(f.nShownLast, 25);
   EXPECT_FALSE(f.Image1(41).Visible());  // the old page went
   ASSERT_TRUE(tk::user::scroll(f.VScroll1, 0));
   EXPECT_TRUE(f.Image1(1).Visible());
@@ -75,7 +75,7 @@ TEST_F(ScrollingTest, CtrlAndAltStepThroughTheFolderWithTheFrameOnScreen) {
   for (int i = 1; i < 57; ++i) {
     ASSERT_TRUE(tk::user::key(f, 18));
     ASSERT_TRUE(onScreen(f, i + 1)) << i + 1;
-    ASSERT_EQ(f.grid.nSel, i + 1);
+    ASSERT_EQ(f.nSel, i + 1);
   }
   tk::user::key(f, 18);  // Alt on the last file
   EXPECT_EQ(f.File2.ListIndex(), 56);

@@ -63,7 +63,7 @@ TEST_F(ThumbnailsTest, TheFittingRulesInTheirOrder) {
   int huge = position("e-huge.png");
   EXPECT_EQ(program->grid.aPicW[huge], 10000);  // natural sizes in twips
   EXPECT_EQ(program->grid.aPicH[huge], 5000);
-  EXPECT_EQ(f.grid.sExt, "PNG");  // the last file's letters
+  EXPECT_EQ(f.sExt, "PNG");  // the last file's letters
 }
 
 TEST_F(ThumbnailsTest, EachEndingTakesItsRoad) {
@@ -92,7 +92,7 @@ TEST_F(ThumbnailsTest, EveryKindOfPictureFillsItsCell) {
     std::filesystem::copy_file(std::filesystem::path("assets/samples") / sample, pictures / sample);
   std::ofstream(pictures / "broken.png") << "\x89PNG\r\n\x1a\n and then nothing";
   vellumry::Form1& f = load();
-  ASSERT_TRUE(f.grid.bLoaded);
+  ASSERT_TRUE(f.bLoaded);
   struct Kind {
     const char* file;
     int width, height;  // natural size in pixels
@@ -119,7 +119,7 @@ TEST_F(ThumbnailsTest, ABrokenFileCostsOnlyItsCell) {
   std::ofstream(pictures / "d.gif") << "GIF89a";
   picture("e.png", 40, 30, "PNG");
   vellumry::Form1& f = load();
-  EXPECT_TRUE(f.grid.bLoaded);
+  EXPECT_TRUE(f.bLoaded);
   for (int i : {2, 3, 4}) {
     SCOPED_TRACE(i);
     EXPECT_TRUE(f.Image1(i).Visible());

@@ -98,7 +98,7 @@ TEST_F(CommandsTest, PopupsComeUpWhereTheyBelongWithTheirEntries) {
   tk::user::mouseDown(f.File2, 2);
   EXPECT_EQ(host.shown.back(), "popup mnuFimg0 0 -> none");
   wait(100);
-  ASSERT_TRUE(f.grid.bLoaded);
+  ASSERT_TRUE(f.bLoaded);
   tk::user::mouseDown(f.Image1(2), 2);
   EXPECT_EQ(host.shown.back(), "popup mnuSaveimg0 0 -> none");
   tk::user::mouseDown(f.File2, 2);
@@ -136,7 +136,7 @@ TEST_F(CommandsTest, TheLinkListPanelAndItsMenu) {
   vellumry::Form1& f = loaded();
   f.List(0).AddItem("Pictures");
   f.List(1).AddItem(pictures.string());
-  f.grid.pCaption();  // selects the link of the folder
+  f.pCaption();  // selects the link of the folder
   host.queueMenuPick("mnuSllist");
   tk::user::click(f.btnmenu);
   vellumry::frmMenu& m = program->frmMenu();

@@ -130,7 +130,7 @@ TEST_F(StartTest, AnEmptyFolderAnsweredNoLeavesTheEmptyGrid) {
   EXPECT_FALSE(program->runtime.ended());
   EXPECT_TRUE(form1().Visible());
   EXPECT_TRUE(form1().Enabled());
-  EXPECT_FALSE(form1().grid.bLoaded);
+  EXPECT_FALSE(form1().bLoaded);
   EXPECT_EQ(form1().Timer1.Interval(), 0);
 }
 
@@ -154,7 +154,7 @@ TEST_F(StartTest, ClosingWithMarksAsksAndCancelKeepsEverything) {
   EXPECT_FALSE(f.Unload());
   EXPECT_FALSE(program->runtime.ended());
   EXPECT_EQ(program->tools.nDeleted, 1);
-  EXPECT_EQ(f.grid.nAfterClear, 0);
+  EXPECT_EQ(f.nAfterClear, 0);
   host.queueAnswer(tk::mb::No);
   f.Unload();
   EXPECT_TRUE(program->runtime.ended());
