@@ -77,6 +77,7 @@ struct Finding {
 
 const Finding kFindings[] = {
     {"tiff/BitsTimesSamplesOverflow.tif", Error::kCorrupt, Error::kCorrupt},
+    {"ico/PngTextChunkLength.ico", std::nullopt, Error::kTruncated},
 };
 
 class FuzzFindings : public ::testing::TestWithParam<Finding> {};
