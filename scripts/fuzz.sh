@@ -51,8 +51,9 @@ for target in "${targets[@]}"; do
     done < <(find ../shared/corpus -type f \( "${names[@]:1}" \) -print0)
   fi
   echo "fuzz_$target: $seconds s from $(ls "$seeds" | wc -l) corpus seeds"
-  if ! "$dir/fuzz/fuzz_$target" -max_total_time="$seconds" -timeout=25 -print_final_stats=1 \
-    -artifact_prefix="$findings/" "${inputs[@]}"; then
+  # One allocation above 1 GiB is a finding, as in the tests: a length read and trusted.
+  if ! "$dir/fuzz/fuzz_$target" -max_total_time="$seconds" -timeout=25 -malloc_limit_mb=1024 \
+    -print_final_stats=1 -artifact_prefix="$findings/" "${inputs[@]}"; then
     echo "fuzz_$target found a fault; the input that shows it:" >&2
     ls -t "$findings"/* >&2
     exit 1
