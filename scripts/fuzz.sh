@@ -36,7 +36,7 @@ export ASAN_OPTIONS=detect_leaks=1
 export UBSAN_OPTIONS=print_stacktrace=1
 for target in "${targets[@]}"; do
   seeds=$dir/seeds/$target corpus=$dir/corpus/$target findings=$dir/findings/$target
-  rm -rf "$seeds" "$findings"
+  rm -rf "$seeds"
   mkdir -p "$seeds" "$corpus" "$findings"
   inputs=("$corpus" "$seeds")
   [ ! -d "tests/data/fuzz/$target" ] || inputs+=("tests/data/fuzz/$target")
@@ -55,7 +55,7 @@ for target in "${targets[@]}"; do
   if ! "$dir/fuzz/fuzz_$target" -max_total_time="$seconds" -timeout=25 -malloc_limit_mb=1024 \
     -print_final_stats=1 -artifact_prefix="$findings/" "${inputs[@]}"; then
     echo "fuzz_$target found a fault; the input that shows it:" >&2
-    ls -t "$findings"/* >&2
+    ls -t "$findings"/* | head -1 >&2
     exit 1
   fi
 done
