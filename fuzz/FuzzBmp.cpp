@@ -1,9 +1,10 @@
 // Both ways of each tolerance.
+#include "fuzz/FuzzTargets.h"
 #include "platform/codecs/BmpCodec.h"
 
-using namespace vellumry;
+namespace vellumry::fuzz {
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+int FuzzBmp(const uint8_t* data, size_t size) {
   const std::span<const uint8_t> bytes(data, size);
   codecs::ProbeBmp(bytes);
   codecs::DecodeBmp(bytes, {});
@@ -12,3 +13,5 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   codecs::DecodeBmp(bytes, strict);
   return 0;
 }
+
+}  // namespace vellumry::fuzz

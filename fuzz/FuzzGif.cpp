@@ -1,9 +1,12 @@
 // The composed first frame and the raw indices of the first frames.
+#include <algorithm>
+
+#include "fuzz/FuzzTargets.h"
 #include "platform/codecs/GifCodec.h"
 
-using namespace vellumry;
+namespace vellumry::fuzz {
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+int FuzzGif(const uint8_t* data, size_t size) {
   const std::span<const uint8_t> bytes(data, size);
   const auto info = codecs::ProbeGif(bytes);
   codecs::DecodeGif(bytes, {});
@@ -11,3 +14,5 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   for (int i = 0; i < frames; ++i) codecs::DecodeGifFrameIndices(bytes, i, {});
   return 0;
 }
+
+}  // namespace vellumry::fuzz

@@ -1,9 +1,12 @@
 // The directory, then every entry (at most 8).
+#include <algorithm>
+
+#include "fuzz/FuzzTargets.h"
 #include "platform/codecs/IcoCodec.h"
 
-using namespace vellumry;
+namespace vellumry::fuzz {
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+int FuzzIco(const uint8_t* data, size_t size) {
   const std::span<const uint8_t> bytes(data, size);
   const auto dir = codecs::ReadIconDirectory(bytes);
   codecs::DecodeIcon(bytes, {});
@@ -12,3 +15,5 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   for (int i = 0; i < entries; ++i) codecs::DecodeIconEntry(bytes, i, {});
   return 0;
 }
+
+}  // namespace vellumry::fuzz

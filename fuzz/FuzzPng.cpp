@@ -1,10 +1,14 @@
+// The header, then the pixels.
+#include "fuzz/FuzzTargets.h"
 #include "platform/codecs/PngCodec.h"
 
-using namespace vellumry;
+namespace vellumry::fuzz {
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+int FuzzPng(const uint8_t* data, size_t size) {
   const std::span<const uint8_t> bytes(data, size);
   codecs::ProbePng(bytes);
   codecs::DecodePng(bytes, {});
   return 0;
 }
+
+}  // namespace vellumry::fuzz

@@ -1,10 +1,13 @@
 // Probe and NativeSizes on any bytes.
+#include "fuzz/FuzzTargets.h"
 #include "platform/codecs/Codecs.h"
 
-using namespace vellumry;
+namespace vellumry::fuzz {
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+int FuzzProbe(const uint8_t* data, size_t size) {
   const auto info = codecs::Probe({data, size});
   if (info) codecs::NativeSizeFor(*info, {info->width / 3, info->height / 3});
   return 0;
 }
+
+}  // namespace vellumry::fuzz

@@ -1,12 +1,15 @@
 // The first page and, when there is one, the second.
+#include "fuzz/FuzzTargets.h"
 #include "platform/codecs/TiffCodec.h"
 
-using namespace vellumry;
+namespace vellumry::fuzz {
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+int FuzzTiff(const uint8_t* data, size_t size) {
   const std::span<const uint8_t> bytes(data, size);
   const auto info = codecs::ProbeTiff(bytes);
   codecs::DecodeTiff(bytes, 0, {});
   if (info && info->frameCount > 1) codecs::DecodeTiff(bytes, 1, {});
   return 0;
 }
+
+}  // namespace vellumry::fuzz

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Installs the Debian packages the build, the tests and the screenshots need, when missing.
-# Runs as root without questions; does nothing when everything is there.
+# install-deps.sh [PACKAGE...]: installs the Debian packages the build, the tests and the
+# screenshots need, and any named, when missing. Runs as root without questions; does nothing
+# when everything is there.
 set -euo pipefail
 packages=(
   cmake ninja-build g++ clang pkg-config
@@ -8,6 +9,7 @@ packages=(
   libjpeg62-turbo-dev libpng-dev libtiff-dev libgif-dev
   googletest libgtest-dev libgmock-dev libbenchmark-dev
   xvfb xauth x11-apps
+  "$@"
 )
 missing=()
 for p in "${packages[@]}"; do

@@ -70,6 +70,10 @@ Stage RunDecode(Reader& r, Input& input, Decoded& out, std::vector<png_bytep>& r
   volatile Stage stage = Stage::kHeader;  // read after a jump back
   if (setjmp(png_jmpbuf(png))) return stage;
   png_set_read_fn(png, &input, ReadFromMemory);
+  // Of the ancillary chunks only tRNS matters here. libpng allocates a chunk's stated length
+  // before reading it, so a broken length in a text or profile chunk would ask for gigabytes;
+  // skipped unread, they cost nothing.
+  png_set_keep_unknown_chunks(png, PNG_HANDLE_CHUNK_NEVER, nullptr, -1);
   png_read_info(png, info);
   const png_uint_32 width = png_get_image_width(png, info);
   const png_uint_32 height = png_get_image_height(png, info);

@@ -78,7 +78,12 @@ TiffHandle Open(Input& input) {
   return TiffHandle(tif);
 }
 
-ImageInfo InfoOf(TIFF* tif) {
+// libtiff takes any 16-bit sample size and count; no picture has samples wider than a double,
+// and more than 16 of them a pixel is a broken header, not a picture this viewer can show.
+constexpr uint16_t kMaxBitsPerSample = 64;
+constexpr uint16_t kMaxSamplesPerPixel = 16;
+
+Expected<ImageInfo> InfoOf(TIFF* tif) {
   uint32_t width = 0, height = 0;
   uint16_t bits = 1, samples = 1, extraCount = 0;
   uint16_t* extra = nullptr;
@@ -87,11 +92,14 @@ ImageInfo InfoOf(TIFF* tif) {
   TIFFGetFieldDefaulted(tif, TIFFTAG_BITSPERSAMPLE, &bits);
   TIFFGetFieldDefaulted(tif, TIFFTAG_SAMPLESPERPIXEL, &samples);
   TIFFGetFieldDefaulted(tif, TIFFTAG_EXTRASAMPLES, &extraCount, &extra);
+  if (bits == 0 || bits > kMaxBitsPerSample || samples == 0 || samples > kMaxSamplesPerPixel) {
+    return Error::kCorrupt;
+  }
   ImageInfo info;
   info.format = Format::kTiff;
   info.width = width > 0x7FFFFFFF ? 0 : static_cast<int>(width);
   info.height = height > 0x7FFFFFFF ? 0 : static_cast<int>(height);
-  info.bitsPerPixel = bits * samples;
+  info.bitsPerPixel = static_cast<int>(int64_t{bits} * samples);
   info.hasAlpha = extraCount > 0;
   return info;
 }
@@ -103,9 +111,10 @@ Expected<ImageInfo> ProbeTiff(std::span<const uint8_t> bytes) {
   Input input{bytes};
   const TiffHandle tif = Open(input);
   if (!tif) return Error::kCorrupt;
-  ImageInfo info = InfoOf(tif.get());
-  if (info.width == 0 || info.height == 0) return Error::kCorrupt;
-  info.frameCount = static_cast<int>(std::min<tdir_t>(TIFFNumberOfDirectories(tif.get()), 0xFFFF));
+  auto info = InfoOf(tif.get());
+  if (!info) return info;
+  if (info->width == 0 || info->height == 0) return Error::kCorrupt;
+  info->frameCount = static_cast<int>(std::min<tdir_t>(TIFFNumberOfDirectories(tif.get()), 0xFFFF));
   return info;
 }
 
@@ -117,8 +126,10 @@ Expected<Decoded> DecodeTiff(std::span<const uint8_t> bytes, int page, const Len
   if (page < 0 || (page > 0 && !TIFFSetDirectory(tif.get(), static_cast<tdir_t>(page)))) {
     return Error::kOutOfRange;
   }
+  const auto info = InfoOf(tif.get());
+  if (!info) return info.error();
   Decoded out;
-  out.info = InfoOf(tif.get());
+  out.info = *info;
   if (!FitsPixelBudget(out.info.width, out.info.height)) {
     return out.info.width == 0 || out.info.height == 0 ? Error::kCorrupt : Error::kTooLarge;
   }

@@ -1,0 +1,21 @@
+#pragma once
+
+// The bodies of the fuzz targets, one per decoder entry point. libFuzzer reaches each through
+// FuzzEntry.cpp; the tests run them over the kept findings and the corpus. They take any bytes,
+// borrowed for the call, and return 0 (libFuzzer's "keep this input"); a fault shows as a crash
+// or a sanitizer report.
+
+#include <cstddef>
+#include <cstdint>
+
+namespace vellumry::fuzz {
+
+int FuzzProbe(const uint8_t* data, size_t size);
+int FuzzJpeg(const uint8_t* data, size_t size);
+int FuzzPng(const uint8_t* data, size_t size);
+int FuzzTiff(const uint8_t* data, size_t size);
+int FuzzGif(const uint8_t* data, size_t size);
+int FuzzBmp(const uint8_t* data, size_t size);
+int FuzzIco(const uint8_t* data, size_t size);
+
+}  // namespace vellumry::fuzz

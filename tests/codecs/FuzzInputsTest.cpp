@@ -1,0 +1,109 @@
+// Every fuzz target's body runs once over its kept findings (tests/data/fuzz/TARGET) and over
+// the corpus files of its formats. A fault there crashes the test, or under the sanitizer build
+// stops it with a report; each finding also keeps the answer its fix gives.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cctype>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "codecs/TestFiles.h"
+#include "fuzz/FuzzTargets.h"
+#include "platform/codecs/Codecs.h"
+
+namespace vellumry::codecs {
+namespace {
+
+using testing::Corpus;
+using testing::FilesBelow;
+using testing::ReadFile;
+
+const std::filesystem::path kKept = "tests/data/fuzz";
+
+struct Target {
+  const char* name;  // as in tests/data/fuzz/NAME and scripts/fuzz.sh
+  int (*body)(const uint8_t*, size_t);
+  std::vector<std::string> extensions;  // of the corpus files it runs over, lower case
+};
+
+bool HasExtension(const std::filesystem::path& path, const std::vector<std::string>& extensions) {
+  std::string ext = path.extension().string();
+  std::transform(ext.begin(), ext.end(), ext.begin(),
+                 [](unsigned char c) { return std::tolower(c); });
+  return !ext.empty() &&
+         std::find(extensions.begin(), extensions.end(), ext.substr(1)) != extensions.end();
+}
+
+class FuzzInputs : public ::testing::TestWithParam<Target> {};
+
+TEST_P(FuzzInputs, KeptFindingsAndCorpusFilesRunCleanly) {
+  const Target& target = GetParam();
+  ASSERT_TRUE(std::filesystem::is_directory(kKept)) << "run from the project folder";
+  std::vector<std::filesystem::path> files;
+  if (std::filesystem::is_directory(kKept / target.name)) files = FilesBelow(kKept / target.name);
+  if (std::filesystem::is_directory(Corpus(""))) {
+    for (const auto& path : FilesBelow(Corpus(""))) {
+      if (HasExtension(path, target.extensions)) files.push_back(path);
+    }
+  }
+  if (files.empty()) GTEST_SKIP() << "no kept findings and no corpus for " << target.name;
+  for (const auto& path : files) {
+    const std::vector<uint8_t> bytes = ReadFile(path);
+    EXPECT_EQ(target.body(bytes.data(), bytes.size()), 0) << path;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Targets, FuzzInputs,
+                         ::testing::Values(Target{"probe",
+                                                  fuzz::FuzzProbe,
+                                                  {"jpg", "jpeg", "png", "tif", "tiff", "gif",
+                                                   "bmp", "dib", "ico", "cur", "emf", "wmf"}},
+                                           Target{"jpeg", fuzz::FuzzJpeg, {"jpg", "jpeg"}},
+                                           Target{"png", fuzz::FuzzPng, {"png"}},
+                                           Target{"tiff", fuzz::FuzzTiff, {"tif", "tiff"}},
+                                           Target{"gif", fuzz::FuzzGif, {"gif"}},
+                                           Target{"bmp", fuzz::FuzzBmp, {"bmp", "dib"}},
+                                           Target{"ico", fuzz::FuzzIco, {"ico", "cur"}}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+// What each kept finding gives once fixed; nullopt: it reads.
+struct Finding {
+  const char* file;  // below tests/data/fuzz
+  std::optional<Error> probe;
+  std::optional<Error> decode;
+};
+
+const Finding kFindings[] = {
+    {"tiff/BitsTimesSamplesOverflow.tif", Error::kCorrupt, Error::kCorrupt},
+    {"ico/PngTextChunkLength.ico", std::nullopt, Error::kTruncated},
+};
+
+class FuzzFindings : public ::testing::TestWithParam<Finding> {};
+
+TEST_P(FuzzFindings, GiveTheirFixedAnswer) {
+  const Finding& finding = GetParam();
+  const std::vector<uint8_t> bytes = ReadFile(kKept / finding.file);
+  ASSERT_FALSE(bytes.empty()) << finding.file;
+  const auto info = Probe(bytes);
+  EXPECT_EQ(info ? std::nullopt : std::optional(info.error()), finding.probe);
+  const auto decoded = Decode(bytes);
+  EXPECT_EQ(decoded ? std::nullopt : std::optional(decoded.error()), finding.decode);
+}
+
+INSTANTIATE_TEST_SUITE_P(Kept, FuzzFindings, ::testing::ValuesIn(kFindings), [](const auto& info) {
+  return std::filesystem::path(info.param.file).stem().string();
+});
+
+TEST(FuzzFindings, EachKeptFileHasItsAnswer) {
+  for (const auto& path : FilesBelow(kKept)) {
+    const std::string file = path.lexically_relative(kKept).generic_string();
+    EXPECT_TRUE(std::any_of(std::begin(kFindings), std::end(kFindings),
+                            [&](const Finding& f) { return file == f.file; }))
+        << file << " is kept without an answer in kFindings";
+  }
+}
+
+}  // namespace
+}  // namespace vellumry::codecs
