@@ -4,16 +4,13 @@
 #include "picture/PictureServices.h"
 #include "picture/SourceDecoder.h"
 #include "platform/codecs/IcoCodec.h"
-#include "platform/os/FileSystem.h"
 
 namespace vellumry {
 
 namespace {
 
 gdi::Picture IconPicture(const PictureOrigin& origin, double twipsPerPixel) {
-  std::optional<std::vector<uint8_t>> read;
-  if (!origin.bytes) read = os::ReadWholeFile(origin.path);
-  const std::vector<uint8_t>* bytes = origin.bytes ? origin.bytes.get() : read ? &*read : nullptr;
+  const auto bytes = SharedOrRead(origin.bytes, origin.path);
   if (!bytes) return {};
   auto directory = codecs::ReadIconDirectory(*bytes);
   if (!directory) return {};

@@ -26,13 +26,19 @@ gdi::Size SourceDecoder::NativeSizeFor(gdi::Size wanted) const {
 }
 
 std::optional<gdi::Surface> SourceDecoder::Decode(gdi::Size native) const {
-  std::optional<std::vector<uint8_t>> read;
-  if (!bytes_) read = os::ReadWholeFile(path_);
-  const std::vector<uint8_t>* bytes = bytes_ ? bytes_.get() : read ? &*read : nullptr;
+  const auto bytes = SharedOrRead(bytes_, path_);
   if (!bytes) return std::nullopt;
   auto decoded = codecs::Decode(*bytes, native.width, native.height);
   if (!decoded) return std::nullopt;
   return std::move(decoded->surface);
+}
+
+std::shared_ptr<const std::vector<uint8_t>> SharedOrRead(
+    std::shared_ptr<const std::vector<uint8_t>> shared, const std::string& path) {
+  if (shared) return shared;
+  auto read = os::ReadWholeFile(path);
+  if (!read) return nullptr;
+  return std::make_shared<const std::vector<uint8_t>>(std::move(*read));
 }
 
 codecs::Expected<codecs::ImageInfo> ProbeFile(const std::string& path) {

@@ -32,6 +32,11 @@ class SourceDecoder : public gdi::ScaledDecoder {
   codecs::ImageInfo info_;
 };
 
+// `shared` when there are shared bytes, else the file at `path` read now; null when it can't
+// be read.
+std::shared_ptr<const std::vector<uint8_t>> SharedOrRead(
+    std::shared_ptr<const std::vector<uint8_t>> shared, const std::string& path);
+
 // The header of a file's picture. Reads only the first 64 KiB of a larger JPEG (its header lies
 // there); other formats, whose probes count frames or pages, are read whole.
 codecs::Expected<codecs::ImageInfo> ProbeFile(const std::string& path);
