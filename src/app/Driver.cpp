@@ -199,6 +199,9 @@ bool Driver::setUpCommand(const Args& a) {
       print("uncaught " + std::to_string(e.Number) + ": " + e.Description);
     };
     Main(*program_);
+  } else if (verb == "setting") {
+    need(a, 3, "setting KEY VALUE");
+    running().WriteSetting(a[1], a[2]);
   } else if (verb == "wait") {
     need(a, 2, "wait MS");
     running().runtime.loop().advance(toInt(a[1]));
