@@ -27,6 +27,7 @@ frmEdit::frmEdit(Program& program) : Form(program.runtime, "frmEdit"), program_(
   Label(0).setBackStyle(0);
   Label.Load(1).setVisible(true);
   Label(1).Move(4080, 360, 2325, 360);
+  Label(1).setCaption("");
   Label(1).setForeColor(kBlack);
   Text1.Move(120, 360, 3975, 375);
   List(0).setVisible(false);
