@@ -28,6 +28,12 @@ bool holdsSeparator(const std::string& text) {
 bool sameAs(const std::string& text, const std::string& item) {
   return tk::toUpper(tk::Trim(text)) == tk::toUpper(item);
 }
+
+// The box that names the link which already goes to a folder.
+std::string sameLinkText(const std::string& name, const std::string& target) {
+  return std::string("The name: ") + kCrLf + name + kCrLf + kCrLf +
+         " is with the same link : " + kCrLf + tk::Trim(target) + " !";
+}
 }  // namespace
 
 void Links::btnADD_Click() {
@@ -35,9 +41,7 @@ void Links::btnADD_Click() {
   tk::Runtime& rt = form_.runtime();
   for (int i = 0; i != form_.List(0).ListCount(); ++i) {
     if (!sameAs(path, form_.List(1).List(i))) continue;
-    rt.MsgBox(std::string("The name: ") + kCrLf + form_.List(0).List(i) + kCrLf + kCrLf +
-                  " is with the same link : " + kCrLf + tk::Trim(form_.List(1).List(i)) + " !",
-              tk::mb::Information, "");
+    rt.MsgBox(sameLinkText(form_.List(0).List(i), form_.List(1).List(i)), tk::mb::Information, "");
     return;
   }
   if (holdsSeparator(path)) {
@@ -52,21 +56,27 @@ void Links::btnADD_Click() {
   form_.setEnabled(false);
 }
 
+bool Links::nameRefused(const std::string& emptyMessage, bool clearEmpty) {
+  frmEdit& dialog = program_.frmEdit();
+  const std::string& typed = dialog.Text1.Text();
+  if (tk::Trim(typed).empty()) {
+    form_.runtime().MsgBox(emptyMessage);
+    if (clearEmpty) dialog.Text1.setText("");
+    dialog.Text1.SetFocus();
+    return true;
+  }
+  if (!holdsSeparator(typed)) return false;
+  form_.runtime().MsgBox("Please type a Link Name without *%*.");
+  return true;
+}
+
 void Links::pAdd() {
   frmEdit& dialog = program_.frmEdit();
   tk::ListBox& names = form_.List(0);
   tk::ListBox& targets = form_.List(1);
   tk::Runtime& rt = form_.runtime();
   const std::string typed = dialog.Text1.Text(), target = dialog.Label(1).Caption();
-  if (tk::Trim(typed).empty()) {
-    rt.MsgBox("Please type a Link Name.");
-    dialog.Text1.SetFocus();
-    return;
-  }
-  if (holdsSeparator(typed)) {
-    rt.MsgBox("Please type a Link Name without *%*.");
-    return;
-  }
+  if (nameRefused("Please type a Link Name.", false)) return;
   for (int i = 0; i != names.ListCount(); ++i) {
     if (sameAs(typed, names.List(i))) {
       rt.MsgBox("The name: " + tk::Trim(names.List(i)) +
@@ -80,16 +90,10 @@ void Links::pAdd() {
     }
   }
   const int added = names.ListCount();
-  names.AddItem(tk::Trim(typed));
-  dialog.Text1.setText("");
-  targets.AddItem(tk::Trim(target));
-  dialog.Label(1).setCaption("");
+  appendTyped();
   names.setListIndex(added);
   targets.setListIndex(added);
-  btnSAVE_Click();
-  form_.setEnabled(true);
-  dialog.Text1.setText("");
-  dialog.Hide();
+  storeAndClose();
 }
 
 void Links::btnEDIT_Click() {
@@ -110,16 +114,7 @@ void Links::pEdit() {
   tk::ListBox& targets = form_.List(1);
   tk::Runtime& rt = form_.runtime();
   const std::string typed = dialog.Text1.Text(), target = dialog.Label(1).Caption();
-  if (tk::Trim(typed).empty()) {
-    rt.MsgBox("Please type a LinkName!");
-    dialog.Text1.setText("");
-    dialog.Text1.SetFocus();
-    return;
-  }
-  if (holdsSeparator(typed)) {
-    rt.MsgBox("Please type a Link Name without *%*.");
-    return;
-  }
+  if (nameRefused("Please type a LinkName!", true)) return;
   const int sel = names.ListIndex();
   for (int i = 0; i != names.ListCount(); ++i) {
     if (i == names.ListIndex()) continue;  // the record under edit never conflicts with itself
@@ -128,9 +123,7 @@ void Links::pEdit() {
       return;
     }
     if (sameAs(target, targets.List(i))) {
-      rt.MsgBox(std::string("The name: ") + kCrLf + names.List(i) + kCrLf + kCrLf +
-                    " is with the same link : " + kCrLf + tk::Trim(target) + " !",
-                tk::mb::Information, "");
+      rt.MsgBox(sameLinkText(names.List(i), target), tk::mb::Information, "");
       return;
     }
   }
@@ -140,14 +133,24 @@ void Links::pEdit() {
     // The edited record leaves its place and goes last.
     names.RemoveItem(sel);
     targets.RemoveItem(sel);
-    names.AddItem(tk::Trim(typed));
-    dialog.Text1.setText("");
-    targets.AddItem(tk::Trim(target));
-    dialog.Label(1).setCaption("");
+    appendTyped();
     names.setListIndex(names.ListCount() - 1);
   }
+  storeAndClose();
+}
+
+void Links::appendTyped() {
+  frmEdit& dialog = program_.frmEdit();
+  form_.List(0).AddItem(tk::Trim(dialog.Text1.Text()));
+  dialog.Text1.setText("");
+  form_.List(1).AddItem(tk::Trim(dialog.Label(1).Caption()));
+  dialog.Label(1).setCaption("");
+}
+
+void Links::storeAndClose() {
   btnSAVE_Click();
   form_.setEnabled(true);
+  frmEdit& dialog = program_.frmEdit();
   dialog.Text1.setText("");
   dialog.Hide();
 }

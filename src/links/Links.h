@@ -53,6 +53,13 @@ class Links {
  private:
   // The path of the link list file, beside the settings file.
   std::string listPath() const;
+  // True when the name typed in the dialog can't be stored: empty (then `emptyMessage` is
+  // shown, and with `clearEmpty` the blanks go) or holding the file's separator.
+  bool nameRefused(const std::string& emptyMessage, bool clearEmpty);
+  // Appends the dialog's name and target, trimmed, as a record, and empties both.
+  void appendTyped();
+  // Saves the list and closes the dialog, giving the main window back.
+  void storeAndClose();
   // Searches the items of `list` for the dialog's text, lists the hits in the dialog.
   void pSearch(const tk::ListControl& list, const std::string& emptyMessage);
   Program& program_;

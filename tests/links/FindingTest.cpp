@@ -25,9 +25,8 @@ TEST_F(Finding, LinksByAnyPartOfTheirNamesInAnyCase) {
       {"  ", {}, {}, {"msgbox 0 \"\" \"Please type a LinkName!\" -> 1"}},
   };
   for (const Case& c : cases) {
-    tk::user::type(dialog().Text1, c.typed);
     shownSince();
-    tk::user::click(dialog().btn(0));
+    search(c.typed);
     EXPECT_EQ(shownSince(), c.shown) << c.typed;
     if (c.typed != "  ") {
       EXPECT_EQ(items(dialog().List(2)), c.hits) << c.typed;
@@ -41,8 +40,7 @@ TEST_F(Finding, AClickOnAHitSelectsTheLinkAndItsFolder) {
   writeList0("Summer*%*/s*%*Winter*%*/w*%*summit*%*/t*%*");
   Form1& f = started();
   program->runtime.dispatch([&] { f.btnFIND_Click(); });
-  tk::user::type(dialog().Text1, "sum");
-  tk::user::click(dialog().btn(0));
+  search("sum");
   EXPECT_TRUE(program->links.findDone);
   tk::user::select(dialog().List(2), 1);
   EXPECT_EQ(f.List(0).ListIndex(), 2);
@@ -56,18 +54,15 @@ TEST_F(Finding, PicturesByFileNameAndTheGridFollows) {
   Form1& f = started();
   program->runtime.dispatch([&] { f.mnuFimg_Click(); });
   EXPECT_EQ(dialog().Label(0).Caption(), "Image Name");
-  tk::user::type(dialog().Text1, "PNG");
-  tk::user::click(dialog().btn(0));
+  search("PNG");
   EXPECT_EQ(items(dialog().List(2)), std::vector<std::string>{"cat.PNG"});
-  tk::user::type(dialog().Text1, ".jpg");
-  tk::user::click(dialog().btn(0));
+  search(".jpg");
   EXPECT_EQ(items(dialog().List(2)),
             (std::vector<std::string>{"img1.jpg", "img2.jpg", "img3.jpg"}));
   tk::user::select(dialog().List(2), 2);
   EXPECT_EQ(f.File2.FileName(), "img3.jpg");
-  tk::user::type(dialog().Text1, " ");
   shownSince();
-  tk::user::click(dialog().btn(0));
+  search(" ");
   EXPECT_EQ(shownSince(),
             std::vector<std::string>{"msgbox 0 \"\" \"Please type a Name (image name)!\" -> 1"});
 }
@@ -78,9 +73,8 @@ TEST_F(Finding, AnEmptyListOrFolderFindsNothing) {
   program->runtime.dispatch([&] { f.File2.setPath((root / "empty").string()); });
   for (void (Links::*open)() : {&Links::btnFIND_Click, &Links::mnuFimg_Click}) {
     program->runtime.dispatch([&] { (f.*open)(); });
-    tk::user::type(dialog().Text1, "a");
     shownSince();
-    tk::user::click(dialog().btn(0));
+    search("a");
     EXPECT_EQ(shownSince(), std::vector<std::string>{kNotFound});
     tk::user::click(dialog().btn(1));
   }
@@ -90,11 +84,9 @@ TEST_F(Finding, ASecondSearchWithoutHitsClearsTheHits) {
   writeList0("Summer*%*/s*%*");
   Form1& f = started();
   program->runtime.dispatch([&] { f.btnFIND_Click(); });
-  tk::user::type(dialog().Text1, "sum");
-  tk::user::click(dialog().btn(0));
+  search("sum");
   ASSERT_EQ(dialog().List(2).ListCount(), 1);
-  tk::user::type(dialog().Text1, "x");
-  tk::user::click(dialog().btn(0));
+  search("x");
   EXPECT_EQ(dialog().List(2).ListCount(), 0);
   EXPECT_EQ(dialog().List(3).ListCount(), 0);
 }

@@ -51,6 +51,11 @@ class LinksFixture : public ProgramFixture {
     seen_ = host.shown.size();
     return out;
   }
+  // Types `text` in the dialog and presses its first button, as a user does.
+  void search(const std::string& text) {
+    vellumry::tk::user::type(dialog().Text1, text);
+    vellumry::tk::user::click(dialog().btn(0));
+  }
   // Adds a link to `path` named `name` through the dialog, as a user does.
   void addLink(const std::string& path, const std::string& name) {
     program->runtime.dispatch([&] { form1().File2.setPath(path); });
