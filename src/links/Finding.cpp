@@ -21,11 +21,11 @@ void Links::mnuFimg_Click() {
   form_.setEnabled(false);
 }
 
-void Links::pFind() { pSearch(form_.List(0), "Please type a LinkName!"); }
+void Links::pFind() { searchList(form_.List(0), "Please type a LinkName!"); }
 
-void Links::pFind2() { pSearch(form_.File2, "Please type a Name (image name)!"); }
+void Links::pFind2() { searchList(form_.File2, "Please type a Name (image name)!"); }
 
-void Links::pSearch(const tk::ListControl& list, const std::string& emptyMessage) {
+void Links::searchList(const tk::ListControl& list, const std::string& emptyMessage) {
   frmEdit& dialog = program_.frmEdit();
   tk::Runtime& rt = form_.runtime();
   if (tk::Trim(dialog.Text1.Text()).empty()) {

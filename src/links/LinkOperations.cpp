@@ -1,6 +1,5 @@
 // Adding, editing, removing, sorting, selecting and opening links.
 #include <algorithm>
-#include <functional>
 
 #include "grid/Grid.h"
 #include "links/LinkFile.h"

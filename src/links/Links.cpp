@@ -2,7 +2,6 @@
 
 #include "links/LinkFile.h"
 #include "platform/os/FileSystem.h"
-#include "platform/toolkit/Input.h"
 #include "program/Form1Controls.h"
 #include "program/Program.h"
 

@@ -61,7 +61,7 @@ class Links {
   // Saves the list and closes the dialog, giving the main window back.
   void storeAndClose();
   // Searches the items of `list` for the dialog's text, lists the hits in the dialog.
-  void pSearch(const tk::ListControl& list, const std::string& emptyMessage);
+  void searchList(const tk::ListControl& list, const std::string& emptyMessage);
   Program& program_;
   Form1Controls& form_;
   Grid& grid_;

@@ -58,6 +58,19 @@ TEST_F(Operations, AFolderThatIsALinkInAnyCaseNeverOpensTheDialog) {
   EXPECT_TRUE(f.Enabled());
 }
 
+TEST_F(Operations, AFolderWhosePathHoldsTheSeparatorCantBeALink) {
+  const std::string odd = folder("a*%*b");
+  Form1& f = started();
+  program->runtime.dispatch([&] { f.File2.setPath(odd); });
+  shownSince();
+  program->runtime.dispatch([&] { f.btnADD_Click(); });
+  EXPECT_EQ(shownSince(),
+            std::vector<std::string>{
+                "msgbox 0 \"\" \"This folder can't be a link: its path holds *%*.\" -> 1"});
+  EXPECT_FALSE(program->frmEdit.loaded());
+  EXPECT_EQ(list0(), "missing");
+}
+
 TEST_F(Operations, ThePromptOffersTheFolderNameByTheSetting) {
   struct Case {
     const char* lnvar;
