@@ -80,15 +80,4 @@ TEST_F(Finding, AnEmptyListOrFolderFindsNothing) {
   }
 }
 
-TEST_F(Finding, ASecondSearchWithoutHitsClearsTheHits) {
-  writeList0("Summer*%*/s*%*");
-  Form1& f = started();
-  program->runtime.dispatch([&] { f.btnFIND_Click(); });
-  search("sum");
-  ASSERT_EQ(dialog().List(2).ListCount(), 1);
-  search("x");
-  EXPECT_EQ(dialog().List(2).ListCount(), 0);
-  EXPECT_EQ(dialog().List(3).ListCount(), 0);
-}
-
 }  // namespace

@@ -146,18 +146,6 @@ TEST_F(Operations, EditAndRemoveWantASelection) {
   EXPECT_EQ(f.List(0).ListCount(), 1);
 }
 
-TEST_F(Operations, RemoveTakesTheSelectedRecordWithoutAQuestion) {
-  writeList0("a*%*/a*%*b*%*/b*%*c*%*/c*%*");
-  Form1& f = started();
-  f.List(0).setListIndex(1);
-  shownSince();
-  program->runtime.dispatch([&] { f.btnREMOVE_Click(); });
-  EXPECT_TRUE(shownSince().empty());
-  EXPECT_EQ(items(f.List(0)), (std::vector<std::string>{"a", "c"}));
-  EXPECT_EQ(items(f.List(1)), (std::vector<std::string>{"/a", "/c"}));
-  EXPECT_EQ(list0(), "a*%*/a*%*c*%*/c*%*");
-}
-
 TEST_F(Operations, RemovingTheLastLinkByTheMenuHidesThePanel) {
   writeList0("a*%*/a*%*");
   Form1& f = started();
@@ -215,19 +203,14 @@ TEST_F(Operations, AClickWithMarkedFilesAsksFirstAndSelectsNothing) {
   EXPECT_EQ(f.List(1).ListIndex(), 0);
 }
 
-TEST_F(Operations, ADoubleClickOpensAnotherFolderOnly) {
-  const std::string a = folder("a");
-  makeFiles(2, a);
-  writeList0("here*%*" + pictures.string() + "*%*a*%*" + a + "*%*");
+TEST_F(Operations, ADoubleClickOnTheLinkOfTheFolderShownDoesNothing) {
+  writeList0("here*%*" + pictures.string() + "*%*");
   Form1& f = started();
   f.List(0).setVisible(true);
   tk::user::select(f.List(0), 0);
   tk::user::dblClick(f.List(0));
-  EXPECT_FALSE(f.bSwitching);  // the folder shown already: nothing happens
-  tk::user::select(f.List(0), 1);
-  tk::user::dblClick(f.List(0));
-  EXPECT_EQ(f.File2.Path(), a);
-  EXPECT_EQ(f.File2.ListCount(), 2);
+  EXPECT_FALSE(f.bSwitching);
+  EXPECT_TRUE(shownSince().empty());
 }
 
 }  // namespace

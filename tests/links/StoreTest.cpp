@@ -7,15 +7,6 @@ namespace {
 
 using Store = LinksFixture;
 
-TEST_F(Store, NoFileIsAnEmptyListAndTheFirstAddCreatesIt) {
-  Form1& f = started();
-  EXPECT_EQ(f.List(0).ListCount(), 0);
-  EXPECT_EQ(list0(), "missing");
-  const std::string a = folder("a");
-  addLink(a, "Alpha");
-  EXPECT_EQ(list0(), "Alpha*%*" + a + "*%*");
-}
-
 TEST_F(Store, TheFileLoadsAsItStandsAndTheStartShowsThePanelWhenAsked) {
   const std::string text = " x *%*/gone/away*%**%*" + folder("a") + "*%*";
   struct Case {

@@ -1,9 +1,6 @@
 // The helpers that every window and every file command shares: the rounded outline, staying on
-// top, whether a file is there, and opening a file with the desktop.
+// top, and opening a file with the desktop.
 #include <gtest/gtest.h>
-
-#include <filesystem>
-#include <fstream>
 
 #include "platform/toolkit/Form.h"
 #include "platform/toolkit/HeadlessHost.h"
@@ -69,17 +66,6 @@ TEST(OpenFile, TriesTheOpenerThenTheChooserThenTellsTheUser) {
     pOpenfile(runtime, "/p/a.txt");
     EXPECT_EQ(desktop.shown, c.shown);
   }
-}
-
-TEST(OpenFile, FileExistsOnlyForAFile) {
-  const auto dir =
-      std::filesystem::temp_directory_path() / ("vellumry-exists-" + std::to_string(::getpid()));
-  std::filesystem::create_directories(dir);
-  std::ofstream(dir / "a.jpg") << "x";
-  EXPECT_TRUE(pFileexists((dir / "a.jpg").string()));
-  EXPECT_FALSE(pFileexists((dir / "b.jpg").string()));
-  EXPECT_FALSE(pFileexists(dir.string()));
-  std::filesystem::remove_all(dir);
 }
 
 }  // namespace
