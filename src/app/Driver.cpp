@@ -199,9 +199,6 @@ bool Driver::setUpCommand(const Args& a) {
       print("uncaught " + std::to_string(e.Number) + ": " + e.Description);
     };
     Main(*program_);
-  } else if (verb == "setting") {
-    need(a, 3, "setting KEY VALUE");
-    running().WriteSetting(a[1], a[2]);
   } else if (verb == "wait") {
     need(a, 2, "wait MS");
     running().runtime.loop().advance(toInt(a[1]));
@@ -299,8 +296,11 @@ bool Driver::readingCommand(const Args& a) {
     auto* form = loadedForm(running(), a[1]);
     if (!form) raise(err::InvalidCall, "no loaded form " + a[1]);
     out_ << dumpJson(*form) << "\n";
+  } else if (verb == "setting") {
+    need(a, 3, "setting KEY VALUE");
+    running().WriteSetting(a[1], a[2]);
   } else if (verb == "file") {
-    need(a, 2, "file PATH");
+    need(a, 2, "file FILE");
     const auto bytes = os::ReadWholeFile(a[1]);
     out_ << (bytes ? tk::jsonQuote(std::string(bytes->begin(), bytes->end())) : "missing") << "\n";
   } else if (verb == "shot") {
