@@ -9,7 +9,7 @@ cd "$(dirname "$0")/.."
 seconds=${1:-600}
 shift || true
 targets=("$@")
-[ ${#targets[@]} -gt 0 ] || targets=(probe jpeg png tiff gif bmp ico)
+[ ${#targets[@]} -gt 0 ] || targets=(probe jpeg png tiff gif bmp ico linklist)
 
 # The corpus files each target starts from, by extension; probe takes every format.
 extensions() {
@@ -21,7 +21,8 @@ extensions() {
     gif) echo gif ;;
     bmp) echo bmp dib ;;
     ico) echo ico cur ;;
-    *) echo "unknown target: $1 (probe jpeg png tiff gif bmp ico)" >&2 && exit 2 ;;
+    linklist) echo txt ;;
+    *) echo "unknown target: $1 (probe jpeg png tiff gif bmp ico linklist)" >&2 && exit 2 ;;
   esac
 }
 for target in "${targets[@]}"; do extensions "$target" >/dev/null; done

@@ -5,6 +5,7 @@
 #include <ostream>
 
 #include "app/ScriptWords.h"
+#include "platform/os/FileSystem.h"
 #include "platform/toolkit/Input.h"
 #include "platform/toolkit/ListControls.h"
 #include "platform/toolkit/ScrollBar.h"
@@ -295,6 +296,13 @@ bool Driver::readingCommand(const Args& a) {
     auto* form = loadedForm(running(), a[1]);
     if (!form) raise(err::InvalidCall, "no loaded form " + a[1]);
     out_ << dumpJson(*form) << "\n";
+  } else if (verb == "setting") {
+    need(a, 3, "setting KEY VALUE");
+    running().WriteSetting(a[1], a[2]);
+  } else if (verb == "file") {
+    need(a, 2, "file FILE");
+    const auto bytes = os::ReadWholeFile(a[1]);
+    out_ << (bytes ? tk::jsonQuote(std::string(bytes->begin(), bytes->end())) : "missing") << "\n";
   } else if (verb == "shot") {
     need(a, 2, "shot FILE.png");
     if (!shot) raise(err::NotSupported, "this driver takes no pictures");

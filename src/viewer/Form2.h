@@ -3,6 +3,7 @@
 // out: Esc leaves it for the grid.
 
 #include "platform/toolkit/BasicControls.h"
+#include "platform/toolkit/DialogControls.h"
 #include "platform/toolkit/Form.h"
 
 namespace vellumry {
@@ -13,6 +14,7 @@ class Form2 : public tk::Form {
  public:
   explicit Form2(Program& program);
   tk::Timer Timer3{this, "Timer3"};
+  tk::CommonDialog CD{this, "CD"};
 
   void Form_KeyUp(int& KeyCode, int Shift) override;
   void Form_Unload(int& Cancel) override;

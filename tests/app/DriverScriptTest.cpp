@@ -17,6 +17,13 @@ std::string readFile(const std::string& path) {
   text << in.rdbuf();
   return text.str();
 }
+
+// `text` with every `placeholder` replaced by `value`.
+std::string filledIn(std::string text, const std::string& placeholder, const std::string& value) {
+  for (size_t at = 0; (at = text.find(placeholder, at)) != std::string::npos; at += value.size())
+    text.replace(at, placeholder.size(), value);
+  return text;
+}
 }  // namespace
 
 TEST_F(DriverScriptTest, Grid57RunsAsDocumented) {
@@ -30,6 +37,17 @@ TEST_F(DriverScriptTest, Grid57RunsAsDocumented) {
   vellumry::Driver driver(out);
   EXPECT_EQ(driver.run(in), 1);  // the one line that asks for what isn't there
   EXPECT_EQ(out.str(), readFile("tests/scripts/grid57.expected"));
+}
+
+// The link list's whole life in the driver, with the file checked byte for byte after each step.
+TEST_F(DriverScriptTest, LinksScenarioKeepsTheFileInStep) {
+  for (const char* folder : {"pictures", "Alps 2019", "beach", "City"}) makeFiles(2, root / folder);
+  std::istringstream in(filledIn(readFile("tests/scripts/links.drive"), "${ROOT}", root.string()));
+  std::ostringstream out;
+  vellumry::Driver driver(out);
+  EXPECT_EQ(driver.run(in), 0);
+  EXPECT_EQ(out.str(),
+            filledIn(readFile("tests/scripts/links.expected"), "${ROOT}", root.string()));
 }
 
 TEST_F(DriverScriptTest, ActionsOnWhatBlocksAndEnds) {

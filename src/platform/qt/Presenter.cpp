@@ -1,6 +1,8 @@
 #include "platform/qt/Presenter.h"
 
 #include <QLineEdit>
+#include <QPainterPath>
+#include <QRegion>
 #include <QWidget>
 #include <algorithm>
 
@@ -128,6 +130,7 @@ void Presenter::formLoaded(tk::Form& form) {
   entries_[&form] = Entry{w};
   stack_.push_back(w);
   applyFlags(*w, form);
+  applyRegion(*w, form);
   w->setWindowTitle(QString::fromStdString(form.Caption()));
   placeWindow(*w, form);
   for (tk::Control* c : form.controls()) show(*c);
@@ -278,8 +281,10 @@ void Presenter::formChanged(tk::Form& form, FormWindow& window, tk::PropertyName
       window.setCursor(Qt::WaitCursor);
     else
       window.unsetCursor();
-  } else if (property == prop::BorderStyle) {
+  } else if (property == prop::BorderStyle || property == prop::TopMost) {
     applyFlags(window, form);
+  } else if (property == prop::Region) {
+    applyRegion(window, form);
   } else {
     window.update();
   }
@@ -293,11 +298,21 @@ void Presenter::placeWindow(FormWindow& window, const tk::Form& form) {
 void Presenter::applyFlags(FormWindow& window, const tk::Form& form) {
   Qt::WindowFlags flags = taskbarForm_ && taskbarForm_ != &form ? Qt::Tool : Qt::Window;
   if (form.BorderStyle() == 0) flags |= Qt::FramelessWindowHint;
-  const Qt::WindowFlags mask = Qt::WindowType_Mask | Qt::FramelessWindowHint;
+  if (form.TopMost()) flags |= Qt::WindowStaysOnTopHint;
+  const Qt::WindowFlags mask =
+      Qt::WindowType_Mask | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
   if ((window.windowFlags() & mask) == flags) return;
   const bool shown = window.isVisible();
   window.setWindowFlags(flags);  // this hides the window
   if (shown) showWindow(window, form);
+}
+
+void Presenter::applyRegion(FormWindow& window, const tk::Form& form) {
+  const tk::Form::Region& r = form.WindowRegion();
+  if (r == tk::Form::Region{}) return window.clearMask();
+  QPainterPath outline;
+  outline.addRoundedRect(0, 0, r.width, r.height, r.cornerWidth / 2.0, r.cornerHeight / 2.0);
+  window.setMask(QRegion(outline.toFillPolygon().toPolygon()));
 }
 
 void Presenter::showWindow(FormWindow& window, const tk::Form& form) {
