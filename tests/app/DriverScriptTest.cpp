@@ -1,4 +1,6 @@
 // The example script of the README runs as written and prints what it says.
+#include <QColor>
+#include <QImage>
 #include <fstream>
 #include <sstream>
 
@@ -30,6 +32,28 @@ TEST_F(DriverScriptTest, Grid57RunsAsDocumented) {
   vellumry::Driver driver(out);
   EXPECT_EQ(driver.run(in), 1);  // the one line that asks for what isn't there
   EXPECT_EQ(out.str(), readFile("tests/scripts/grid57.expected"));
+}
+
+TEST_F(DriverScriptTest, ViewerRunsAsWritten) {
+  for (const char* name : {"a.png", "b.png", "c.png", "d.png", "e.png"}) {
+    const bool big = name[0] == 'a';
+    QImage image(big ? 2000 : 64, big ? 1900 : 48, QImage::Format_RGB32);
+    image.fill(QColor(30, 60, 90));
+    ASSERT_TRUE(image.save(QString::fromStdString((pictures / name).string()), "PNG"));
+  }
+  setting("slsh", "1");
+  setting("sautor", "1");
+  std::string script = readFile("tests/scripts/viewer.drive");
+  ASSERT_FALSE(script.empty());
+  for (const auto& [placeholder, value] :
+       {std::pair<std::string, std::string>{"${HOME}", home.string()},
+        {"${PICTURES}", pictures.string()}})
+    script.replace(script.find(placeholder), placeholder.size(), value);
+  std::istringstream in(script);
+  std::ostringstream out;
+  vellumry::Driver driver(out);
+  EXPECT_EQ(driver.run(in), 0);
+  EXPECT_EQ(out.str(), readFile("tests/scripts/viewer.expected"));
 }
 
 TEST_F(DriverScriptTest, ActionsOnWhatBlocksAndEnds) {
