@@ -142,21 +142,21 @@ void Form2::pPrev() {
   pGetPicture();
 }
 
+void Form2::stepWithEndRules(const std::function<bool()>& atEnd, void (Form2::*move)()) {
+  if (!(atEnd() && bStopAtEnd)) (this->*move)();
+  // Tested after the move: the beep sounds on arriving, and at every try while it stays there.
+  if (atEnd() && bBeep) runtime().host().Beep();
+  if (atEnd() && bStopAtEnd) Timer2.setEnabled(false);
+}
+
 void Form2::pbUp() {
   const tk::FileListBox& list = program_.mainWindow().File2;
-  auto atLast = [&] { return list.ListIndex() == list.ListCount() - 1; };
-  if (!(atLast() && bStopAtEnd)) pNext();
-  // Tested after the move: the beep sounds on arriving, and at every try while it stays there.
-  if (atLast() && bBeep) runtime().host().Beep();
-  if (atLast() && bStopAtEnd) Timer2.setEnabled(false);
+  stepWithEndRules([&] { return list.ListIndex() == list.ListCount() - 1; }, &Form2::pNext);
 }
 
 void Form2::pbDown() {
   const tk::FileListBox& list = program_.mainWindow().File2;
-  auto atFirst = [&] { return list.ListIndex() == 0; };
-  if (!(atFirst() && bStopAtEnd)) pPrev();
-  if (atFirst() && bBeep) runtime().host().Beep();
-  if (atFirst() && bStopAtEnd) Timer2.setEnabled(false);
+  stepWithEndRules([&] { return list.ListIndex() == 0; }, &Form2::pPrev);
 }
 
 void Form2::Form_KeyUp(int& KeyCode, int) {

@@ -5,6 +5,7 @@
 // Image1 is rebuilt from it at every size change, drawn from the file at that size.
 
 #include <cstdint>
+#include <functional>
 #include <string_view>
 
 #include "platform/gdi/Picture.h"
@@ -101,6 +102,14 @@ class Form2 : public tk::Form {
   // Shows `bar` for a picture `excess` twips larger than the screen, at the place the last zoom
   // kept (`keep`, `ratio`) or else in the middle.
   void showBar(tk::ScrollBar& bar, double excess, bool keep, double ratio);
+  // One axis of a drag of Image1 by `travel` (the pointer's pixels, taken as twips): up to the
+  // picture's edges, `bar` following; a picture found past its edges snaps back.
+  void dragAlong(tk::ScrollBar& bar, double (tk::Control::*place)() const,
+                 void (tk::Control::*setPlace)(double), double length, double screen, double travel,
+                 bool barFollowsEdge);
+  // The end-of-list rules around a move: none at the end (`atEnd`) when stopping there, a beep
+  // on arriving there, and the slideshow ends there.
+  void stepWithEndRules(const std::function<bool()>& atEnd, void (Form2::*move)());
   void addFields();
 
   static constexpr double kBarThickness = 255;

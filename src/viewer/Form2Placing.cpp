@@ -174,35 +174,32 @@ void Form2::Image1_MouseMove(int Button, double X, double Y) {
   // The pointer's travel in pixels moves the picture as many twips, so the picture follows the
   // pointer slowly; setting a bar's Value rounds the place to its ten twips.
   if (HScroll1.Visible()) {
-    const double left = Image1.Left(), width = Image1.Width(), s = screen.Width;
-    if (left > 0) {
-      Image1.setLeft(0);
-    } else if (width + left >= s) {
-      const double n = left - lDownX + X;
-      if (n < 0 && n > s - width) {
-        Image1.setLeft(n);
-        HScroll1.setValue(tk::CLng(-Image1.Left() / kTwipsPerBarStep));
-      }
-    } else {
-      Image1.setLeft(s - width);
-      HScroll1.setValue(HScroll1.Max());
-    }
+    dragAlong(HScroll1, &tk::Control::Left, &tk::Control::setLeft, Image1.Width(), screen.Width,
+              X - lDownX, true);
   }
   if (VScroll1.Visible()) {
-    const double top = Image1.Top(), height = Image1.Height(), s = screen.Height;
-    if (top > 0) {
-      Image1.setTop(0);
-    } else if (height + top >= s) {
-      const double n = top - lDownY + Y;
-      if (n < 0 && n > s - height) {
-        Image1.setTop(n);
-        VScroll1.setValue(tk::CLng(-Image1.Top() / kTwipsPerBarStep));
-      }
-    } else {
-      Image1.setTop(s - height);
-    }
+    dragAlong(VScroll1, &tk::Control::Top, &tk::Control::setTop, Image1.Height(), screen.Height,
+              Y - lDownY, false);
   }
   Shape1.Move(Image1.Left(), Image1.Top(), Image1.Width(), Image1.Height());
+}
+
+void Form2::dragAlong(tk::ScrollBar& bar, double (tk::Control::*place)() const,
+                      void (tk::Control::*setPlace)(double), double length, double screen,
+                      double travel, bool barFollowsEdge) {
+  const double at = (Image1.*place)();
+  if (at > 0) {
+    (Image1.*setPlace)(0);
+  } else if (length + at >= screen) {
+    const double moved = at + travel;
+    if (moved < 0 && moved > screen - length) {
+      (Image1.*setPlace)(moved);
+      bar.setValue(tk::CLng(-(Image1.*place)() / kTwipsPerBarStep));
+    }
+  } else {  // the far edge has come inside the screen
+    (Image1.*setPlace)(screen - length);
+    if (barFollowsEdge) bar.setValue(bar.Max());
+  }
 }
 
 void Form2::decodeNeighboursAhead() {

@@ -14,6 +14,12 @@ class ViewerFixture : public ProgramFixture {
     image.fill(QColor(200, 40, 90));
     ASSERT_TRUE(image.save(QString::fromStdString((pictures / name).string()), "PNG"));
   }
+  // The folder emptied, then a picture as `picture` makes it.
+  void onlyPicture(const std::string& name, int w, int h) {
+    std::filesystem::remove_all(pictures);
+    std::filesystem::create_directories(pictures);
+    picture(name, w, h);
+  }
   // `count` small pictures p1.png, p2.png, ...
   void pictureFiles(int count) {
     for (int i = 1; i <= count; ++i) picture("p" + std::to_string(i) + ".png", 64, 48);

@@ -99,9 +99,7 @@ TEST_F(ZoomPanTest, TheFitRuleByShape) {
   };
   for (const FitCase& c : cases) {
     SCOPED_TRACE(std::to_string(c.w) + " by " + std::to_string(c.h));
-    std::filesystem::remove_all(pictures);
-    std::filesystem::create_directories(pictures);
-    picture("a.png", c.w, c.h);
+    onlyPicture("a.png", c.w, c.h);
     Form2& v = open();
     expectPlaced(v, c.placed);
     EXPECT_FALSE(v.VScroll1.Visible());
@@ -161,9 +159,7 @@ TEST_F(ZoomPanTest, ThePointerOfADragGoesByTheBarsThatShow) {
   };
   for (const PointerCase& c : cases) {
     SCOPED_TRACE(std::to_string(c.w) + " by " + std::to_string(c.h));
-    std::filesystem::remove_all(pictures);
-    std::filesystem::create_directories(pictures);
-    picture("a.png", c.w, c.h);
+    onlyPicture("a.png", c.w, c.h);
     Form2& v = open();
     tk::user::key(v, kDown);
     tk::user::mouseDown(v.Image1, 1, 0, 10, 20);
