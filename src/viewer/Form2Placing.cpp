@@ -13,8 +13,6 @@
 namespace vellumry {
 
 namespace {
-// Hundredths of a millimetre to the pixel at 96 dots per inch, whatever the display.
-constexpr double kHimetricPerPixel = 26.46;
 constexpr int kPixels = 3;
 // The zoom limits: more than this over the screen, or less than the other on either side.
 constexpr double kMostOverScreen = 32000, kLeastSide = 150;
@@ -60,13 +58,13 @@ void Form2::pPaint() {
   Image1.setAutoRedraw(true);
   const int sw = Pixels(Image1.ScaleWidth()), sh = Pixels(Image1.ScaleHeight());
   if (sw < 1 || sh < 1) return;  // nothing to paint on
+  // The whole picture stretched over the whole box, drawn from its source at exactly this
+  // size. Its own size is in hundredths of a millimetre, 26.46 to a pixel at 96 dots per inch,
+  // so the source is the picture whole whatever the display.
   const gdi::Picture& picture = Image1.Picture();
-  const double cw = picture.Width() / kHimetricPerPixel, ch = picture.Height() / kHimetricPerPixel;
-  // The picture stretched over the whole box, drawn from its source at exactly this size.
   gdi::Surface canvas(sw, sh, gdi::AlphaMode::kOpaque);
   gdi::Fill(canvas, {0, 0, sw, sh}, tk::pixelOf(Image1.BackColor()));
-  const int32_t srcW = tk::CLng(cw * kHimetricPerPixel), srcH = tk::CLng(ch * kHimetricPerPixel);
-  picture.Render(canvas, 0, 0, sw, sh, 0, srcH, srcW, -srcH);
+  picture.Render(canvas, 0, 0, sw, sh, 0, picture.Height(), picture.Width(), -picture.Height());
   Image1.setPicture(
       gdi::Picture::FromSurface(std::move(canvas), runtime().screen().TwipsPerPixelX));
 }
