@@ -71,18 +71,6 @@ TEST_F(ZoomPanTest, AZoomOnAScrolledPictureKeepsItsProportionalPoint) {
   expectPlaced(v, {18585.6, 17656.32, 0, -6140});
 }
 
-TEST_F(ZoomPanTest, ZoomingBackUnderTheScreenHidesTheBarsAndCentres) {
-  picture("big.png", 2000, 1900);
-  Form2& v = open();
-  tk::user::key(v, kDown);
-  tk::user::key(v, kUp);  // 16896 - 1689.6: under the screen's width, still taller
-  EXPECT_FALSE(v.HScroll1.Visible());
-  EXPECT_TRUE(v.VScroll1.Visible());
-  EXPECT_DOUBLE_EQ(v.HScroll1.Width(), 15360 - 255);
-  EXPECT_DOUBLE_EQ(v.Image1.Left(), (15360 - 15206.4) / 2);
-  EXPECT_FALSE(v.bKeepH);
-}
-
 struct FitCase {
   int w, h;
   Placed placed;
