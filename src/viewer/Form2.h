@@ -78,7 +78,8 @@ class Form2 : public tk::Form {
   void Image1_MouseMove(int Button, double X, double Y);
   void Image1_MouseUp(int Button);
 
-  // Slideshow and the focus timer (Form2Slideshow.cpp).
+  // Slideshow and the focus timer (Form2Slideshow.cpp). pSlideshow is Space: it starts the
+  // show, or stops it and has the picture placed afresh at its fitted size.
   void pSlideshow();
   void Timer2_Timer();
   void Timer3_Timer();
@@ -90,6 +91,7 @@ class Form2 : public tk::Form {
   void leavePicture();
   void pGetPicture();
   void pRefreshSideMenu();
+  // The right button's menu of the viewers, at the pointer.
   void pPopup();
   // The picture the grid holds for position `i`: the plain one of a marked position; an empty
   // picture for a position the grid hasn't filled.
