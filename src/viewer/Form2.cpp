@@ -7,6 +7,7 @@
 #include "program/Form1Controls.h"
 #include "program/Program.h"
 #include "tools/frmMenu.h"
+#include "viewer/DecodeAhead.h"
 
 namespace vellumry {
 
@@ -89,21 +90,12 @@ void Form2::Form_Load() {
   bStopAtEnd = program_.ReadSetting("sautor") != "0";
 }
 
-gdi::Picture Form2::holderPicture(int i) {
-  Form1Controls& f = program_.mainWindow();
-  const std::vector<int16_t>& marks = program_.tools.aDeleted;
-  // Positions beyond the table of marks can't be marked.
-  const bool marked = i < static_cast<int>(marks.size()) && marks[static_cast<size_t>(i)] != 0;
-  const tk::ControlArray<tk::Image>& holders = marked ? f.Img1 : f.Image123;
-  return holders.exists(i) ? holders(i).Picture() : gdi::Picture();
-}
-
 void Form2::pGetPicture() {
   Form1Controls& f = program_.mainWindow();
   const int i = f.File2.ListIndex() + 1;
   const std::string name = f.File2.FileName();
   const std::string ext = tk::toUpper(name.size() > 3 ? name.substr(name.size() - 3) : name);
-  const gdi::Picture source = holderPicture(i);
+  const gdi::Picture source = HeldPicture(program_, i);
   if (ext == "GIF" || ext == "BMP") {
     // A flat bitmap of what the box shows, transparent parts over the viewer's colour.
     Image1.setPicture(source);

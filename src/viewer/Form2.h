@@ -8,7 +8,6 @@
 #include <functional>
 #include <string_view>
 
-#include "platform/gdi/Picture.h"
 #include "platform/toolkit/BasicControls.h"
 #include "platform/toolkit/DialogControls.h"
 #include "platform/toolkit/Form.h"
@@ -93,9 +92,6 @@ class Form2 : public tk::Form {
   void pRefreshSideMenu();
   // The right button's menu of the viewers, at the pointer.
   void pPopup();
-  // The picture the grid holds for position `i`: the plain one of a marked position; an empty
-  // picture for a position the grid hasn't filled.
-  gdi::Picture holderPicture(int i);
   // Decodes the next and the previous file's pictures at their fitted size on a worker, so that
   // stepping finds them ready.
   void decodeNeighboursAhead();

@@ -7,6 +7,7 @@
 #include "platform/toolkit/Numbers.h"
 #include "program/Form1Controls.h"
 #include "program/Program.h"
+#include "viewer/DecodeAhead.h"
 #include "viewer/FitRule.h"
 #include "viewer/Form2.h"
 
@@ -204,17 +205,7 @@ void Form2::decodeNeighboursAhead() {
   const tk::FileListBox& list = program_.mainWindow().File2;
   const int count = list.ListCount();
   if (count < 2) return;
-  const double twipsPerPixel = runtime().screen().TwipsPerPixelX;
-  for (int step : {1, -1}) {
-    const int position = (list.ListIndex() + step + count) % count + 1;
-    const gdi::Picture picture = holderPicture(position);
-    if (!picture) continue;
-    const ShownSize shown = FitToForm(
-        tk::CLng(tk::pictureTwipsX(picture, twipsPerPixel)),
-        tk::CLng(tk::pictureTwipsY(picture, runtime().screen().TwipsPerPixelY)), Width(), Height());
-    program_.pictures.prefetch(picture, {Pixels(shown.width / twipsPerPixel),
-                                         Pixels(shown.height / runtime().screen().TwipsPerPixelY)});
-  }
+  for (int step : {1, -1}) DecodeForViewer(program_, (list.ListIndex() + step + count) % count + 1);
 }
 
 }  // namespace vellumry

@@ -55,4 +55,19 @@ TEST_F(SharpnessTest, TheNeighboursAreDecodedAheadAtTheirFittedSize) {
   EXPECT_EQ(previous->Pixel(500, 100), tk::pixelOf(0x5A28C8));
 }
 
+TEST_F(SharpnessTest, AClickOnACellDecodesTheViewersPictureAhead) {
+  picture("a.png", 2000, 1900);
+  picture("b.png", 64, 48);
+  Form1& f = loaded();
+  ASSERT_TRUE(tk::user::click(f.Image1(1)));
+  program->pictures.drain();
+  std::filesystem::remove(pictures / "a.png");
+  ASSERT_TRUE(tk::user::dblClick(f.Image1(1)));
+  wait(1);
+  auto shown = viewer().Image1.Picture().Pixels();
+  ASSERT_TRUE(shown);
+  EXPECT_EQ(shown->Dimensions(), (gdi::Size{1024, 973}));
+  EXPECT_EQ(shown->Pixel(500, 500), tk::pixelOf(0x5A28C8));
+}
+
 }  // namespace
