@@ -1,4 +1,6 @@
 // The example script of the README runs as written and prints what it says.
+#include <QColor>
+#include <QImage>
 #include <fstream>
 #include <sstream>
 
@@ -48,6 +50,24 @@ TEST_F(DriverScriptTest, LinksScenarioKeepsTheFileInStep) {
   EXPECT_EQ(driver.run(in), 0);
   EXPECT_EQ(out.str(),
             filledIn(readFile("tests/scripts/links.expected"), "${ROOT}", root.string()));
+}
+
+TEST_F(DriverScriptTest, ViewerRunsAsWritten) {
+  for (const char* name : {"a.png", "b.png", "c.png", "d.png", "e.png"}) {
+    const bool big = name[0] == 'a';
+    QImage image(big ? 2000 : 64, big ? 1900 : 48, QImage::Format_RGB32);
+    image.fill(QColor(30, 60, 90));
+    ASSERT_TRUE(image.save(QString::fromStdString((pictures / name).string()), "PNG"));
+  }
+  setting("slsh", "1");
+  setting("sautor", "1");
+  std::istringstream in(
+      filledIn(filledIn(readFile("tests/scripts/viewer.drive"), "${HOME}", home.string()),
+               "${PICTURES}", pictures.string()));
+  std::ostringstream out;
+  vellumry::Driver driver(out);
+  EXPECT_EQ(driver.run(in), 0);
+  EXPECT_EQ(out.str(), readFile("tests/scripts/viewer.expected"));
 }
 
 TEST_F(DriverScriptTest, ActionsOnWhatBlocksAndEnds) {

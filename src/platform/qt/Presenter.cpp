@@ -14,7 +14,9 @@
 #include "platform/toolkit/BasicControls.h"
 #include "platform/toolkit/Form.h"
 #include "platform/toolkit/Input.h"
+#include "platform/toolkit/MousePointer.h"
 #include "platform/toolkit/Numbers.h"
+#include "platform/toolkit/PictureControls.h"
 #include "platform/toolkit/Runtime.h"
 
 namespace vellumry::presenter {
@@ -32,6 +34,21 @@ bool isWindowless(const tk::Control& c) {
 
 bool isPlace(tk::PropertyName p) {
   return p == prop::Left || p == prop::Top || p == prop::Width || p == prop::Height;
+}
+
+Qt::CursorShape cursorOf(int mousePointer) {
+  switch (mousePointer) {
+    case tk::pointer::SizeAll:
+      return Qt::SizeAllCursor;
+    case tk::pointer::SizeNS:
+      return Qt::SizeVerCursor;
+    case tk::pointer::SizeWE:
+      return Qt::SizeHorCursor;
+    case tk::pointer::Hourglass:
+      return Qt::WaitCursor;
+    default:
+      return Qt::ArrowCursor;
+  }
 }
 }  // namespace
 
@@ -257,6 +274,8 @@ void Presenter::propertyChanged(tk::Control& c, tk::PropertyName property) {
     place(c);
   } else if (property == prop::Picture && isContainer(c)) {
     static_cast<ContainerView*>(w)->pictureChanged();
+  } else if (property == prop::MousePointer && c.kind() == tk::Kind::PictureBox) {
+    w->setCursor(cursorOf(static_cast<const tk::PictureBox&>(c).MousePointer()));
   } else if (entry.tap) {
     syncWindowed(w, c, property == prop::List);
   } else {
