@@ -1,44 +1,95 @@
 #include "platform/os/FileSystem.h"
 
-#include <QByteArray>
-#include <QFile>
-#include <QFileInfo>
-#include <QSaveFile>
-#include <QString>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <algorithm>
+#include <atomic>
+#include <cerrno>
 #include <cstdint>
+#include <filesystem>
+#include <fstream>
 
 namespace vellumry::os {
+
+namespace fs = std::filesystem;
 
 namespace {
 
 // Large pictures are copied in pieces rather than read whole into memory.
-constexpr qint64 kCopyChunkBytes = qint64{1} << 20;
+constexpr size_t kCopyChunkBytes = size_t{1} << 20;
 
-QString ToQt(const std::string& path) { return QString::fromStdString(path); }
+// A new file beside `path` that takes its place on Commit and is removed if it never does.
+// Names are passed to the system as the bytes they are, so no name is ever mangled.
+class ReplacingFile {
+ public:
+  explicit ReplacingFile(const std::string& path) : path_(path) {
+    static std::atomic<unsigned> serial{0};
+    temporary_ = path + ".tmp-" + std::to_string(::getpid()) + "-" + std::to_string(serial++);
+    fd_ = ::open(temporary_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    struct stat old {};
+    if (fd_ >= 0 && ::stat(path.c_str(), &old) == 0) ::fchmod(fd_, old.st_mode & 07777);
+  }
+  ~ReplacingFile() {
+    if (fd_ >= 0) ::close(fd_);
+    if (!committed_) ::unlink(temporary_.c_str());
+  }
+  ReplacingFile(const ReplacingFile&) = delete;
+  ReplacingFile& operator=(const ReplacingFile&) = delete;
 
-// QSaveFile::commit can report success although the last buffered bytes failed to reach the
-// disk, so the flush is checked first; without a commit the temporary file is discarded.
-bool FlushAndCommit(QSaveFile& out) { return out.flush() && out.commit(); }
+  bool opened() const { return fd_ >= 0; }
+  bool Write(const char* data, size_t size) {
+    while (size > 0) {
+      const ssize_t n = ::write(fd_, data, size);
+      if (n < 0 && errno == EINTR) continue;
+      if (n <= 0) return false;
+      data += n, size -= static_cast<size_t>(n);
+    }
+    return true;
+  }
+  // To the disk, so that a crash after the rename can't leave an empty file behind.
+  bool Flush() { return ::fsync(fd_) == 0; }
+  bool Commit() {
+    const int fd = fd_;
+    fd_ = -1;
+    committed_ = ::close(fd) == 0 && ::rename(temporary_.c_str(), path_.c_str()) == 0;
+    return committed_;
+  }
+
+ private:
+  std::string path_, temporary_;
+  int fd_ = -1;
+  bool committed_ = false;
+};
 
 }  // namespace
 
-bool FolderExists(const std::string& path) { return QFileInfo(ToQt(path)).isDir(); }
-
-bool FileExists(const std::string& path) { return QFileInfo(ToQt(path)).isFile(); }
-
-bool CopyFile(const std::string& from, const std::string& to, bool overwrite) {
-  if (!FileExists(from) || (!overwrite && QFileInfo::exists(ToQt(to)))) return false;
-  QFile in(ToQt(from));
-  QSaveFile out(ToQt(to));
-  if (!in.open(QIODevice::ReadOnly) || !out.open(QIODevice::WriteOnly)) return false;
-  for (QByteArray chunk; !(chunk = in.read(kCopyChunkBytes)).isEmpty();) {
-    if (out.write(chunk) != chunk.size()) return false;
-  }
-  return in.error() == QFileDevice::NoError && FlushAndCommit(out);
+bool FolderExists(const std::string& path) {
+  std::error_code error;
+  return fs::is_directory(path, error);
 }
 
-bool DeleteFile(const std::string& path) { return FileExists(path) && QFile::remove(ToQt(path)); }
+bool FileExists(const std::string& path) {
+  std::error_code error;
+  return fs::is_regular_file(path, error);
+}
+
+bool CopyFile(const std::string& from, const std::string& to, bool overwrite) {
+  std::error_code error;
+  if (!FileExists(from) || (!overwrite && fs::exists(fs::symlink_status(to, error)))) return false;
+  std::ifstream in(from, std::ios::binary);
+  ReplacingFile out(to);
+  if (!in || !out.opened()) return false;
+  std::vector<char> chunk(kCopyChunkBytes);
+  while (in) {
+    in.read(chunk.data(), static_cast<std::streamsize>(chunk.size()));
+    if (!out.Write(chunk.data(), static_cast<size_t>(in.gcount()))) return false;
+  }
+  return in.eof() && out.Flush() && out.Commit();
+}
+
+bool DeleteFile(const std::string& path) { return FileExists(path) && ::unlink(path.c_str()) == 0; }
 
 std::optional<std::vector<uint8_t>> ReadWholeFile(const std::string& path) {
   return ReadFileStart(path, SIZE_MAX);
@@ -46,28 +97,29 @@ std::optional<std::vector<uint8_t>> ReadWholeFile(const std::string& path) {
 
 std::optional<std::vector<uint8_t>> ReadFileStart(const std::string& path, size_t limit) {
   if (!FileExists(path)) return std::nullopt;
-  QFile file(ToQt(path));
-  if (!file.open(QIODevice::ReadOnly)) return std::nullopt;
-  const qint64 count = static_cast<qint64>(std::min<uint64_t>(file.size(), limit));
-  std::vector<uint8_t> bytes(static_cast<size_t>(count));
-  if (file.read(reinterpret_cast<char*>(bytes.data()), count) != count) return std::nullopt;
+  std::ifstream file(path, std::ios::binary | std::ios::ate);
+  if (!file) return std::nullopt;
+  const auto count = static_cast<size_t>(std::min<uint64_t>(file.tellg(), limit));
+  std::vector<uint8_t> bytes(count);
+  file.seekg(0);
+  if (!file.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(count))) {
+    return std::nullopt;
+  }
   return bytes;
 }
 
 bool WriteFileAtomically(const std::string& path, std::string_view bytes, const WriteFault& fault) {
   auto proceed = [&](WriteStep step) { return !fault || fault(step); };
-  // Until commit renames it, everything goes to the temporary file, which QSaveFile discards
-  // when it is destroyed without a commit.
-  QSaveFile out(ToQt(path));
-  if (!proceed(WriteStep::Open) || !out.open(QIODevice::WriteOnly)) return false;
-  const auto size = static_cast<qint64>(bytes.size());
+  if (!proceed(WriteStep::Open)) return false;
+  ReplacingFile out(path);
+  if (!out.opened()) return false;
   if (!proceed(WriteStep::Write)) {
-    out.write(bytes.data(), size / 2);  // a disk that fills up midway
+    out.Write(bytes.data(), bytes.size() / 2);  // a disk that fills up midway
     return false;
   }
-  if (out.write(bytes.data(), size) != size) return false;
-  if (!proceed(WriteStep::Flush) || !out.flush()) return false;
-  return proceed(WriteStep::Rename) && out.commit();
+  if (!out.Write(bytes.data(), bytes.size())) return false;
+  if (!proceed(WriteStep::Flush) || !out.Flush()) return false;
+  return proceed(WriteStep::Rename) && out.Commit();
 }
 
 }  // namespace vellumry::os

@@ -8,7 +8,8 @@
 #include <string_view>
 #include <vector>
 
-// Paths are UTF-8 strings. No function throws; each reports failure by its result.
+// Paths are the bytes of the file system's names (UTF-8 where the names are), passed on
+// unchanged. No function throws; each reports failure by its result.
 namespace vellumry::os {
 
 // True when `path` names a folder (or a link to one).
