@@ -6,6 +6,8 @@
 #include <filesystem>
 #include <fstream>
 
+#include "HeadlessProgram.h"
+#include "codecs/TestImages.h"
 #include "platform/os/SettingsFile.h"
 #include "platform/toolkit/HeadlessHost.h"
 #include "program/Program.h"
@@ -21,8 +23,13 @@ fs::path makeFolder(int files) {
   fs::path root = fs::temp_directory_path() /
                   ("vellumry-ticks-" + std::to_string(getpid()) + "-" + std::to_string(files));
   fs::create_directories(root / "pictures");
-  for (int i = 1; i <= files; ++i)
-    std::ofstream(root / "pictures" / ("f" + std::to_string(i) + ".jpg"));
+  // Small real pictures, so that every tick reads, probes and places one.
+  const std::vector<uint8_t> jpeg = codecs::testing::MakeJpeg(64, 48);
+  for (int i = 1; i <= files; ++i) {
+    std::ofstream(root / "pictures" / ("f" + std::to_string(i) + ".jpg"), std::ios::binary)
+        .write(reinterpret_cast<const char*>(jpeg.data()),
+               static_cast<std::streamsize>(jpeg.size()));
+  }
   os::CreateSettingsFileIfMissing((root / "OstrelWorks.INI").string());
   return root;
 }
@@ -41,9 +48,10 @@ void BM_LoadFolder(benchmark::State& state) {
   }
   state.counters["ticks/s"] = benchmark::Counter(static_cast<double>(files) * state.iterations(),
                                                  benchmark::Counter::kIsRate);
+  state.counters["peak MB"] = static_cast<double>(bench::PeakKilobytes()) / 1024;
   fs::remove_all(root);
 }
-BENCHMARK(BM_LoadFolder)->Arg(200)->Arg(1000)->Arg(2000)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_LoadFolder)->Arg(200)->Arg(1000)->Arg(2000)->Arg(10000)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 

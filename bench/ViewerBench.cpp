@@ -14,6 +14,7 @@
 #include <string>
 #include <thread>
 
+#include "HeadlessProgram.h"
 #include "codecs/TestImages.h"
 #include "platform/os/SettingsFile.h"
 #include "platform/toolkit/HeadlessHost.h"
@@ -124,25 +125,17 @@ void BM_StepToPrefetched24MP(benchmark::State& state) {
 }
 BENCHMARK(BM_StepToPrefetched24MP)->Unit(benchmark::kMillisecond)->Iterations(10);
 
-// The process's peak resident memory in bytes; writing 5 to clear_refs starts it afresh.
-uint64_t PeakResident() {
-  std::ifstream status("/proc/self/status");
-  for (std::string line; std::getline(status, line);)
-    if (line.rfind("VmHWM:", 0) == 0) return std::stoull(line.substr(6)) * 1024;
-  return 0;
-}
-
 void BM_Step200Files12MP(benchmark::State& state) {
   const fs::path root = MakeFolder("memory", 200, 4000, 3000);
   for (auto _ : state) {
-    std::ofstream("/proc/self/clear_refs") << "5";
+    std::ofstream("/proc/self/clear_refs") << "5";  // starts the peak afresh
     LoadedProgram loaded(root);
     Form2& viewer = loaded.open(1);
     for (int i = 1; i < 200; ++i) {
       tk::user::key(viewer, kRight);
       loaded.program.runtime.loop().advance(1);
     }
-    state.counters["peak_MB"] = static_cast<double>(PeakResident()) / (1 << 20);
+    state.counters["peak_MB"] = static_cast<double>(bench::PeakKilobytes()) / 1024;
     state.counters["cache_MB"] =
         static_cast<double>(loaded.program.pictures.cache()->BytesInUse()) / (1 << 20);
   }
