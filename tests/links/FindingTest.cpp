@@ -51,11 +51,14 @@ TEST_F(Finding, AClickOnAHitSelectsTheLinkAndItsFolder) {
 TEST_F(Finding, PicturesByFileNameAndTheGridFollows) {
   makeFiles(3);
   std::ofstream(pictures / "cat.PNG") << "x";
+  std::ofstream(pictures / "caf\xE9.gif") << "x";  // a Latin-1 name: bytes that are no text
   Form1& f = started();
   program->runtime.dispatch([&] { f.mnuFimg_Click(); });
   EXPECT_EQ(dialog().Label(0).Caption(), "Image Name");
   search("PNG");
   EXPECT_EQ(items(dialog().List(2)), std::vector<std::string>{"cat.PNG"});
+  search("caf\xE9");
+  EXPECT_EQ(items(dialog().List(2)), std::vector<std::string>{"caf\xE9.gif"});
   search(".jpg");
   EXPECT_EQ(items(dialog().List(2)),
             (std::vector<std::string>{"img1.jpg", "img2.jpg", "img3.jpg"}));

@@ -53,6 +53,14 @@ TEST_F(Saveimg, CopiesTheBytesThroughTheMainWindowsDialog) {
   EXPECT_TRUE(form1().Timer5.Enabled());
 }
 
+TEST_F(Saveimg, NamesThatAreNoTextAreCopiedAsTheyAre) {
+  const auto odd = pictures / "caf\xE9.tif", copy = root / "copie \xFF.tif";
+  std::filesystem::copy_file(source, odd);
+  host.queueSaveFile(copy.string());
+  pSaveimg(*program, odd.string());
+  EXPECT_EQ(bytesOf(copy), bytesOf(source));
+}
+
 TEST_F(Saveimg, AConfirmedNameThatExistsIsOverwritten) {
   std::ofstream(target) << "older and longer bytes";
   host.queueSaveFile(target);
