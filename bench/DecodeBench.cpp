@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "codecs/PictureBombs.h"
 #include "codecs/TestImages.h"
 #include "platform/codecs/Codecs.h"
 
@@ -35,10 +36,17 @@ void DecodeAt(benchmark::State& state, const std::vector<uint8_t>& bytes, int wi
 void BM_Jpeg12MpFull(benchmark::State& state) { DecodeAt(state, Jpeg12Mp(), 0, 0); }
 void BM_Jpeg12MpEighth(benchmark::State& state) { DecodeAt(state, Jpeg12Mp(), 500, 375); }
 void BM_Png2Mp(benchmark::State& state) { DecodeAt(state, Png2Mp(), 0, 0); }
+void BM_Png2MpHalvedToACell(benchmark::State& state) { DecodeAt(state, Png2Mp(), 180, 135); }
+void BM_LargestPngHalvedToACell(benchmark::State& state) {
+  static const auto bytes = codecs::testing::LargestPng().bytes;
+  DecodeAt(state, bytes, 180, 135);
+}
 
 BENCHMARK(BM_Jpeg12MpFull)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Jpeg12MpEighth)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Png2Mp)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_Png2MpHalvedToACell)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_LargestPngHalvedToACell)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 

@@ -33,14 +33,17 @@ BlockReducer::BlockReducer(gdi::Surface& out, int sourceWidth, int factor)
       sums_(static_cast<size_t>(out.Width()) * 4, 0) {}
 
 void BlockReducer::AddRow(const uint32_t* row) {
-  for (int x = 0; x < sourceWidth_; ++x) {
-    const uint32_t p = row[x];
-    const uint64_t weight = weighted_ ? gdi::AlphaOf(p) : 1;
-    uint64_t* sum = &sums_[static_cast<size_t>(x / factor_) * 4];
-    sum[0] += gdi::BlueOf(p) * weight;
-    sum[1] += gdi::GreenOf(p) * weight;
-    sum[2] += gdi::RedOf(p) * weight;
-    sum[3] += gdi::AlphaOf(p);
+  uint64_t* sum = sums_.data();
+  for (int x = 0; x < sourceWidth_; sum += 4) {
+    const int blockEnd = std::min(sourceWidth_, x + factor_);
+    for (; x < blockEnd; ++x) {
+      const uint32_t p = row[x];
+      const uint64_t weight = weighted_ ? gdi::AlphaOf(p) : 1;
+      sum[0] += gdi::BlueOf(p) * weight;
+      sum[1] += gdi::GreenOf(p) * weight;
+      sum[2] += gdi::RedOf(p) * weight;
+      sum[3] += gdi::AlphaOf(p);
+    }
   }
   if (++rowsInBand_ == factor_) EmitBand();
 }
