@@ -9,7 +9,7 @@ cd "$(dirname "$0")/.."
 seconds=${1:-600}
 shift || true
 targets=("$@")
-[ ${#targets[@]} -gt 0 ] || targets=(probe jpeg png tiff gif bmp ico)
+[ ${#targets[@]} -gt 0 ] || targets=(probe jpeg png tiff gif bmp ico dib icondata)
 
 # The corpus files each target starts from, by extension; probe takes every format.
 extensions() {
@@ -19,9 +19,9 @@ extensions() {
     png) echo png ;;
     tiff) echo tif tiff ;;
     gif) echo gif ;;
-    bmp) echo bmp dib ;;
-    ico) echo ico cur ;;
-    *) echo "unknown target: $1 (probe jpeg png tiff gif bmp ico)" >&2 && exit 2 ;;
+    bmp | dib) echo bmp dib ;;
+    ico | icondata) echo ico cur ;;
+    *) echo "unknown target: $1 (probe jpeg png tiff gif bmp ico dib icondata)" >&2 && exit 2 ;;
   esac
 }
 for target in "${targets[@]}"; do extensions "$target" >/dev/null; done

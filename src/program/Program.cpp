@@ -18,6 +18,7 @@ Program::Program(tk::Host& host, tk::EventLoop::Clock clock, tk::Screen screen, 
       Form3(runtime),
       FormScreenCapture(runtime),
       frmMenu(runtime) {
+  pictures.setPoster([this](PictureServices::Call call) { runtime.loop().post(std::move(call)); });
   fields.add("sIniPath", shell.sIniPath);
   fields.add("sInstallDir", shell.sInstallDir);
   fields.add("sDest", shell.sDest);
