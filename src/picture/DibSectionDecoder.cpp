@@ -6,8 +6,7 @@
 
 namespace vellumry {
 
-DibSectionDecoder::DibSectionDecoder(PictureOrigin origin, gdi::Size natural,
-                                     gdi::AlphaMode stored)
+DibSectionDecoder::DibSectionDecoder(PictureOrigin origin, gdi::Size natural, gdi::AlphaMode stored)
     : origin_(std::move(origin)), natural_(natural), stored_(stored) {}
 
 bool DibSectionDecoder::HasAlpha() const {

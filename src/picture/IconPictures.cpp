@@ -92,7 +92,8 @@ gdi::Picture StdPictureEx::LoadIconData(std::span<const uint8_t> Data, int32_t& 
   if (resource->rows.size() > 1 && ColorDepth < 1) ColorDepth = kDisplayBitsPerPixel;
   auto chosen = codecs::LoadIconImage(Data, *resource, Width, Height, ColorDepth);
   if (!chosen) return {};
-  gdi::Picture picture = gdi::Picture::FromIcon(std::move(chosen->image), services_.twipsPerPixel());
+  gdi::Picture picture =
+      gdi::Picture::FromIcon(std::move(chosen->image), services_.twipsPerPixel());
   if (!picture) return {};
   if (KeepOriginalFormat) {
     Record.SourceBytes = OneImageFile(Data, chosen->row);

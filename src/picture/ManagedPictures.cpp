@@ -13,9 +13,7 @@ class StdPictureEx::Keeper : public gdi::PictureManager,
   Keeper(StdPictureEx& owner, PictureServices& services) : owner_(&owner), services_(services) {}
   // Managed bitmaps hold premultiplied pixels and icons their alpha or mask, which the
   // picture's own drawing blends over the target at any size.
-  bool Render(const gdi::Picture&, gdi::Surface&, const gdi::RenderArgs&) override {
-    return false;
-  }
+  bool Render(const gdi::Picture&, gdi::Surface&, const gdi::RenderArgs&) override { return false; }
   void Released(uint32_t handle) override {
     services_.post([keeper = weak_from_this(), handle] {
       if (auto self = keeper.lock(); self && self->owner_) self->owner_->RemoveRecord(handle);

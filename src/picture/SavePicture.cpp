@@ -76,7 +76,9 @@ void StdPictureEx::SavePicture(const gdi::Picture& Picture, SaveDestination& Des
     // 32 bits start transparent and take the picture's alpha; 24 bits show it over BackColor.
     gdi::Surface section(width, height,
                          alpha ? gdi::AlphaMode::kPremultiplied : gdi::AlphaMode::kOpaque);
-    if (!alpha) gdi::Fill(section, {0, 0, width, height}, tk::pixelOf(static_cast<uint32_t>(BackColor)));
+    if (!alpha) {
+      gdi::Fill(section, {0, 0, width, height}, tk::pixelOf(static_cast<uint32_t>(BackColor)));
+    }
     Picture.Render(section, 0, 0, width, height, 0, Picture.Height() - 1, Picture.Width(),
                    -Picture.Height());
     if (variable) {

@@ -56,7 +56,6 @@ PictureOrigin OriginOf(const Stream& stream, const std::string& path, bool keep)
 
 }  // namespace
 
-
 StdPictureEx::Arguments StdPictureEx::NormaliseArguments(int32_t IconSize, int32_t ColorDepth,
                                                          int32_t Width, int32_t Height,
                                                          bool KeepOriginalFormat,
@@ -127,9 +126,8 @@ gdi::Picture StdPictureEx::LoadFromBytes(const Stream& stream, const std::string
     // The full decoders read these straight away.
   } else if (low == 0 && (high == kTypeIcon || high == kTypeCursor)) {
     magic = 0;
-    if (gdi::Picture picture =
-            LoadIconData(*stream, args.Width, args.Height, args.IconSize, args.ColorDepth,
-                         args.KeepOriginalFormat, record)) {
+    if (gdi::Picture picture = LoadIconData(*stream, args.Width, args.Height, args.IconSize,
+                                            args.ColorDepth, args.KeepOriginalFormat, record)) {
       return picture;
     }
   } else {
@@ -163,7 +161,8 @@ gdi::Picture StdPictureEx::LoadFromDib(const Stream& stream, const std::string& 
   }
   gdi::Picture picture =
       MakeDibPicture(services_, OriginOf(stream, path, false), pixels.Dimensions(), stored);
-  const bool alpha = stored == gdi::AlphaMode::kStraight || stored == gdi::AlphaMode::kPremultiplied;
+  const bool alpha =
+      stored == gdi::AlphaMode::kStraight || stored == gdi::AlphaMode::kPremultiplied;
   if (picture && alpha) record.Flags = FlagsOf(kKindBitmap);
   return picture;
 }

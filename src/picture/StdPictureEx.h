@@ -27,8 +27,7 @@ using PictureSource = std::variant<std::monostate, std::string, ByteArray, gdi::
 
 // Where SavePicture writes: a file name, a byte array that receives the bytes, or a picture
 // variable that receives a new picture. A number (or nothing) is none of these.
-using SaveDestination =
-    std::variant<std::monostate, std::string, ByteArray, gdi::Picture, int32_t>;
+using SaveDestination = std::variant<std::monostate, std::string, ByteArray, gdi::Picture, int32_t>;
 
 // A seekable block of bytes held in memory, shared by those that read it.
 using Stream = std::shared_ptr<const std::vector<uint8_t>>;
@@ -63,8 +62,8 @@ class StdPictureEx {
   // LoadPicture, and the rest the bytes the picture was read from. An empty picture does nothing.
   // Raises tk::Error with the source "SavePicture": 17 for a destination of no known kind, 7 when
   // the bitmap can't be made, 5 when there are no source bytes, and a failed file's error.
-  void SavePicture(const gdi::Picture& Picture, SaveDestination& Destination,
-                   bool AsBitmap = false, int32_t KeepAlpha = 0, int32_t BackColor = 0);
+  void SavePicture(const gdi::Picture& Picture, SaveDestination& Destination, bool AsBitmap = false,
+                   int32_t KeepAlpha = 0, int32_t BackColor = 0);
   // Sub-images of a managed multi-page picture: their count and the current one (from 1); 0 for
   // a picture without a row. An icon has none: one image was chosen.
   int32_t SubImageCount(const gdi::Picture& picture);

@@ -36,9 +36,9 @@ gdi::Picture StdPictureEx::SelectTiffPage(const gdi::Picture&, int32_t row) {
   const int page = static_cast<int>(SubImageOf(record.Flags)) - 1;
   auto decoded = codecs::DecodeTiff(*record.SourceBytes, page, {});
   if (!decoded) return {};
-  gdi::Picture picture = gdi::Picture::FromSurface(
-      gdi::ConvertAlpha(decoded->surface, gdi::AlphaMode::kPremultiplied),
-      services_.twipsPerPixel());
+  gdi::Picture picture =
+      gdi::Picture::FromSurface(gdi::ConvertAlpha(decoded->surface, gdi::AlphaMode::kPremultiplied),
+                                services_.twipsPerPixel());
   // The new picture takes the row over; the old one finds none when it goes.
   record.PictureKey = picture.Handle();
   record.DispatchKey = picture.Handle();

@@ -36,8 +36,7 @@ TEST(ClassifyAlpha, DecidesByTheFirstPixelThatProvesAKind) {
       {"a run of one value counts once", {0x40404040, 0x40404040, 0x40404040}, kPremultiplied},
   };
   for (const Case& c : cases) {
-    EXPECT_EQ(ClassifyAlpha(c.pixels, static_cast<int>(c.pixels.size()), 1), c.expected)
-        << c.name;
+    EXPECT_EQ(ClassifyAlpha(c.pixels, static_cast<int>(c.pixels.size()), 1), c.expected) << c.name;
   }
 }
 

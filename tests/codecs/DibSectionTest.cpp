@@ -65,8 +65,8 @@ struct Bmp {
 };
 
 // Two rows of two 24-bit pixels, bottom row first: blue, green over red, white.
-const std::vector<uint8_t> kRgbRows = {0xFF, 0,    0,    0, 0xFF, 0, 0, 0,
-                                       0,    0,    0xFF, 0xFF, 0xFF, 0xFF, 0, 0};
+const std::vector<uint8_t> kRgbRows = {0xFF, 0, 0,    0,    0xFF, 0,    0, 0,
+                                       0,    0, 0xFF, 0xFF, 0xFF, 0xFF, 0, 0};
 
 TEST(DibSection, HeaderSizesFrom40To124) {
   for (const uint32_t size : {40u, 52u, 56u, 108u, 124u}) {

@@ -5,11 +5,12 @@
 
 #include "codecs/TestImages.h"
 #include "platform/codecs/IconResource.h"
-#include "platform/gdi/FileWriters.h"
 
 namespace vellumry::codecs {
 namespace {
 
+using testing::IconFile;
+using testing::IconImageBytes;
 using testing::MakePng;
 
 void Put16(std::vector<uint8_t>& out, uint32_t v) {
@@ -33,42 +34,6 @@ std::vector<uint8_t> DibHeaderOnly(int size, int depth) {
   Put16(image, static_cast<uint32_t>(depth));
   image.resize(40, 0);
   return image;
-}
-
-// A whole icon image of one colour, with its AND mask (32 bits with alpha when `argb` has any).
-std::vector<uint8_t> DibImage(int size, uint32_t argb) {
-  gdi::IconImage icon;
-  const bool alpha = (argb >> 24) != 0xFF;
-  icon.colour = gdi::Surface(size, size, alpha ? gdi::AlphaMode::kStraight : gdi::AlphaMode::kOpaque);
-  for (uint32_t& p : icon.colour.Pixels()) p = argb;
-  icon.andMask.assign(static_cast<size_t>(size) * size, 0);
-  icon.andMask[0] = 1;  // the top left pixel lets the target through
-  const std::vector<uint8_t> file = gdi::EncodeIco(icon);
-  return {file.begin() + 22, file.end()};
-}
-
-struct Image {
-  std::vector<uint8_t> bytes;
-  uint16_t hotspotX = 0;
-  uint16_t hotspotY = 0;
-};
-
-std::vector<uint8_t> IconFile(uint16_t type, const std::vector<Image>& images) {
-  std::vector<uint8_t> file;
-  Put16(file, 0);
-  Put16(file, type);
-  Put16(file, static_cast<uint32_t>(images.size()));
-  uint32_t offset = static_cast<uint32_t>(6 + 16 * images.size());
-  for (const Image& image : images) {
-    Put32(file, 0);  // width, height and colour bytes: never read
-    Put16(file, image.hotspotX);
-    Put16(file, image.hotspotY);
-    Put32(file, static_cast<uint32_t>(image.bytes.size()));
-    Put32(file, offset);
-    offset += static_cast<uint32_t>(image.bytes.size());
-  }
-  for (const Image& image : images) file.insert(file.end(), image.bytes.begin(), image.bytes.end());
-  return file;
 }
 
 TEST(IconKey, PacksDepthMeanSizePositionAndPng) {
@@ -110,9 +75,10 @@ TEST(IconResource, RefusesWhatDoesntFit) {
 }
 
 TEST(IconResource, SortsBySizeKeepingDirectoryOrderWithinASize) {
-  const auto resource = ReadIconResource(IconFile(
-      1, {{DibHeaderOnly(48, 32)}, {DibHeaderOnly(16, 32)}, {MakePng(testing::Gradient(32, 32))},
-          {DibHeaderOnly(16, 4)}}));
+  const auto resource = ReadIconResource(IconFile(1, {{DibHeaderOnly(48, 32)},
+                                                      {DibHeaderOnly(16, 32)},
+                                                      {MakePng(testing::Gradient(32, 32))},
+                                                      {DibHeaderOnly(16, 4)}}));
   ASSERT_TRUE(resource);
   std::vector<int> positions;
   for (const uint32_t key : resource->keys) positions.push_back(IconKeyPosition(key));
@@ -124,7 +90,7 @@ TEST(IconResource, SortsBySizeKeepingDirectoryOrderWithinASize) {
 
 // A resource of rows of the given sizes and depths, in directory order.
 IconResource Rows(const std::vector<std::pair<int, int>>& sizeAndDepth) {
-  std::vector<Image> images;
+  std::vector<testing::IconFileImage> images;
   for (const auto& [size, depth] : sizeAndDepth) images.push_back({DibHeaderOnly(size, depth)});
   return *ReadIconResource(IconFile(1, images));
 }
@@ -156,8 +122,9 @@ TEST(IconResource, ChoosesBySizeThenDepth) {
 }
 
 TEST(IconResource, TheChosenImageAtTheWantedSize) {
-  const std::vector<uint8_t> file =
-      IconFile(1, {{DibImage(16, 0xFF0000FF)}, {DibImage(32, 0xFF00FF00)}, {DibImage(48, 0xFFFF0000)}});
+  const std::vector<uint8_t> file = IconFile(1, {{IconImageBytes(16, 0xFF0000FF)},
+                                                 {IconImageBytes(32, 0xFF00FF00)},
+                                                 {IconImageBytes(48, 0xFFFF0000)}});
   const auto resource = ReadIconResource(file);
   ASSERT_TRUE(resource);
   const auto at32 = LoadIconImage(file, *resource, 32, 32, 32);
@@ -175,7 +142,7 @@ TEST(IconResource, TheChosenImageAtTheWantedSize) {
 }
 
 TEST(IconResource, ACursorKeepsItsHotSpotAndAlpha) {
-  const std::vector<uint8_t> file = IconFile(2, {{DibImage(8, 0x80FF0000), 3, 5}});
+  const std::vector<uint8_t> file = IconFile(2, {{IconImageBytes(8, 0x80FF0000), 3, 5}});
   const auto resource = ReadIconResource(file);
   ASSERT_TRUE(resource);
   const auto chosen = LoadIconImage(file, *resource, 0, 0, 32);

@@ -95,10 +95,9 @@ TEST_F(EngineCorpusTest, BmpSuiteQuestionableFiles) {
                                    "pal8os2sp.bmp", "pal8rlecut.bmp", "pal8rletrns.bmp",
                                    "rgb16faketrns.bmp", "rgb24prof2.bmp", "rgb32fakealpha.bmp",
                                    "rgba16-1924.bmp", "rgba16-4444.bmp", "rgba16-5551.bmp"}));
-  EXPECT_EQ(managed, (std::set<std::string>{"rgb32fakealpha.bmp", "rgba32-1.bmp",
-                                            "rgba32-1010102.bmp", "rgba32-2.bmp",
-                                            "rgba32-61754.bmp", "rgba32-81284.bmp",
-                                            "rgba32h56.bmp"}));
+  EXPECT_EQ(managed, (std::set<std::string>{
+                         "rgb32fakealpha.bmp", "rgba32-1.bmp", "rgba32-1010102.bmp", "rgba32-2.bmp",
+                         "rgba32-61754.bmp", "rgba32-81284.bmp", "rgba32h56.bmp"}));
 }
 
 TEST_F(EngineCorpusTest, BmpSuiteBadFilesAreRefusedOrReadSafely) {
@@ -112,8 +111,8 @@ TEST_F(EngineCorpusTest, BmpSuiteBadFilesAreRefusedOrReadSafely) {
   EXPECT_EQ(files, 20);
   // The others have harmless faults (sizes, densities, planes) or damaged pixel data that a
   // section shows as far as it goes.
-  EXPECT_EQ(refused, (std::set<std::string>{"badbitcount.bmp", "badpalettesize.bmp",
-                                            "badwidth.bmp", "reallybig.bmp", "rletopdown.bmp"}));
+  EXPECT_EQ(refused, (std::set<std::string>{"badbitcount.bmp", "badpalettesize.bmp", "badwidth.bmp",
+                                            "reallybig.bmp", "rletopdown.bmp"}));
 }
 
 TEST_F(EngineCorpusTest, IconEntriesChosenBySizeMatchTheirPngs) {
@@ -126,7 +125,8 @@ TEST_F(EngineCorpusTest, IconEntriesChosenBySizeMatchTheirPngs) {
     ASSERT_TRUE(resource) << name;
     for (const uint32_t key : resource->keys) {
       const int size = codecs::IconKeySize(key);
-      const auto reference = dir / (name + std::to_string(size) + "x" + std::to_string(size) + ".png");
+      const auto reference =
+          dir / (name + std::to_string(size) + "x" + std::to_string(size) + ".png");
       if (!std::filesystem::exists(reference)) continue;
       const gdi::Picture picture =
           ex.LoadPicture(ByteArray{bytes, 0, 1}, kIconSizeCustom, 32, size, size);
@@ -146,7 +146,8 @@ TEST_F(EngineCorpusTest, CursorsKeepTheirHotSpots) {
     const char* file;
     int size, hotspotX, hotspotY;
   };
-  for (const Cursor c : {Cursor{"24bipp-6x6.cur", 6, 4, 1}, Cursor{"24bipp-256x256.cur", 256, 254, 254}}) {
+  for (const Cursor c :
+       {Cursor{"24bipp-6x6.cur", 6, 4, 1}, Cursor{"24bipp-256x256.cur", 256, 254, 254}}) {
     const gdi::Picture picture = ex.LoadPicture((dir / c.file).string());
     ASSERT_TRUE(picture) << c.file;
     ASSERT_TRUE(picture.Icon()) << c.file;

@@ -7,8 +7,8 @@ namespace vellumry::codecs {
 
 // Pixel formats, by the values the picture engine passes around.
 inline constexpr uint32_t kPixelFormat24bppRGB = 0x21808;
-inline constexpr uint32_t kPixelFormat32bppARGB = 0x26200A;   // straight alpha
-inline constexpr uint32_t kPixelFormat32bppPARGB = 0xE200B;   // premultiplied alpha
+inline constexpr uint32_t kPixelFormat32bppARGB = 0x26200A;  // straight alpha
+inline constexpr uint32_t kPixelFormat32bppPARGB = 0xE200B;  // premultiplied alpha
 inline constexpr uint32_t kPixelFormat16bppARGB1555 = 0x61007;
 inline constexpr uint32_t kPixelFormat64bppPARGB = 0x1C400E;
 inline constexpr uint32_t kPixelFormat64bppARGB = 0x34400D;

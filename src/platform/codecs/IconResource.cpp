@@ -122,8 +122,8 @@ Expected<ChosenIcon> LoadIconImage(std::span<const uint8_t> bytes, const IconRes
     image->hotspotY = row.hotspotY;
   }
   const gdi::Size own = image->colour.Dimensions();
-  chosen.image = gdi::ScaleIcon(*image, {width > 0 ? width : own.width,
-                                         height > 0 ? height : own.height});
+  chosen.image =
+      gdi::ScaleIcon(*image, {width > 0 ? width : own.width, height > 0 ? height : own.height});
   return chosen;
 }
 
