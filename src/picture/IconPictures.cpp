@@ -2,6 +2,7 @@
 #include "picture/PictureServices.h"
 #include "picture/StdPictureEx.h"
 #include "platform/codecs/IconResource.h"
+#include "platform/gdi/FileWriters.h"
 
 namespace vellumry {
 
@@ -38,8 +39,7 @@ Stream OneImageFile(std::span<const uint8_t> data, int row) {
   file[4] = 1;
   file[5] = 0;
   file.insert(file.end(), data.begin() + rowAt, data.begin() + rowAt + 12);
-  const uint32_t offset = kHeaderBytes + kRowBytes;
-  for (int shift = 0; shift < 32; shift += 8) file.push_back(uint8_t(offset >> shift));
+  gdi::PutLe32(file, kHeaderBytes + kRowBytes);
   const auto bytes = data.subspan(image.offset, image.bytes);
   file.insert(file.end(), bytes.begin(), bytes.end());
   return std::make_shared<const std::vector<uint8_t>>(std::move(file));

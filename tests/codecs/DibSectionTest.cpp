@@ -4,19 +4,10 @@
 #include <vector>
 
 #include "platform/codecs/BmpCodec.h"
+#include "platform/gdi/FileWriters.h"
 
 namespace vellumry::codecs {
 namespace {
-
-void Put16(std::vector<uint8_t>& out, uint32_t v) {
-  out.push_back(static_cast<uint8_t>(v));
-  out.push_back(static_cast<uint8_t>(v >> 8));
-}
-
-void Put32(std::vector<uint8_t>& out, uint32_t v) {
-  Put16(out, v & 0xFFFF);
-  Put16(out, v >> 16);
-}
 
 struct Bmp {
   uint32_t headerSize = 40;
@@ -34,30 +25,30 @@ struct Bmp {
   std::vector<uint8_t> File() const {
     const bool masksInside = headerSize >= 52;
     std::vector<uint8_t> info;
-    Put32(info, headerSize);
-    Put32(info, static_cast<uint32_t>(width));
-    Put32(info, static_cast<uint32_t>(height));
-    Put16(info, 1);
-    Put16(info, bitCount);
-    Put32(info, compression);
-    Put32(info, static_cast<uint32_t>(pixels.size()));
-    Put32(info, 0);
-    Put32(info, 0);
-    Put32(info, colorsUsed);
-    Put32(info, 0);
+    gdi::PutLe32(info, headerSize);
+    gdi::PutLe32(info, static_cast<uint32_t>(width));
+    gdi::PutLe32(info, static_cast<uint32_t>(height));
+    gdi::PutLe16(info, 1);
+    gdi::PutLe16(info, bitCount);
+    gdi::PutLe32(info, compression);
+    gdi::PutLe32(info, static_cast<uint32_t>(pixels.size()));
+    gdi::PutLe32(info, 0);
+    gdi::PutLe32(info, 0);
+    gdi::PutLe32(info, colorsUsed);
+    gdi::PutLe32(info, 0);
     if (masksInside) {
-      for (const uint32_t m : masks) Put32(info, m);
+      for (const uint32_t m : masks) gdi::PutLe32(info, m);
     }
     info.resize(headerSize, 0);
     if (!masksInside) {
-      for (const uint32_t m : masks) Put32(info, m);
+      for (const uint32_t m : masks) gdi::PutLe32(info, m);
     }
-    for (const uint32_t c : palette) Put32(info, c);
+    for (const uint32_t c : palette) gdi::PutLe32(info, c);
     info.insert(info.end(), gap, 0xEE);
     std::vector<uint8_t> file = {'B', 'M'};
-    Put32(file, static_cast<uint32_t>(14 + info.size() + pixels.size()));
-    Put32(file, 0);
-    Put32(file, static_cast<uint32_t>(14 + info.size()));
+    gdi::PutLe32(file, static_cast<uint32_t>(14 + info.size() + pixels.size()));
+    gdi::PutLe32(file, 0);
+    gdi::PutLe32(file, static_cast<uint32_t>(14 + info.size()));
     file.insert(file.end(), info.begin(), info.end());
     file.insert(file.end(), pixels.begin(), pixels.end());
     return file;

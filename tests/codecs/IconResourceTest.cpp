@@ -5,6 +5,7 @@
 
 #include "codecs/TestImages.h"
 #include "platform/codecs/IconResource.h"
+#include "platform/gdi/FileWriters.h"
 
 namespace vellumry::codecs {
 namespace {
@@ -13,25 +14,15 @@ using testing::IconFile;
 using testing::IconImageBytes;
 using testing::MakePng;
 
-void Put16(std::vector<uint8_t>& out, uint32_t v) {
-  out.push_back(static_cast<uint8_t>(v));
-  out.push_back(static_cast<uint8_t>(v >> 8));
-}
-
-void Put32(std::vector<uint8_t>& out, uint32_t v) {
-  Put16(out, v & 0xFFFF);
-  Put16(out, v >> 16);
-}
-
 // The headers of a DIB icon image of `size` x `size` at `depth` bits, without pixels: enough
 // for the directory's reading.
 std::vector<uint8_t> DibHeaderOnly(int size, int depth) {
   std::vector<uint8_t> image;
-  Put32(image, 40);
-  Put32(image, static_cast<uint32_t>(size));
-  Put32(image, static_cast<uint32_t>(size * 2));
-  Put16(image, 1);
-  Put16(image, static_cast<uint32_t>(depth));
+  gdi::PutLe32(image, 40);
+  gdi::PutLe32(image, static_cast<uint32_t>(size));
+  gdi::PutLe32(image, static_cast<uint32_t>(size * 2));
+  gdi::PutLe16(image, 1);
+  gdi::PutLe16(image, static_cast<uint32_t>(depth));
   image.resize(40, 0);
   return image;
 }

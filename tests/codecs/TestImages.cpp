@@ -110,14 +110,8 @@ std::vector<uint8_t> IconImageBytes(int size, uint32_t argb) {
 
 std::vector<uint8_t> IconFile(uint16_t type, const std::vector<IconFileImage>& images) {
   std::vector<uint8_t> file;
-  const auto put16 = [&file](uint32_t v) {
-    file.push_back(static_cast<uint8_t>(v));
-    file.push_back(static_cast<uint8_t>(v >> 8));
-  };
-  const auto put32 = [&put16](uint32_t v) {
-    put16(v & 0xFFFF);
-    put16(v >> 16);
-  };
+  const auto put16 = [&file](uint32_t v) { gdi::PutLe16(file, v); };
+  const auto put32 = [&file](uint32_t v) { gdi::PutLe32(file, v); };
   put16(0);
   put16(type);
   put16(static_cast<uint32_t>(images.size()));
