@@ -91,9 +91,13 @@ gdi::Picture StdPictureEx::LoadPicture(const PictureSource& Source, int32_t Icon
       picture = LoadFromBytes(MakeStream(array->bytes), {}, args, record);
     }
   } else if (const auto* source = std::get_if<gdi::Picture>(&Source)) {
-    // Nothing yet turns one picture into another, so a picture stands for itself.
-    if (*source && source->Handle() != 0) picture = *source;
+    if (*source && source->Handle() != 0) {
+      picture = LoadFromPicture(*source, args, record);
+      if (!picture) picture = *source;
+    }
   }
+  if (picture && args.ConvertTo == 1) picture = ConvertToBitmap(picture, record);
+  if (picture && args.ConvertTo == 3) picture = ConvertToIcon(picture, record, args);
   if (picture && record.Flags != 0) {
     record.PictureKey = picture.Handle();
     record.DispatchKey = picture.Handle();

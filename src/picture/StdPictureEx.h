@@ -105,6 +105,16 @@ class StdPictureEx {
   // A "BM" file through a DIB section: 32-bit pixels whose fourth byte proves to be alpha give a
   // managed picture (Flags 1) with premultiplied pixels. Nothing when the section can't be made.
   gdi::Picture LoadFromDib(const Stream& stream, const std::string& path, PictureRecord& record);
+  // A copy of `picture` owned here: its source bytes read again, or its pixels or icon copied and
+  // examined. Nothing when no copy could be made (the record is then cleared).
+  gdi::Picture LoadFromPicture(const gdi::Picture& picture, Arguments& args, PictureRecord& record);
+  // A bitmap picture over `pixels`, managed (Flags 1) when their fourth byte proves to be alpha.
+  gdi::Picture ExamineBitmap(gdi::Surface pixels, PictureRecord& record);
+  // `picture` as a bitmap: an icon's colour with its alpha or mask; a bitmap stays itself.
+  gdi::Picture ConvertToBitmap(const gdi::Picture& picture, PictureRecord& record);
+  // `picture` as an icon of one image made from a bitmap's pixels; an icon stays itself.
+  gdi::Picture ConvertToIcon(const gdi::Picture& picture, PictureRecord& record,
+                             const Arguments& args);
   // The page the row's current sub-image names, drawn into a new picture that takes the row.
   gdi::Picture SelectTiffPage(const gdi::Picture& picture, int32_t row);
   // Bytes that `picture` was read from: its own kept bytes or its row's; null when none.
