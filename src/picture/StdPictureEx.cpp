@@ -28,7 +28,8 @@ uint32_t MagicOf(const std::vector<uint8_t>& bytes) {
   return bytes[0] | (bytes[1] << 8) | (bytes[2] << 16) | (uint32_t{bytes[3]} << 24);
 }
 
-int32_t KindOfFormat(codecs::Format format) {
+// The kind (PictureKind) of what the full decoders read; metafiles and icons give 0.
+int32_t ImageKind(codecs::Format format) {
   switch (format) {
     case codecs::Format::kBmp:
       return kKindBitmap;
@@ -197,7 +198,7 @@ gdi::Picture StdPictureEx::LoadThroughGdiPlus(const Stream& stream, const std::s
                                               bool KeepOriginalFormat, PictureRecord& record) {
   const auto info = codecs::Probe(*stream);
   if (!info) return {};
-  const int32_t kind = KindOfFormat(info->format);
+  const int32_t kind = ImageKind(info->format);
   record.Flags = FlagsOf(kind);
   switch (kind) {
     case kKindBitmap:

@@ -51,8 +51,9 @@ class StdPictureEx {
   StdPictureEx& operator=(const StdPictureEx&) = delete;
 
   // A picture of `Source`, or an empty one: failures are never raised. A file or bytes are read
-  // by content; a picture source comes back as itself. IconSize, ColorDepth, Width and Height
-  // choose among the images of an icon file; KeepOriginalFormat keeps the source bytes.
+  // by content; a picture source gives a copy owned here, or itself when none can be made.
+  // IconSize, ColorDepth, Width and Height choose among the images of an icon file;
+  // KeepOriginalFormat keeps the source bytes; ConvertTo 1 makes a bitmap, 3 an icon.
   gdi::Picture LoadPicture(const PictureSource& Source, int32_t IconSize = -1,
                            int32_t ColorDepth = 0, int32_t Width = 0, int32_t Height = 0,
                            bool KeepOriginalFormat = false, int32_t ConvertTo = 0);
@@ -131,7 +132,8 @@ class StdPictureEx {
   gdi::Picture LoadThroughGdiPlus(const Stream& stream, const std::string& path,
                                   bool KeepOriginalFormat, PictureRecord& record);
   void AddRecord(const PictureRecord& record);
-  void RemoveRecord(uint32_t pictureKey);
+  // Drops the row whose keys are `key`; the last row takes its place.
+  void RemoveRecord(uint32_t key);
 
   // Whether `picture` draws and reports its release through this class.
   bool DrawsHere(const gdi::Picture& picture) const;
