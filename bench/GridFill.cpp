@@ -22,17 +22,13 @@
 // jpeglib.h needs size_t and FILE declared first.
 #include <jpeglib.h>
 
+#include "HeadlessProgram.h"
 #include "codecs/TestImages.h"
 #include "picture/Module1.h"
 #include "picture/PictureServices.h"
 #include "picture/PlainLoader.h"
-#include "platform/os/SettingsFile.h"
 #include "platform/toolkit/Error.h"
-#include "platform/toolkit/HeadlessHost.h"
-#include "program/INIFunctions.h"
-#include "program/Program.h"
 #include "shell/Form1.h"
-#include "shell/Main.h"
 
 using namespace vellumry;
 
@@ -178,36 +174,11 @@ double FillRate(vellumry::PictureServices& services, const std::vector<std::stri
   return static_cast<double>(files.size()) / Seconds(start);
 }
 
-// (d) The whole program on the real clock: the start, Timer1's ticks every 12 ms and pres on each
-// file, until the grid is loaded and every cell's pixels are decoded. Counted from the first tick.
+// (d) The whole program on the real clock, counted from the first tick.
 double ProgramFillRate(const fs::path& folder, const fs::path& home) {
-  fs::create_directories(home);
-  const std::string ini = (home / "OstrelWorks.INI").string();
-  os::CreateSettingsFileIfMissing(ini);
-  WriteIni(ini, "Settings", "rows", "6");
-  tk::HeadlessHost host;
-  vellumry::Program program(host, tk::EventLoop::Clock::Real, tk::Screen::ofPixels(1920, 1080),
-                            {home.string(), home.string(), folder.string()});
-  vellumry::Main(program);
-  tk::EventLoop& loop = program.runtime.loop();
-  auto step = [&] {
-    const int64_t wait = loop.runDue();
-    if (wait > 0) std::this_thread::sleep_for(std::chrono::milliseconds(wait));
-  };
-  while (program.Form1().Timer1.Interval() == 0) step();
-  const auto start = Clock::now();
-  while (!program.Form1().bLoaded) step();
-  program.pictures.drain();
-  return program.Form1().nCount / Seconds(start);
-}
-
-long PeakKilobytes() {
-  std::ifstream status("/proc/self/status");
-  std::string line;
-  while (std::getline(status, line)) {
-    if (line.rfind("VmHWM:", 0) == 0) return std::stol(line.substr(6));
-  }
-  return -1;
+  vellumry::bench::HeadlessProgram run(folder, home);
+  const double seconds = run.LoadSeconds();
+  return run.program.Form1().nCount / seconds;
 }
 
 // (c) In a process of its own, so that nothing else has raised its peak.
@@ -219,7 +190,8 @@ int MemoryRun(const fs::path& root) {
   std::printf(
       "(c) %zu JPEGs of 12 MP: filled at %.1f cells/s, cache %.1f MB, peak memory %.1f MB"
       " (target under 400)\n",
-      files.size(), rate, services.cache()->BytesInUse() / 1048576.0, PeakKilobytes() / 1024.0);
+      files.size(), rate, services.cache()->BytesInUse() / 1048576.0,
+      vellumry::bench::PeakKilobytes() / 1024.0);
   return 0;
 }
 

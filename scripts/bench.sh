@@ -7,3 +7,4 @@ bash scripts/build.sh build
 export QT_QPA_PLATFORM=offscreen
 for bench in decode_bench grid_ticks_bench repaint_bench; do build/bench/$bench; done
 build/bench/grid_fill
+build/bench/picture_bombs

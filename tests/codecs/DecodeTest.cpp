@@ -1,7 +1,10 @@
 // Native scaling, budget refusals, and formats built here with known contents.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "codecs/TestImages.h"
+#include "platform/codecs/BlockReducer.h"
 #include "platform/codecs/BmpCodec.h"
 #include "platform/codecs/Codecs.h"
 #include "platform/codecs/GifCodec.h"
@@ -23,6 +26,51 @@ TEST(Decode, JpegScalesInEighthsToTheSmallestSizeCoveringTheRequest) {
   const auto odd = testing::MakeJpeg(17, 9);
   EXPECT_EQ(Decode(odd, 3, 2)->surface.Dimensions(), (gdi::Size{3, 2}));
   EXPECT_EQ(Decode(odd, 4, 1)->surface.Dimensions(), (gdi::Size{5, 3}));
+}
+
+TEST(Decode, PngHalvesWhileReadingToTheSmallestSizeCoveringTheRequest) {
+  gdi::Surface picture(101, 60, gdi::AlphaMode::kStraight);
+  for (int y = 0; y < 60; ++y) {
+    for (int x = 0; x < 101; ++x) picture.SetPixel(x, y, gdi::Argb(x % 7 ? 255 : 0, x, y, 200));
+  }
+  const auto png = testing::MakePng(picture);
+  const gdi::Surface full = Decode(png)->surface;
+  for (const auto& [wanted, size, factor] : {std::tuple{gdi::Size{20, 10}, gdi::Size{26, 15}, 4},
+                                             {{26, 16}, {51, 30}, 2},
+                                             {{1, 1}, {1, 1}, 128},
+                                             {{101, 60}, {101, 60}, 1},
+                                             {{500, 1}, {101, 60}, 1}}) {
+    SCOPED_TRACE(size.width);
+    const gdi::Surface small = Decode(png, wanted.width, wanted.height)->surface;
+    ASSERT_EQ(small.Dimensions(), size);
+    EXPECT_EQ(small.Alpha(), gdi::AlphaMode::kStraight);
+    // Row by row, the same as shrinking the whole picture.
+    const gdi::Surface reference = factor == 1 ? full : Reduce(full, factor);
+    for (int y = 0; y < size.height; ++y) {
+      for (int x = 0; x < size.width; ++x) ASSERT_EQ(small.Pixel(x, y), reference.Pixel(x, y));
+    }
+  }
+}
+
+TEST(Decode, ShrinkingAveragesBlocksWeightingColourByAlpha) {
+  gdi::Surface picture(3, 3, gdi::AlphaMode::kStraight);
+  // A block of one opaque red pixel and three clear green ones, a partial column, a partial row.
+  const uint32_t red = gdi::Argb(255, 255, 0, 0), clearGreen = gdi::Argb(0, 0, 255, 0);
+  const uint32_t grey = gdi::Argb(255, 100, 100, 100), white = gdi::Argb(255, 255, 255, 255);
+  const uint32_t rows[3][3] = {
+      {red, clearGreen, grey}, {clearGreen, clearGreen, white}, {grey, white, clearGreen}};
+  for (int y = 0; y < 3; ++y) {
+    for (int x = 0; x < 3; ++x) picture.SetPixel(x, y, rows[y][x]);
+  }
+  const gdi::Surface small = Reduce(picture, 2);
+  ASSERT_EQ(small.Dimensions(), (gdi::Size{2, 2}));
+  EXPECT_EQ(small.Pixel(0, 0), gdi::Argb(64, 255, 0, 0));  // no green: those pixels are clear
+  EXPECT_EQ(small.Pixel(1, 0), gdi::Argb(255, 178, 178, 178));
+  EXPECT_EQ(small.Pixel(0, 1), gdi::Argb(255, 178, 178, 178));
+  EXPECT_EQ(small.Pixel(1, 1), gdi::Argb(0, 0, 0, 0));
+
+  picture.SetAlpha(gdi::AlphaMode::kOpaque);  // without alpha, every pixel counts alike
+  EXPECT_EQ(Reduce(picture, 2).Pixel(0, 0), gdi::Argb(64, 64, 191, 0));
 }
 
 TEST(Decode, HeadersAskingForMoreThanTheBudgetAreRefusedBeforeAllocating) {

@@ -1,7 +1,9 @@
 // Each file's picture fitted into its cell by the roads and rules of the grid.
 #include <QImage>
+#include <set>
 
 #include "ProgramFixture.h"
+#include "codecs/PictureBombs.h"
 
 using namespace vellumry;
 
@@ -19,9 +21,9 @@ class ThumbnailsTest : public ProgramFixture {
     image.fill(QColor(200, 40, 90, 128));
     ASSERT_TRUE(image.save(QString::fromStdString((pictures / name).string()), format));
   }
-  vellumry::Form1& load() {
+  vellumry::Form1& load(int width = 2048, int height = 768) {
     program = std::make_unique<vellumry::Program>(
-        host, tk::EventLoop::Clock::Virtual, tk::Screen::ofPixels(2048, 768, 5),
+        host, tk::EventLoop::Clock::Virtual, tk::Screen::ofPixels(width, height, 5),
         vellumry::Places{home.string(), home.string(), pictures.string()});
     vellumry::Main(*program);
     wait(500);
@@ -130,6 +132,40 @@ TEST_F(ThumbnailsTest, ABrokenFileCostsOnlyItsCell) {
   }
   EXPECT_TRUE(f.Image123(1).Visible());
   EXPECT_TRUE(f.Image123(5).Visible());
+}
+
+TEST_F(ThumbnailsTest, PictureBombsCostOnlyTheirCells) {
+  // Claims beyond the pixel budget of 1 GiB are refused from the header; the rest decode small.
+  const std::set<std::string> refused = {
+      "png-65535x65535.png",    "png-2147483647x1.png",  "jpeg-65535x65535.jpg",
+      "gif-65535x65535.gif",    "tiff-65535x65535.tif",  "tiff-2147483647x2147483647.tif",
+      "bmp-2147483647x1.bmp",   "bmp-1x-2147483648.bmp", "ico-png-65535x65535.ico",
+      "ico-bmp-2147483647.ico", "gif-frame-far-out.gif"};
+  const auto bombs = codecs::testing::PictureBombs();
+  for (const auto& bomb : bombs) {
+    std::ofstream(pictures / bomb.name, std::ios::binary)
+        .write(reinterpret_cast<const char*>(bomb.bytes.data()),
+               static_cast<std::streamsize>(bomb.bytes.size()));
+  }
+  picture("zz-after.png", 40, 30, "PNG");
+  setting("rows", "5");  // 45 cells: all on one page, none rolled out of sight
+  vellumry::Form1& f = load(4096, 2160);
+  ASSERT_TRUE(f.bLoaded);
+  ASSERT_EQ(f.nCount, static_cast<int>(bombs.size()) + 1);
+  for (const auto& bomb : bombs) {
+    SCOPED_TRACE(bomb.name);
+    const int i = position(bomb.name);
+    const tk::Image& pic = f.Image123(i);
+    if (refused.contains(bomb.name)) {
+      EXPECT_FALSE(pic.Visible());
+      EXPECT_EQ(program->grid.aPicW[i], 0);
+    } else {
+      ASSERT_TRUE(pic.Visible());
+      EXPECT_GT(program->grid.aPicW[i], 0);
+      EXPECT_TRUE(pic.Picture().Pixels({1, 1}) || pic.Picture().Icon());
+    }
+  }
+  EXPECT_TRUE(f.Image123(position("zz-after.png")).Visible());
 }
 
 }  // namespace

@@ -1,9 +1,11 @@
 #include "platform/codecs/Codecs.h"
 
+#include "platform/codecs/BlockReducer.h"
 #include "platform/codecs/BmpCodec.h"
 #include "platform/codecs/GifCodec.h"
 #include "platform/codecs/IcoCodec.h"
 #include "platform/codecs/JpegCodec.h"
+#include "platform/codecs/Limits.h"
 #include "platform/codecs/MetafileProbe.h"
 #include "platform/codecs/PngCodec.h"
 #include "platform/codecs/TiffCodec.h"
@@ -34,6 +36,12 @@ Expected<ImageInfo> Probe(std::span<const uint8_t> bytes) {
   for (const ProbeFn probe :
        {ProbeJpeg, ProbePng, ProbeGif, ProbeTiff, ProbeBmp, ProbeIcon, ProbeMetafile}) {
     auto info = probe(bytes);
+    // A picture too large to ever be decoded is refused as soon as its header is read, so that
+    // nobody sizes a cell or a window for it.
+    if (info && info->width > 0 && info->height > 0 &&
+        !FitsPixelBudget(info->width, info->height)) {
+      return Error::kTooLarge;
+    }
     if (info || info.error() != Error::kUnknownFormat) return info;
   }
   return Error::kUnknownFormat;
@@ -47,6 +55,8 @@ std::vector<gdi::Size> NativeSizes(const ImageInfo& info) {
       return {};
     case Format::kJpeg:
       return JpegNativeSizes(info.width, info.height);
+    case Format::kPng:
+      return HalvedSizes(info.width, info.height);
     default:
       return {{info.width, info.height}};
   }
@@ -78,8 +88,12 @@ Expected<Decoded> Decode(std::span<const uint8_t> bytes, int wantedWidth, int wa
       }
       return DecodeJpeg(bytes, eighths, leniency);
     }
-    case Format::kPng:
-      return DecodePng(bytes, leniency);
+    case Format::kPng: {
+      const gdi::Size native = NativeSizeFor(*info, {wantedWidth, wantedHeight});
+      int reduction = 1;
+      while (Reduced(info->width, info->height, reduction) != native) reduction *= 2;
+      return DecodePng(bytes, leniency, reduction);
+    }
     case Format::kTiff:
       return DecodeTiff(bytes, 0, leniency);
     case Format::kGif:

@@ -33,12 +33,12 @@ struct Decoded {
 
 // Recognises the format from its first bytes and reads its header. Never touches pixel data.
 // Returns kUnknownFormat for anything it doesn't recognise, kTruncated/kCorrupt for a broken
-// header of a recognised format.
+// header of a recognised format, kTooLarge for a picture of more than kMaxPixelBytes.
 Expected<ImageInfo> Probe(std::span<const uint8_t> bytes);
 
 // Decodes the first image (frame, page, default icon entry) at the smallest size its format
-// produces directly that covers wantedWidth x wantedHeight (0, 0: full size). Only JPEG scales
-// natively, in eighths; the others come back at full size. EMF and WMF are refused
+// produces directly that covers wantedWidth x wantedHeight (0, 0: full size). JPEG scales
+// natively in eighths and PNG in halves; the others come back at full size. EMF and WMF are refused
 // (kUnsupported). Pictures whose header asks for more than kMaxPixelBytes are refused
 // (kTooLarge) before anything is allocated.
 Expected<Decoded> Decode(std::span<const uint8_t> bytes, int wantedWidth = 0, int wantedHeight = 0,

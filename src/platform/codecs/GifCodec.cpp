@@ -173,9 +173,9 @@ Expected<ImageInfo> ProbeGif(std::span<const uint8_t> bytes) {
       const auto frameHeight = in.Le16(at + 7);
       const auto frameFlags = in.U8(at + 9);
       if (!frameFlags) break;
-      if (info.frameCount == 0 && (info.width == 0 || info.height == 0)) {
-        info.width = *frameWidth;
-        info.height = *frameHeight;
+      if (info.frameCount == 0) {  // the canvas that DecodeGif makes
+        info.width = std::max<int>(info.width, *frameWidth);
+        info.height = std::max<int>(info.height, *frameHeight);
       }
       ++info.frameCount;
       at += 10 + ((*frameFlags & 0x80) ? 3u << ((*frameFlags & 7) + 1) : 0);

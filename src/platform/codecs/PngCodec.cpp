@@ -4,8 +4,10 @@
 
 #include <csetjmp>
 #include <cstring>
+#include <optional>
 #include <vector>
 
+#include "platform/codecs/BlockReducer.h"
 #include "platform/codecs/ByteReader.h"
 #include "platform/codecs/Limits.h"
 
@@ -62,9 +64,43 @@ int Channels(int colorType) {
 // Which stage a failing decode reached, to tell a damaged end from damaged pixels.
 enum class Stage { kHeader, kRows, kEnd, kDone };
 
-// The decode proper; objects it fills live in the caller (see the note on jumps in the JPEG
-// decoder).
-Stage RunDecode(Reader& r, Input& input, Decoded& out, std::vector<png_bytep>& rows, Error& error) {
+// What the decode works in; it lives in the caller (see the note on jumps in the JPEG decoder).
+struct Scratch {
+  std::vector<png_bytep> rows;
+  std::vector<uint32_t> row;
+  std::optional<BlockReducer> reducer;
+};
+
+// Rows are read one by one into the reducer, so that a shrunk picture never holds its full
+// pixels. An interlaced picture only completes its rows in the last pass, so it is read whole
+// and shrunk after.
+void ReadRowsShrinking(png_structp png, png_uint_32 width, png_uint_32 height, int reduction,
+                       Decoded& out, Scratch& scratch) {
+  const gdi::AlphaMode alpha = out.surface.Alpha();
+  const gdi::Size size = Reduced(static_cast<int>(width), static_cast<int>(height), reduction);
+  out.surface = gdi::Surface(size.width, size.height, alpha);
+  scratch.row.resize(width);
+  scratch.reducer.emplace(out.surface, static_cast<int>(width), reduction);
+  for (png_uint_32 y = 0; y < height; ++y) {
+    png_read_row(png, reinterpret_cast<png_bytep>(scratch.row.data()), nullptr);
+    scratch.reducer->AddRow(scratch.row.data());
+  }
+  scratch.reducer->Finish();
+}
+
+void ReadRowsWhole(png_structp png, png_uint_32 height, int reduction, Decoded& out,
+                   Scratch& scratch) {
+  scratch.rows.resize(height);
+  for (png_uint_32 y = 0; y < height; ++y) {
+    scratch.rows[y] = reinterpret_cast<png_bytep>(out.surface.Row(static_cast<int>(y)));
+  }
+  png_read_image(png, scratch.rows.data());
+  if (reduction > 1) out.surface = Reduce(out.surface, reduction);
+}
+
+// The decode proper; objects it fills live in the caller.
+Stage RunDecode(Reader& r, Input& input, int reduction, Decoded& out, Scratch& scratch,
+                Error& error) {
   png_structp png = r.png();
   png_infop info = r.info();
   volatile Stage stage = Stage::kHeader;  // read after a jump back
@@ -100,14 +136,16 @@ Stage RunDecode(Reader& r, Input& input, Decoded& out, std::vector<png_bytep>& r
     error = Error::kUnsupported;
     return stage;
   }
-  out.surface = gdi::Surface(static_cast<int>(width), static_cast<int>(height),
-                             alpha ? gdi::AlphaMode::kStraight : gdi::AlphaMode::kOpaque);
-  rows.resize(height);
-  for (png_uint_32 y = 0; y < height; ++y) {
-    rows[y] = reinterpret_cast<png_bytep>(out.surface.Row(static_cast<int>(y)));
-  }
+  const bool interlaced = png_get_interlace_type(png, info) != PNG_INTERLACE_NONE;
+  const gdi::AlphaMode mode = alpha ? gdi::AlphaMode::kStraight : gdi::AlphaMode::kOpaque;
   stage = Stage::kRows;
-  png_read_image(png, rows.data());
+  if (reduction > 1 && !interlaced) {
+    out.surface.SetAlpha(mode);
+    ReadRowsShrinking(png, width, height, reduction, out, scratch);
+  } else {
+    out.surface = gdi::Surface(static_cast<int>(width), static_cast<int>(height), mode);
+    ReadRowsWhole(png, height, reduction, out, scratch);
+  }
   stage = Stage::kEnd;
   png_read_end(png, nullptr);
   return Stage::kDone;
@@ -149,7 +187,8 @@ Expected<ImageInfo> ProbePng(std::span<const uint8_t> bytes) {
   return info;
 }
 
-Expected<Decoded> DecodePng(std::span<const uint8_t> bytes, const Leniency& leniency) {
+Expected<Decoded> DecodePng(std::span<const uint8_t> bytes, const Leniency& leniency,
+                            int reduction) {
   if (bytes.size() < 8 || std::memcmp(bytes.data(), kSignature, 8) != 0) {
     return Error::kUnknownFormat;
   }
@@ -158,9 +197,9 @@ Expected<Decoded> DecodePng(std::span<const uint8_t> bytes, const Leniency& leni
   Input input{bytes};
   Decoded out;
   out.info.format = Format::kPng;
-  std::vector<png_bytep> rows;
+  Scratch scratch;
   Error error = Error::kCorrupt;
-  const Stage reached = RunDecode(reader, input, out, rows, error);
+  const Stage reached = RunDecode(reader, input, reduction, out, scratch, error);
   if (reached == Stage::kDone || (reached == Stage::kEnd && leniency.pngMissingEnd)) return out;
   if (input.position >= bytes.size()) return Error::kTruncated;
   return error;

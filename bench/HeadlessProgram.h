@@ -1,0 +1,25 @@
+#pragma once
+// The whole program headless on the real clock, for benchmarks that measure what a user waits
+// for, and the peak memory of the process.
+#include <filesystem>
+
+#include "platform/toolkit/HeadlessHost.h"
+#include "program/Program.h"
+
+namespace vellumry::bench {
+
+// Peak resident memory of this process so far, in kilobytes.
+long PeakKilobytes();
+
+// The program on a 1920 x 1080 screen with six rows, its settings in `home`, opening `folder`.
+struct HeadlessProgram {
+  HeadlessProgram(const std::filesystem::path& folder, const std::filesystem::path& home);
+  // Runs the start, then Timer1's ticks and pres on each file until the grid is loaded and
+  // every cell's pixels are decoded. Seconds from the first tick.
+  double LoadSeconds();
+
+  tk::HeadlessHost host;
+  Program program;
+};
+
+}  // namespace vellumry::bench

@@ -1,0 +1,69 @@
+#include "platform/codecs/BlockReducer.h"
+
+#include <algorithm>
+
+namespace vellumry::codecs {
+
+gdi::Size Reduced(int width, int height, int factor) {
+  return {(width + factor - 1) / factor, (height + factor - 1) / factor};
+}
+
+std::vector<gdi::Size> HalvedSizes(int width, int height) {
+  std::vector<gdi::Size> sizes;
+  for (int factor = 1;; factor *= 2) {
+    sizes.insert(sizes.begin(), Reduced(width, height, factor));
+    if (sizes.front() == gdi::Size{1, 1} || factor == 1 << 30) return sizes;
+  }
+}
+
+gdi::Surface Reduce(const gdi::Surface& full, int factor) {
+  const gdi::Size size = Reduced(full.Width(), full.Height(), factor);
+  gdi::Surface out(size.width, size.height, full.Alpha());
+  BlockReducer reducer(out, full.Width(), factor);
+  for (int y = 0; y < full.Height(); ++y) reducer.AddRow(full.Row(y));
+  reducer.Finish();
+  return out;
+}
+
+BlockReducer::BlockReducer(gdi::Surface& out, int sourceWidth, int factor)
+    : out_(out),
+      sourceWidth_(sourceWidth),
+      factor_(factor),
+      weighted_(out.Alpha() == gdi::AlphaMode::kStraight),
+      sums_(static_cast<size_t>(out.Width()) * 4, 0) {}
+
+void BlockReducer::AddRow(const uint32_t* row) {
+  for (int x = 0; x < sourceWidth_; ++x) {
+    const uint32_t p = row[x];
+    const uint64_t weight = weighted_ ? gdi::AlphaOf(p) : 1;
+    uint64_t* sum = &sums_[static_cast<size_t>(x / factor_) * 4];
+    sum[0] += gdi::BlueOf(p) * weight;
+    sum[1] += gdi::GreenOf(p) * weight;
+    sum[2] += gdi::RedOf(p) * weight;
+    sum[3] += gdi::AlphaOf(p);
+  }
+  if (++rowsInBand_ == factor_) EmitBand();
+}
+
+void BlockReducer::Finish() {
+  if (rowsInBand_ > 0) EmitBand();
+}
+
+void BlockReducer::EmitBand() {
+  uint32_t* out = out_.Row(outRow_++);
+  for (int x = 0; x < out_.Width(); ++x) {
+    const uint64_t* sum = &sums_[static_cast<size_t>(x) * 4];
+    const uint64_t count =
+        static_cast<uint64_t>(std::min(factor_, sourceWidth_ - x * factor_)) * rowsInBand_;
+    const uint64_t weight = weighted_ ? sum[3] : count;
+    const auto colour = [&](int i) {
+      return static_cast<uint8_t>(weight == 0 ? 0 : (sum[i] + weight / 2) / weight);
+    };
+    out[x] = gdi::Argb(static_cast<uint8_t>((sum[3] + count / 2) / count), colour(2), colour(1),
+                       colour(0));
+  }
+  std::fill(sums_.begin(), sums_.end(), 0);
+  rowsInBand_ = 0;
+}
+
+}  // namespace vellumry::codecs

@@ -1,0 +1,18 @@
+#pragma once
+
+// Small files that claim enormous pictures or endless work, made here rather than downloaded:
+// a decoder must refuse each of them or decode it at a bounded cost.
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace vellumry::codecs::testing {
+
+struct PictureBomb {
+  std::string name;  // a file name with the format's extension
+  std::vector<uint8_t> bytes;
+};
+
+std::vector<PictureBomb> PictureBombs();
+
+}  // namespace vellumry::codecs::testing
