@@ -96,15 +96,5 @@ TEST_F(IconPicturesTest, KeepOriginalFormatKeepsAFileOfTheChosenImage) {
   EXPECT_EQ(again.PixelSize(), (gdi::Size{32, 32}));
 }
 
-TEST_F(IconPicturesTest, ACursorKeepsItsHotSpot) {
-  const std::vector<uint8_t> file = IconFile(2, {{IconImageBytes(16, 0x80123456), 7, 9}});
-  const gdi::Picture picture = ex.LoadPicture(ByteArray{file, 0, 1});
-  ASSERT_TRUE(picture);
-  ASSERT_TRUE(picture.Icon());
-  EXPECT_TRUE(picture.Icon()->isCursor);
-  EXPECT_EQ(picture.Icon()->hotspotX, 7);
-  EXPECT_EQ(picture.Icon()->hotspotY, 9);
-}
-
 }  // namespace
 }  // namespace vellumry
