@@ -25,7 +25,8 @@ struct IconImage {
   }
 };
 
-// `icon` at `size`: colour smoothed, mask by the nearest pixel. The same icon when it has that size.
+// `icon` at `size`: colour smoothed, mask by the nearest pixel. The same icon when it has that
+// size.
 IconImage ScaleIcon(const IconImage& icon, Size size);
 
 // Draws `icon` scaled into `target` of `dst`. With alpha it is blended by its alpha; without, each
