@@ -48,6 +48,7 @@ int main(int argc, char** argv) {
       argc > 1 ? fs::path(argv[1]) : fs::temp_directory_path() / "vellumry-picture-bombs";
   fs::remove_all(root);
   std::vector<codecs::testing::PictureBomb> files = codecs::testing::PictureBombs();
+  files.push_back(codecs::testing::LargestPng());
   files.push_back({"normal-4000x3000.jpg", codecs::testing::MakeJpeg(4000, 3000)});
   std::printf("| %-32s | %8s | %9s | %-7s |\n|---|---|---|---|\n", "file", "seconds", "peak +MB",
               "cell");

@@ -9,7 +9,7 @@ cd "$(dirname "$0")/.."
 seconds=${1:-600}
 shift || true
 targets=("$@")
-[ ${#targets[@]} -gt 0 ] || targets=(probe jpeg png tiff gif bmp ico dib icondata)
+[ ${#targets[@]} -gt 0 ] || targets=(probe jpeg png tiff gif bmp ico dib icondata linklist)
 
 # The corpus files each target starts from, by extension; probe takes every format.
 extensions() {
@@ -21,7 +21,8 @@ extensions() {
     gif) echo gif ;;
     bmp | dib) echo bmp dib ;;
     ico | icondata) echo ico cur ;;
-    *) echo "unknown target: $1 (probe jpeg png tiff gif bmp ico dib icondata)" >&2 && exit 2 ;;
+    linklist) echo txt ;;
+    *) echo "unknown target: $1 (probe jpeg png tiff gif bmp ico dib icondata linklist)" >&2 && exit 2 ;;
   esac
 }
 for target in "${targets[@]}"; do extensions "$target" >/dev/null; done

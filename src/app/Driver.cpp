@@ -8,6 +8,7 @@
 #include "app/ScriptWords.h"
 #include "picture/StdPictureEx.h"
 #include "platform/gdi/Blit.h"
+#include "platform/os/FileSystem.h"
 #include "platform/toolkit/Input.h"
 #include "platform/toolkit/ListControls.h"
 #include "platform/toolkit/PictureControls.h"
@@ -334,6 +335,13 @@ bool Driver::readingCommand(const Args& a) {
     auto* form = loadedForm(running(), a[1]);
     if (!form) raise(err::InvalidCall, "no loaded form " + a[1]);
     out_ << dumpJson(*form) << "\n";
+  } else if (verb == "setting") {
+    need(a, 3, "setting KEY VALUE");
+    running().WriteSetting(a[1], a[2]);
+  } else if (verb == "file") {
+    need(a, 2, "file FILE");
+    const auto bytes = os::ReadWholeFile(a[1]);
+    out_ << (bytes ? tk::jsonQuote(std::string(bytes->begin(), bytes->end())) : "missing") << "\n";
   } else if (verb == "picture") {
     need(a, 2, "picture PATH");
     out_ << pictureJson(running().pictures.stdPictureEx(), pictureOf(resolve(running(), a[1])))

@@ -4,6 +4,7 @@
 
 #include "grid/Grid.h"
 #include "platform/os/FileSystem.h"
+#include "platform/os/Folders.h"
 #include "platform/toolkit/MousePointer.h"
 #include "platform/toolkit/Numbers.h"
 #include "program/Form1Controls.h"
@@ -87,22 +88,11 @@ void Grid::pClearDeleted() {
   }
 }
 
-namespace {
-std::string trim(const std::string& s) {
-  auto first = s.find_first_not_of(' ');
-  if (first == std::string::npos) return {};
-  return s.substr(first, s.find_last_not_of(' ') - first + 1);
-}
-
-// The last part of a folder's path, blanks kept; empty for the root.
-std::string lastPart(const std::string& path) { return path.substr(path.rfind('/') + 1); }
-}  // namespace
-
 void Grid::pCaption() {
   Program& p = program_;
   form_.List(0).setListIndex(-1);
   form_.List(1).setListIndex(-1);
-  std::string folder = tk::toUpper(trim(form_.File2.Path()));
+  std::string folder = tk::toUpper(tk::Trim(form_.File2.Path()));
   for (int i = 0; i < form_.List(1).ListCount(); ++i) {
     if (folder != tk::toUpper(form_.List(1).List(i))) continue;
     p.Form0.form().setCaption(form_.List(0).List(i));
@@ -111,8 +101,8 @@ void Grid::pCaption() {
     p.links.iCurLink = static_cast<int16_t>(i);
     return;
   }
-  std::string caption = lastPart(form_.File2.Path());
-  p.Form0.form().setCaption(trim(caption).empty() ? "Vellumry" : caption);
+  std::string caption = os::LastComponent(form_.File2.Path());
+  p.Form0.form().setCaption(tk::Trim(caption).empty() ? "Vellumry" : caption);
 }
 
 void Grid::pClearGrid() {

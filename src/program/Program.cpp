@@ -17,7 +17,8 @@ Program::Program(tk::Host& host, tk::EventLoop::Clock clock, tk::Screen screen, 
       Form2(runtime),
       Form3(runtime),
       FormScreenCapture(runtime),
-      frmMenu(runtime) {
+      frmMenu(runtime),
+      frmEdit(runtime) {
   pictures.setPoster([this](PictureServices::Call call) { runtime.loop().post(std::move(call)); });
   fields.add("sIniPath", shell.sIniPath);
   fields.add("sInstallDir", shell.sInstallDir);

@@ -25,6 +25,7 @@ class Form1Controls;
 class Form2;
 class Form3;
 class FormScreenCapture;
+class frmEdit;
 class frmMenu;
 
 // Where the program finds its files; filled from the machine by the program's main, or by
@@ -62,6 +63,7 @@ class Program {
   tk::FormSlot<vellumry::Form3> Form3;
   tk::FormSlot<vellumry::FormScreenCapture> FormScreenCapture;
   tk::FormSlot<vellumry::frmMenu> frmMenu;
+  tk::FormSlot<vellumry::frmEdit> frmEdit;
   // Form1's controls, the model that every subsystem shares; touching loads Form1.
   Form1Controls& mainWindow();
 

@@ -7,7 +7,11 @@
 
 namespace vellumry {
 
-Form1::Form1(Program& program) : Form1Controls(program), Grid(program, *this), program_(program) {
+Form1::Form1(Program& program)
+    : Form1Controls(program),
+      Grid(program, *this),
+      Links(program, *this, *this),
+      program_(program) {
   Timer5.onTimer = [this] { Timer5_Timer(); };
   Timer6.onTimer = [this] { Timer6_Timer(); };
   File2.onDblClick = [this] { File2_DblClick(); };
@@ -60,7 +64,7 @@ void Form1::Form_Load() {
   if (p.shell.sDest.empty() || !os::FolderExists(p.shell.sDest))
     p.shell.sDest = p.places.picturesFolder;
   File2.setPath(p.shell.sDest);
-  // The link list comes from list0.txt once the link store is there.
+  pLoadlist();
   Timer6.setEnabled(true);
   Label3.setCaption(p.ReadSetting("Inw"));
   Label3.setCaption(Label3.Caption() != ">" ? ">" : "<");

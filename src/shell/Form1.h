@@ -1,18 +1,19 @@
 #pragma once
 // The main window whole: its controls, the part of each subsystem that works on them (the
-// grid's routines and fields come from Grid), and the shell's own part: its life from loading
-// to quitting, and the keys and mouse gestures that command it.
+// grid's routines and fields come from Grid, the link list's from Links), and the shell's own part:
+// its life from loading to quitting, and the keys and mouse gestures that command it.
 
 #include <cstdint>
 
 #include "grid/Grid.h"
+#include "links/Links.h"
 #include "program/Form1Controls.h"
 
 namespace vellumry {
 
 class Program;
 
-class Form1 : public Form1Controls, public Grid {
+class Form1 : public Form1Controls, public Grid, public Links {
  public:
   explicit Form1(Program& program);
 

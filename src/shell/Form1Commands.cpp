@@ -4,6 +4,7 @@
 #include "program/Program.h"
 #include "shell/Form1.h"
 #include "tools/frmMenu.h"
+#include "viewer/DecodeAhead.h"
 #include "viewer/Form2.h"
 
 namespace vellumry {
@@ -51,6 +52,9 @@ void Form1::Image1_Click(int Index) {
   File2.SetFocus();
   resumeNext([&] { File2.setListIndex(nSel - 1); });
   resumeNext([&] { pFrameSel(); });
+  // A click is often the first half of a double click: the viewer's picture is decoded while
+  // the second half comes.
+  DecodeForViewer(program_, Index);
 }
 
 void Form1::Image1_DblClick(int Index) {

@@ -1,6 +1,7 @@
 #include "shell/Main.h"
 
 #include "gif/Form3.h"
+#include "links/frmEdit.h"
 #include "platform/os/SettingsFile.h"
 #include "program/Program.h"
 #include "shell/Form0.h"
@@ -29,6 +30,7 @@ void Main(Program& program) {
   give(program, program.Form3);
   give(program, program.FormScreenCapture);
   give(program, program.frmMenu);
+  give(program, program.frmEdit);
   program.runtime.dispatch([&] { program.Form0().Show(); });
 }
 

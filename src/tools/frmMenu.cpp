@@ -1,8 +1,10 @@
 #include "tools/frmMenu.h"
 
+#include "links/Links.h"
 #include "platform/os/FileSystem.h"
 #include "program/Form1Controls.h"
 #include "program/Program.h"
+#include "tools/Saveimg.h"
 
 namespace vellumry {
 
@@ -19,13 +21,23 @@ frmMenu::frmMenu(Program& program) : Form(program.runtime, "frmMenu"), program_(
   mHllist.onClick = [this] { mnuSllist_Click(); };
   mnuSllist.onClick = [this] { mnuSllist_Click(); };
   mnuOfo2.onClick = [this] { mnuOfo2_Click(); };
+  mnuEllist.onClick = [this] { Links::of(program_).btnEDIT_Click(); };
+  mnuRllist.onClick = [this] { mnuRllist_Click(); };
+  mnuFllist.onClick = [this] { Links::of(program_).btnFIND_Click(); };
+  mnuAz.onClick = [this] { Links::of(program_).btnAz_Click(); };
+  mnuZa.onClick = [this] { Links::of(program_).btnZa_Click(); };
+  mnuAllist.onClick = [this] { Links::of(program_).btnADD_Click(); };
+  mnuFimg.onClick = [this] { Links::of(program_).mnuFimg_Click(); };
+  mnuFimg00.onClick = [this] { Links::of(program_).mnuFimg_Click(); };
+  mnuSaveimg00.onClick = [this] { pSaveimg(program_, selectedFile()); };
+  mnuSaveimg22.onClick = [this] { mnuSaveimg22_Click(); };
   mnuHelp.onClick = [this] { mnuHelp_Click(); };
   mnuMinimize.onClick = [this] { mnuMinimize_Click(); };
   mnuMin.onClick = [this] { mnuMin_Click(); };
   mnuExit.onClick = [this] { mnuExit_Click(); };
   mnuExit2.onClick = [this] { mnuExit2_Click(); };
-  // The link dialog, finding, saving, file information, marking, the side text, the settings
-  // and the About panel come with their own windows.
+  // File information, marking, the side text, the settings and the About panel come with
+  // their own windows.
 }
 
 void frmMenu::popup(tk::Menu& top, std::initializer_list<tk::Menu*> entries) {
@@ -60,14 +72,26 @@ void frmMenu::mnuOfo2_Click() {
     return;
   }
   std::string path = f.List(1).List(f.List(0).ListIndex());
-  if (!os::FolderExists(path)) {
-    runtime().MsgBox("The Link does not exist! \r\n" + f.List(1).Text() +
-                         "\r\n\r\n You must remove the name of the link: " + f.List(0).Text(),
-                     tk::mb::Information, "Invalid Path");
-    return;
-  }
+  if (!os::FolderExists(path)) return Links::of(program_).pInvalidLink();
   program_.pMinimise(ViewerState::kGrid);
   program_.OpenFolder(path);
+}
+
+void frmMenu::mnuRllist_Click() {
+  Links::of(program_).btnREMOVE_Click();
+  // The panel of an empty list goes away.
+  if (program_.mainWindow().List(0).ListCount() < 1) mnuSllist_Click();
+}
+
+void frmMenu::mnuSaveimg22_Click() {
+  tk::Form* f3 = program_.Form3.peekForm();
+  program_.viewer.ViewerUp = f3 && f3->Visible() ? ViewerState::kGifViewer : ViewerState::kViewer;
+  pSaveimg(program_, selectedFile());
+}
+
+std::string frmMenu::selectedFile() {
+  const tk::FileListBox& files = program_.mainWindow().File2;
+  return files.Path() + "/" + files.FileName();
 }
 
 void frmMenu::mnuHelp_Click() {

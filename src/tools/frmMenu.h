@@ -3,6 +3,7 @@
 // the window that popped it up.
 
 #include <initializer_list>
+#include <string>
 
 #include "platform/toolkit/Form.h"
 #include "platform/toolkit/Menu.h"
@@ -47,6 +48,8 @@ class frmMenu : public tk::Form {
 
   void mnuSllist_Click();
   void mnuOfo2_Click();
+  void mnuRllist_Click();
+  void mnuSaveimg22_Click();
   void mnuHelp_Click();
   void mnuMinimize_Click();
   void mnuMin_Click();
@@ -54,6 +57,8 @@ class frmMenu : public tk::Form {
   void mnuExit2_Click();
 
  private:
+  // The full path of the file selected in the main window's file list.
+  std::string selectedFile();
   void popup(tk::Menu& top, std::initializer_list<tk::Menu*> entries);
   Program& program_;
 };

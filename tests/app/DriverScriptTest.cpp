@@ -1,4 +1,6 @@
 // The example script of the README runs as written and prints what it says.
+#include <QColor>
+#include <QImage>
 #include <fstream>
 #include <sstream>
 
@@ -46,6 +48,13 @@ std::vector<uint8_t> bmp1() {
   for (int row = 0; row < 8; ++row) gdi::PutLe32(file, 0xAA);  // 1010 1010, padded
   return file;
 }
+
+// `text` with every `placeholder` replaced by `value`.
+std::string filledIn(std::string text, const std::string& placeholder, const std::string& value) {
+  for (size_t at = 0; (at = text.find(placeholder, at)) != std::string::npos; at += value.size())
+    text.replace(at, placeholder.size(), value);
+  return text;
+}
 }  // namespace
 
 TEST_F(DriverScriptTest, Grid57RunsAsDocumented) {
@@ -81,6 +90,35 @@ TEST_F(DriverScriptTest, EveryKindOfPictureOfTheEngine) {
   vellumry::Driver driver(out);
   EXPECT_EQ(driver.run(in), 0);
   EXPECT_EQ(out.str(), readFile("tests/scripts/engine.expected"));
+}
+
+// The link list's whole life in the driver, with the file checked byte for byte after each step.
+TEST_F(DriverScriptTest, LinksScenarioKeepsTheFileInStep) {
+  for (const char* folder : {"pictures", "Alps 2019", "beach", "City"}) makeFiles(2, root / folder);
+  std::istringstream in(filledIn(readFile("tests/scripts/links.drive"), "${ROOT}", root.string()));
+  std::ostringstream out;
+  vellumry::Driver driver(out);
+  EXPECT_EQ(driver.run(in), 0);
+  EXPECT_EQ(out.str(),
+            filledIn(readFile("tests/scripts/links.expected"), "${ROOT}", root.string()));
+}
+
+TEST_F(DriverScriptTest, ViewerRunsAsWritten) {
+  for (const char* name : {"a.png", "b.png", "c.png", "d.png", "e.png"}) {
+    const bool big = name[0] == 'a';
+    QImage image(big ? 2000 : 64, big ? 1900 : 48, QImage::Format_RGB32);
+    image.fill(QColor(30, 60, 90));
+    ASSERT_TRUE(image.save(QString::fromStdString((pictures / name).string()), "PNG"));
+  }
+  setting("slsh", "1");
+  setting("sautor", "1");
+  std::istringstream in(
+      filledIn(filledIn(readFile("tests/scripts/viewer.drive"), "${HOME}", home.string()),
+               "${PICTURES}", pictures.string()));
+  std::ostringstream out;
+  vellumry::Driver driver(out);
+  EXPECT_EQ(driver.run(in), 0);
+  EXPECT_EQ(out.str(), readFile("tests/scripts/viewer.expected"));
 }
 
 TEST_F(DriverScriptTest, ActionsOnWhatBlocksAndEnds) {

@@ -217,8 +217,7 @@ std::vector<PictureBomb> PictureBombs() {
   return {
       {"png-65535x65535.png", bigPng},
       {"png-2147483647x1.png", Png(kMax31, 1, 0, 1000)},
-      {"png-inflating-without-end.png", Png(64, 64, 0, uint64_t{256} << 20)},
-      {"png-16384x16383-zeros.png", Png(16384, 16383, 0, uint64_t{16385} * 16383)},
+      {"png-inflating-without-end.png", Png(64, 64, 0, uint64_t{64} << 20)},
       {"jpeg-65535x65535.jpg", JpegClaiming(kMax16, kMax16)},
       {"jpeg-16000x16000-cut.jpg", JpegClaiming(16000, 16000)},
       {"gif-65535x65535.gif", Gif(kMax16, kMax16, 1, 1, 0)},
@@ -235,6 +234,10 @@ std::vector<PictureBomb> PictureBombs() {
       {"ico-bmp-2147483647.ico", Ico(1, bmpInIcon)},
       {"ico-65535-entries.ico", Ico(kMax16, Png(16, 16, 2, 16 * 49))},
   };
+}
+
+PictureBomb LargestPng() {
+  return {"png-16384x16383-zeros.png", Png(16384, 16383, 0, uint64_t{16385} * 16383)};
 }
 
 }  // namespace vellumry::codecs::testing

@@ -15,4 +15,8 @@ struct PictureBomb {
 
 std::vector<PictureBomb> PictureBombs();
 
+// The largest picture the budget allows, a grey PNG of 16384 x 16383 whose data is 256 MiB of
+// zeros: legal, but a decoder that holds it whole needs 1 GiB. Slow to make, so kept apart.
+PictureBomb LargestPng();
+
 }  // namespace vellumry::codecs::testing

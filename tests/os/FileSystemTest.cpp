@@ -105,6 +105,30 @@ TEST_F(FileSystem, AWriteThatBreaksOffKeepsTheOldFile) {
   EXPECT_EQ(FolderEntries(Folder()), before);
 }
 
+// A whole-file write that fails at any one of its steps leaves the old file or, once renamed,
+// the new one; never a mix, and no temporary file.
+TEST_F(FileSystem, AWriteFailingAtAnyStepLeavesTheOldFileWhole) {
+  const std::string before = "Alpha*%*/p/Alpha*%*", after = "Beta*%*/p/Beta*%*Gamma*%*/g*%*";
+  for (os::WriteStep failing :
+       {os::WriteStep::Open, os::WriteStep::Write, os::WriteStep::Flush, os::WriteStep::Rename}) {
+    WriteBytes(Path("list0.txt"), before);
+    std::vector<os::WriteStep> reached;
+    const bool written = os::WriteFileAtomically(Path("list0.txt"), after, [&](os::WriteStep s) {
+      reached.push_back(s);
+      return s != failing;
+    });
+    const auto step = static_cast<int>(failing);
+    EXPECT_FALSE(written) << step;
+    EXPECT_EQ(reached.back(), failing) << step;  // nothing runs after the failing step
+    EXPECT_EQ(ReadBytes(Path("list0.txt")), before) << step;
+    EXPECT_EQ(FolderEntries(Folder()), std::vector<std::string>{"list0.txt"}) << step;
+  }
+  EXPECT_TRUE(
+      os::WriteFileAtomically(Path("list0.txt"), after, [](os::WriteStep) { return true; }));
+  EXPECT_EQ(ReadBytes(Path("list0.txt")), after);
+  EXPECT_EQ(FolderEntries(Folder()), std::vector<std::string>{"list0.txt"});
+}
+
 TEST_F(FileSystem, AReadOnlyFolderKeepsTheOldFile) {
   WriteBytes(Path("s.ini"), "[Settings]\nrows=4\n");
   {

@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "platform/toolkit/Numbers.h"
+#include "platform/toolkit/PictureControls.h"
 #include "toolkit/TestForms.h"
 
 using namespace vellumry;
@@ -32,6 +33,17 @@ TEST_F(ControlRules, SettersRaiseTheirEventInsideTheStatementAndNotOnTheSameValu
   f.VScroll1.setValue(4);
   f.VScroll1.setValue(4);
   EXPECT_EQ(p.log, (Log{"List1_Click 1", "after", "Label1_Change x", "VScroll1_Change 4"}));
+}
+
+TEST_F(ControlRules, AnAutoSizedBoxKeepsItsLengthWhenItIsAlreadyItsPicturesPixels) {
+  tk::PictureBox box(&f, "Box");
+  box.setAutoSize(true);
+  box.Move(0, 0, 16896, 100);  // 1126.4 by 6.7 pixels
+  box.setPicture(gdi::Picture::FromSurface(gdi::Surface(1126, 20, gdi::AlphaMode::kOpaque)));
+  EXPECT_DOUBLE_EQ(box.Width(), 16896);
+  EXPECT_DOUBLE_EQ(box.Height(), 300);
+  box.setPicture(gdi::Picture::FromSurface(gdi::Surface(1127, 20, gdi::AlphaMode::kOpaque)));
+  EXPECT_DOUBLE_EQ(box.Width(), 16905);
 }
 
 TEST_F(ControlRules, ValuesOutOfRangeFailAndAShrinkingRangeMovesTheValue) {

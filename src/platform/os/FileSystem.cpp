@@ -54,11 +54,20 @@ std::optional<std::vector<uint8_t>> ReadFileStart(const std::string& path, size_
   return bytes;
 }
 
-bool WriteFileAtomically(const std::string& path, std::string_view bytes) {
+bool WriteFileAtomically(const std::string& path, std::string_view bytes, const WriteFault& fault) {
+  auto proceed = [&](WriteStep step) { return !fault || fault(step); };
+  // Until commit renames it, everything goes to the temporary file, which QSaveFile discards
+  // when it is destroyed without a commit.
   QSaveFile out(ToQt(path));
-  if (!out.open(QIODevice::WriteOnly)) return false;
+  if (!proceed(WriteStep::Open) || !out.open(QIODevice::WriteOnly)) return false;
   const auto size = static_cast<qint64>(bytes.size());
-  return out.write(bytes.data(), size) == size && FlushAndCommit(out);
+  if (!proceed(WriteStep::Write)) {
+    out.write(bytes.data(), size / 2);  // a disk that fills up midway
+    return false;
+  }
+  if (out.write(bytes.data(), size) != size) return false;
+  if (!proceed(WriteStep::Flush) || !out.flush()) return false;
+  return proceed(WriteStep::Rename) && out.commit();
 }
 
 }  // namespace vellumry::os

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -31,9 +32,16 @@ std::optional<std::vector<uint8_t>> ReadWholeFile(const std::string& path);
 // missing or can't be read.
 std::optional<std::vector<uint8_t>> ReadFileStart(const std::string& path, size_t limit);
 
+// The steps of a whole-file write, in order.
+enum class WriteStep { Open, Write, Flush, Rename };
+// Asked before each step; false makes that step fail as a full disk or a lost device would
+// (a failing Write writes half of the bytes first). For tests of interrupted writes.
+using WriteFault = std::function<bool(WriteStep)>;
+
 // Replaces the file `path` by `bytes`: written to a temporary file in the same folder, flushed
 // to disk and renamed over `path`. On failure `path` keeps its old bytes and no temporary file
 // stays behind. True on success.
-bool WriteFileAtomically(const std::string& path, std::string_view bytes);
+bool WriteFileAtomically(const std::string& path, std::string_view bytes,
+                         const WriteFault& fault = {});
 
 }  // namespace vellumry::os

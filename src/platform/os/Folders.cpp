@@ -13,6 +13,8 @@
 
 namespace vellumry::os {
 
+std::string LastComponent(const std::string& path) { return path.substr(path.rfind('/') + 1); }
+
 namespace {
 
 constexpr const char* kConfigFolderName = "/vellumry";

@@ -5,6 +5,9 @@
 // The folders the program works with. Paths are UTF-8, without a trailing '/'.
 namespace vellumry::os {
 
+// What follows the last '/' of `path`, blanks kept: a folder's own name, empty for the root.
+std::string LastComponent(const std::string& path);
+
 // The folder of the running executable; empty if it can't be found.
 std::string ExecutableFolder();
 

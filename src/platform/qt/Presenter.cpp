@@ -1,6 +1,8 @@
 #include "platform/qt/Presenter.h"
 
 #include <QLineEdit>
+#include <QPainterPath>
+#include <QRegion>
 #include <QWidget>
 #include <algorithm>
 
@@ -12,7 +14,9 @@
 #include "platform/toolkit/BasicControls.h"
 #include "platform/toolkit/Form.h"
 #include "platform/toolkit/Input.h"
+#include "platform/toolkit/MousePointer.h"
 #include "platform/toolkit/Numbers.h"
+#include "platform/toolkit/PictureControls.h"
 #include "platform/toolkit/Runtime.h"
 
 namespace vellumry::presenter {
@@ -30,6 +34,21 @@ bool isWindowless(const tk::Control& c) {
 
 bool isPlace(tk::PropertyName p) {
   return p == prop::Left || p == prop::Top || p == prop::Width || p == prop::Height;
+}
+
+Qt::CursorShape cursorOf(int mousePointer) {
+  switch (mousePointer) {
+    case tk::pointer::SizeAll:
+      return Qt::SizeAllCursor;
+    case tk::pointer::SizeNS:
+      return Qt::SizeVerCursor;
+    case tk::pointer::SizeWE:
+      return Qt::SizeHorCursor;
+    case tk::pointer::Hourglass:
+      return Qt::WaitCursor;
+    default:
+      return Qt::ArrowCursor;
+  }
 }
 }  // namespace
 
@@ -128,6 +147,7 @@ void Presenter::formLoaded(tk::Form& form) {
   entries_[&form] = Entry{w};
   stack_.push_back(w);
   applyFlags(*w, form);
+  applyRegion(*w, form);
   w->setWindowTitle(QString::fromStdString(form.Caption()));
   placeWindow(*w, form);
   for (tk::Control* c : form.controls()) show(*c);
@@ -254,6 +274,8 @@ void Presenter::propertyChanged(tk::Control& c, tk::PropertyName property) {
     place(c);
   } else if (property == prop::Picture && isContainer(c)) {
     static_cast<ContainerView*>(w)->pictureChanged();
+  } else if (property == prop::MousePointer && c.kind() == tk::Kind::PictureBox) {
+    w->setCursor(cursorOf(static_cast<const tk::PictureBox&>(c).MousePointer()));
   } else if (entry.tap) {
     syncWindowed(w, c, property == prop::List);
   } else {
@@ -278,8 +300,10 @@ void Presenter::formChanged(tk::Form& form, FormWindow& window, tk::PropertyName
       window.setCursor(Qt::WaitCursor);
     else
       window.unsetCursor();
-  } else if (property == prop::BorderStyle) {
+  } else if (property == prop::BorderStyle || property == prop::TopMost) {
     applyFlags(window, form);
+  } else if (property == prop::Region) {
+    applyRegion(window, form);
   } else {
     window.update();
   }
@@ -293,11 +317,21 @@ void Presenter::placeWindow(FormWindow& window, const tk::Form& form) {
 void Presenter::applyFlags(FormWindow& window, const tk::Form& form) {
   Qt::WindowFlags flags = taskbarForm_ && taskbarForm_ != &form ? Qt::Tool : Qt::Window;
   if (form.BorderStyle() == 0) flags |= Qt::FramelessWindowHint;
-  const Qt::WindowFlags mask = Qt::WindowType_Mask | Qt::FramelessWindowHint;
+  if (form.TopMost()) flags |= Qt::WindowStaysOnTopHint;
+  const Qt::WindowFlags mask =
+      Qt::WindowType_Mask | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
   if ((window.windowFlags() & mask) == flags) return;
   const bool shown = window.isVisible();
   window.setWindowFlags(flags);  // this hides the window
   if (shown) showWindow(window, form);
+}
+
+void Presenter::applyRegion(FormWindow& window, const tk::Form& form) {
+  const tk::Form::Region& r = form.WindowRegion();
+  if (r == tk::Form::Region{}) return window.clearMask();
+  QPainterPath outline;
+  outline.addRoundedRect(0, 0, r.width, r.height, r.cornerWidth / 2.0, r.cornerHeight / 2.0);
+  window.setMask(QRegion(outline.toFillPolygon().toPolygon()));
 }
 
 void Presenter::showWindow(FormWindow& window, const tk::Form& form) {

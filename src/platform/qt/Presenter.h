@@ -88,6 +88,8 @@ class Presenter final : public tk::Observer {
   void place(tk::Control& c);
   void placeWindow(FormWindow& window, const tk::Form& form);
   void applyFlags(FormWindow& window, const tk::Form& form);
+  // Cuts the window to the form's outline, or shows it whole when it has none.
+  void applyRegion(FormWindow& window, const tk::Form& form);
   void showWindow(FormWindow& window, const tk::Form& form);
   void raise(const FormWindow& window);
   void dropWindow(const tk::Form& form);

@@ -5,6 +5,7 @@
 #include <QCursor>
 #include <QDesktopServices>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMenu>
 #include <QMessageBox>
 #include <QProcess>
@@ -163,6 +164,8 @@ std::optional<std::string> QtHost::SaveFile(const tk::SaveFileRequest& request) 
   QString path = QFileDialog::getSaveFileName(dialogParent(), QString::fromStdString(request.title),
                                               start, qtFileFilter(request.filter));
   if (path.isEmpty()) return std::nullopt;
+  if (!request.defaultExt.empty() && QFileInfo(path).suffix().isEmpty())
+    path += "." + QString::fromStdString(request.defaultExt);
   return path.toStdString();
 }
 

@@ -21,7 +21,7 @@ const std::vector<Property>& TabStrip::properties() const {
 }
 
 void CommonDialog::ShowSave() {
-  auto path = runtime().SaveFile({DialogTitle, Filter, FileName, InitDir});
+  auto path = runtime().SaveFile({DialogTitle, Filter, FileName, InitDir, DefaultExt});
   if (path) FileName = *path;
   if (!path && CancelError) raise(err::CancelSelected);
 }
@@ -50,6 +50,7 @@ const std::vector<Property>& CommonDialog::properties() const {
                                         dialogField<&CommonDialog::Filter>(prop::Filter),
                                         dialogField<&CommonDialog::FileName>(prop::FileName),
                                         dialogField<&CommonDialog::InitDir>(prop::InitDir),
+                                        dialogField<&CommonDialog::DefaultExt>(prop::DefaultExt),
                                         dialogField<&CommonDialog::Flags>(prop::Flags),
                                         dialogField<&CommonDialog::CancelError>(prop::CancelError),
                                         dialogField<&CommonDialog::Color>(prop::Color),

@@ -29,7 +29,8 @@ class TabStrip : public Control {
 class CommonDialog : public Control {
  public:
   CommonDialog(Form* form, std::string name) : Control(form, std::move(name), Kind::CommonDialog) {}
-  std::string DialogTitle, Filter, FileName, InitDir;
+  // DefaultExt: the extension, without its dot, that a chosen name without one is given.
+  std::string DialogTitle, Filter, FileName, InitDir, DefaultExt;
   int Flags = 0;
   bool CancelError = false;
   uint32_t Color = 0;

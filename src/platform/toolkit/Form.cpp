@@ -59,6 +59,19 @@ void Form::setBorderStyle(int v) {
   changed(prop::BorderStyle);
 }
 
+void Form::setTopMost(bool v) { assign(topMost_, v, prop::TopMost); }
+
+void Form::setWindowRegion(const Region& v) { assign(region_, v, prop::Region); }
+
+namespace {
+// The outline as the driver reads it: "width height cornerWidth cornerHeight" in pixels.
+Value regionText(const Control& c) {
+  const Form::Region& r = static_cast<const Form&>(c).WindowRegion();
+  return std::to_string(r.width) + " " + std::to_string(r.height) + " " +
+         std::to_string(r.cornerWidth) + " " + std::to_string(r.cornerHeight);
+}
+}  // namespace
+
 void Form::raiseResize() {
   if (Visible()) Form_Resize();
 }
@@ -143,6 +156,8 @@ const std::vector<Property>& Form::properties() const {
                  accessor<Form, &Form::KeyPreview, &Form::setKeyPreview>(prop::KeyPreview),
                  accessor<Form, &Form::BorderStyle, &Form::setBorderStyle>(prop::BorderStyle),
                  accessor<Form, &Form::ScaleMode, &Form::setScaleMode>(prop::ScaleMode),
+                 accessor<Form, &Form::TopMost, &Form::setTopMost>(prop::TopMost),
+                 Property{prop::Region, regionText, nullptr},
              });
   return props;
 }

@@ -39,6 +39,18 @@ class Form : public Control {
   // 1 twips, 3 pixels: the unit of the form's own drawing.
   int ScaleMode() const { return scaleMode_; }
   void setScaleMode(int v) { scaleMode_ = v; }
+  // Stays above every other window while true.
+  bool TopMost() const { return topMost_; }
+  void setTopMost(bool v);
+  // The window's outline: a rectangle of `width` by `height` pixels from its corner, the
+  // corners cut by an ellipse of `cornerWidth` by `cornerHeight` pixels. All 0: no outline
+  // of its own, the whole window shows.
+  struct Region {
+    int width = 0, height = 0, cornerWidth = 0, cornerHeight = 0;
+    bool operator==(const Region&) const = default;
+  };
+  const Region& WindowRegion() const { return region_; }
+  void setWindowRegion(const Region& v);
 
   void setVisible(bool v) override;
   void setWidth(double v) override;
@@ -98,7 +110,8 @@ class Form : public Control {
   std::string caption_;
   uint32_t backColor_ = 0x8000000F;
   int windowState_ = 0, mousePointer_ = 0, borderStyle_ = 2, scaleMode_ = 1;
-  bool keyPreview_ = false;
+  bool keyPreview_ = false, topMost_ = false;
+  Region region_;
   bool loaded_ = false, unloading_ = false, shownOnce_ = false;
 };
 

@@ -28,6 +28,7 @@ struct SaveFileRequest {
   std::string filter;    // "Text|*.txt|All|*.*"
   std::string fileName;  // proposed name
   std::string initDir;
+  std::string defaultExt;  // given to a chosen name that has no extension, without the dot
 };
 
 class Host {

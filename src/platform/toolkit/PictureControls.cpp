@@ -54,8 +54,13 @@ const std::vector<Property>& Image::properties() const {
 void PictureBox::fitToPicture() {
   if (!autoSize_ || !picture_) return;
   const Screen& s = runtime().screen();
-  setWidth(pictureTwipsX(picture_, s.TwipsPerPixelX));
-  setHeight(pictureTwipsY(picture_, s.TwipsPerPixelY));
+  // A box that is already as many whole pixels as its picture keeps its length in twips, so
+  // that giving a box its own Image leaves it as it stands.
+  const auto fit = [&](double length, double twips, double twipsPerPixel) {
+    return roundHalfEven(length / twipsPerPixel) == twips / twipsPerPixel ? length : twips;
+  };
+  setWidth(fit(Width(), pictureTwipsX(picture_, s.TwipsPerPixelX), s.TwipsPerPixelX));
+  setHeight(fit(Height(), pictureTwipsY(picture_, s.TwipsPerPixelY), s.TwipsPerPixelY));
 }
 
 void PictureBox::setPicture(const gdi::Picture& p) {
@@ -73,6 +78,8 @@ void PictureBox::setAutoSize(bool v) {
 void PictureBox::setBackColor(uint32_t v) { assign(backColor_, v, prop::BackColor); }
 
 void PictureBox::setBorderStyle(int v) { assign(borderStyle_, v, prop::BorderStyle); }
+
+void PictureBox::setMousePointer(int v) { assign(mousePointer_, v, prop::MousePointer); }
 
 double PictureBox::inner(double outer, double twipsPerPixel) const {
   constexpr int kBorderPixels = 2;
@@ -120,6 +127,8 @@ const std::vector<Property>& PictureBox::properties() const {
           accessor<PictureBox, &PictureBox::BackColor, &PictureBox::setBackColor>(prop::BackColor),
           accessor<PictureBox, &PictureBox::BorderStyle, &PictureBox::setBorderStyle>(
               prop::BorderStyle),
+          accessor<PictureBox, &PictureBox::MousePointer, &PictureBox::setMousePointer>(
+              prop::MousePointer),
           Property{prop::Picture,
                    [](const Control& c) {
                      return pictureHandle(static_cast<const PictureBox&>(c).Picture());

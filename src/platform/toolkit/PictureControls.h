@@ -47,6 +47,9 @@ class PictureBox : public Control {
   void setBackColor(uint32_t v);
   int BorderStyle() const { return borderStyle_; }
   void setBorderStyle(int v);
+  // The pointer over the box: 0 default, 1 arrow, 5 four arrows, 7 north-south, 9 west-east.
+  int MousePointer() const { return mousePointer_; }
+  void setMousePointer(int v);
   // What stands painted on the box, as a bitmap picture of the box's size in pixels. When that is
   // exactly the box's opaque bitmap at its natural size, the same picture.
   gdi::Picture Image() const;
@@ -58,7 +61,7 @@ class PictureBox : public Control {
   double inner(double outer, double twipsPerPixel) const;
   gdi::Picture picture_;
   bool autoSize_ = false, autoRedraw_ = false;
-  int scaleMode_ = 1, borderStyle_ = 1;
+  int scaleMode_ = 1, borderStyle_ = 1, mousePointer_ = 0;
   uint32_t backColor_ = kSystemFace;
 };
 

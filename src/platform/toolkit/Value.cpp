@@ -51,6 +51,12 @@ std::string toUpper(std::string_view s) {
   return out;
 }
 
+std::string Trim(std::string_view s) {
+  const size_t first = s.find_first_not_of(' ');
+  if (first == std::string_view::npos) return {};
+  return std::string(s.substr(first, s.find_last_not_of(' ') - first + 1));
+}
+
 }  // namespace vellumry::tk
 
 namespace vellumry::tk {

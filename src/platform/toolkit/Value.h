@@ -18,6 +18,8 @@ std::string toText(const Value& v);
 // Case-blind equality of ASCII names.
 bool iequals(std::string_view a, std::string_view b);
 std::string toUpper(std::string_view s);
+// `s` without the blanks at its ends, as the toolkit's Trim: spaces only, tabs stay.
+std::string Trim(std::string_view s);
 
 }  // namespace vellumry::tk
 

@@ -1,0 +1,17 @@
+// The link list reader on any bytes, and the round trip that a save and a restart make: the
+// records read back from their own text are the same records.
+#include <string_view>
+
+#include "fuzz/FuzzTargets.h"
+#include "links/LinkFile.h"
+
+namespace vellumry::fuzz {
+
+int FuzzLinkList(const uint8_t* data, size_t size) {
+  const std::string_view text(reinterpret_cast<const char*>(data), size);
+  const std::vector<LinkRecord> records = ParseLinkList(text);
+  if (ParseLinkList(FormatLinkList(records)) != records) __builtin_trap();
+  return 0;
+}
+
+}  // namespace vellumry::fuzz

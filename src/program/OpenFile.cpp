@@ -1,0 +1,16 @@
+#include "program/OpenFile.h"
+
+#include "platform/os/FileSystem.h"
+#include "platform/toolkit/Runtime.h"
+
+namespace vellumry {
+
+bool pFileexists(const std::string& path) { return os::FileExists(path); }
+
+void pOpenfile(tk::Runtime& runtime, const std::string& path) {
+  tk::Host& host = runtime.host();
+  if (host.Open(path) || host.OpenWith(path)) return;
+  runtime.MsgBox("Unkwown filetype.", tk::mb::Information, "Info");
+}
+
+}  // namespace vellumry

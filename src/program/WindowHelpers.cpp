@@ -1,0 +1,22 @@
+#include "program/WindowHelpers.h"
+
+#include "platform/toolkit/Form.h"
+#include "platform/toolkit/Numbers.h"
+#include "platform/toolkit/Runtime.h"
+
+namespace vellumry {
+
+namespace {
+constexpr int kCornerPixels = 40;
+}  // namespace
+
+void pMakeround(tk::Form& form) {
+  const tk::Screen& screen = form.runtime().screen();
+  form.setWindowRegion({tk::CLng(form.Width() / screen.TwipsPerPixelX),
+                        tk::CLng(form.Height() / screen.TwipsPerPixelY), kCornerPixels,
+                        kCornerPixels});
+}
+
+void pSettop(tk::Form& form) { form.setTopMost(true); }
+
+}  // namespace vellumry

@@ -1,0 +1,32 @@
+#include "viewer/DecodeAhead.h"
+
+#include "platform/toolkit/Numbers.h"
+#include "program/Form1Controls.h"
+#include "program/Program.h"
+#include "viewer/FitRule.h"
+
+namespace vellumry {
+
+gdi::Picture HeldPicture(Program& program, int i) {
+  Form1Controls& f = program.mainWindow();
+  const std::vector<int16_t>& marks = program.tools.aDeleted;
+  // Positions beyond the table of marks can't be marked.
+  const bool marked = i < static_cast<int>(marks.size()) && marks[static_cast<size_t>(i)] != 0;
+  const tk::ControlArray<tk::Image>& holders = marked ? f.Img1 : f.Image123;
+  return holders.exists(i) ? holders(i).Picture() : gdi::Picture();
+}
+
+void DecodeForViewer(Program& program, int i) {
+  const gdi::Picture picture = HeldPicture(program, i);
+  if (!picture) return;
+  // The viewer covers the screen.
+  const tk::Screen& screen = program.runtime.screen();
+  const ShownSize shown = FitToForm(tk::CLng(tk::pictureTwipsX(picture, screen.TwipsPerPixelX)),
+                                    tk::CLng(tk::pictureTwipsY(picture, screen.TwipsPerPixelY)),
+                                    screen.Width, screen.Height);
+  program.pictures.prefetch(
+      picture, {static_cast<int>(tk::roundHalfEven(shown.width / screen.TwipsPerPixelX)),
+                static_cast<int>(tk::roundHalfEven(shown.height / screen.TwipsPerPixelY))});
+}
+
+}  // namespace vellumry
