@@ -17,6 +17,8 @@ int FuzzTiff(const uint8_t* data, size_t size);
 int FuzzGif(const uint8_t* data, size_t size);
 int FuzzBmp(const uint8_t* data, size_t size);
 int FuzzIco(const uint8_t* data, size_t size);
+int FuzzDib(const uint8_t* data, size_t size);
+int FuzzIconData(const uint8_t* data, size_t size);
 int FuzzLinkList(const uint8_t* data, size_t size);
 
 }  // namespace vellumry::fuzz

@@ -1,13 +1,17 @@
 #include "app/Driver.h"
 
+#include <cstdio>
 #include <filesystem>
 #include <istream>
 #include <ostream>
 
 #include "app/ScriptWords.h"
+#include "picture/StdPictureEx.h"
+#include "platform/gdi/Blit.h"
 #include "platform/os/FileSystem.h"
 #include "platform/toolkit/Input.h"
 #include "platform/toolkit/ListControls.h"
+#include "platform/toolkit/PictureControls.h"
 #include "platform/toolkit/ScrollBar.h"
 #include "shell/CommandLine.h"
 #include "shell/Main.h"
@@ -90,6 +94,41 @@ void setValue(const Target& t, const tk::Value& v) {
   }
   if (t.member.empty()) raise(err::InvalidCall, "a property is needed");
   t.control->set(t.member, v);
+}
+
+// The picture that an image or picture box holds.
+const gdi::Picture& pictureOf(const Target& t) {
+  if (const auto* image = dynamic_cast<const tk::Image*>(t.control)) return image->Picture();
+  if (const auto* box = dynamic_cast<const tk::PictureBox*>(t.control)) return box->Picture();
+  raise(err::InvalidCall, "no image or picture box");
+}
+
+// What the picture classes say of `picture`, as one line of JSON.
+std::string pictureJson(StdPictureEx& ex, const gdi::Picture& picture) {
+  return "{\"PictureType\":" + std::to_string(ex.PictureType(picture)) +
+         ",\"IsManaged\":" + (ex.IsManaged(picture) ? "true" : "false") +
+         ",\"SubImageCount\":" + std::to_string(ex.SubImageCount(picture)) + "}";
+}
+
+// The colour at pixel (x, y) of the control's picture drawn stretched over the control's size,
+// on the back colour of what holds the control.
+std::string shownPixel(const Target& t, double twipsPerPixel, int x, int y) {
+  const gdi::Picture& picture = pictureOf(t);
+  const tk::Control& holder = t.control->Container() ? *t.control->Container()
+                                                     : static_cast<tk::Control&>(t.control->form());
+  const auto pixels = [&](const char* property) {
+    return static_cast<int>(tk::toNumber(t.control->get(property)) / twipsPerPixel + 0.5);
+  };
+  const int width = pixels("Width"), height = pixels("Height");
+  if (x < 0 || y < 0 || x >= width || y >= height) raise(err::InvalidCall, "no such pixel");
+  gdi::Surface shown(width, height, gdi::AlphaMode::kOpaque);
+  gdi::Fill(shown, {0, 0, width, height},
+            tk::pixelOf(static_cast<uint32_t>(tk::CLng(tk::toNumber(holder.get("BackColor"))))));
+  picture.Render(shown, 0, 0, width, height, 0, picture.Height(), picture.Width(),
+                 -picture.Height());
+  char hex[16];
+  std::snprintf(hex, sizeof hex, "0x%06X", shown.Pixel(x, y) & 0xFFFFFFu);
+  return hex;
 }
 
 std::string propertiesJson(const tk::Control& c) {
@@ -303,6 +342,15 @@ bool Driver::readingCommand(const Args& a) {
     need(a, 2, "file FILE");
     const auto bytes = os::ReadWholeFile(a[1]);
     out_ << (bytes ? tk::jsonQuote(std::string(bytes->begin(), bytes->end())) : "missing") << "\n";
+  } else if (verb == "picture") {
+    need(a, 2, "picture PATH");
+    out_ << pictureJson(running().pictures.stdPictureEx(), pictureOf(resolve(running(), a[1])))
+         << "\n";
+  } else if (verb == "pixel") {
+    need(a, 4, "pixel PATH X Y");
+    out_ << shownPixel(resolve(running(), a[1]), running().pictures.twipsPerPixel(), toInt(a[2]),
+                       toInt(a[3]))
+         << "\n";
   } else if (verb == "shot") {
     need(a, 2, "shot FILE.png");
     if (!shot) raise(err::NotSupported, "this driver takes no pictures");

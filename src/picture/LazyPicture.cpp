@@ -1,5 +1,6 @@
 #include "picture/LazyPicture.h"
 
+#include "picture/DibSectionDecoder.h"
 #include "picture/FittedDecoder.h"
 #include "picture/PictureServices.h"
 #include "picture/SourceDecoder.h"
@@ -25,7 +26,23 @@ std::unique_ptr<gdi::ScaledDecoder> MakeSourceDecoder(const PictureOrigin& origi
   return std::make_unique<SourceDecoder>(origin.path, info);
 }
 
+// Pixels of `inner`, fitted to the size they are drawn at and kept in the program's cache.
+gdi::Picture FittedPicture(PictureServices& services, std::unique_ptr<gdi::ScaledDecoder> inner,
+                           gdi::Size natural, std::optional<uint32_t> background) {
+  auto decoder = std::make_unique<FittedDecoder>(std::move(inner), natural, background);
+  return gdi::Picture::FromLazyPixels(
+      std::make_shared<gdi::LazyPixels>(std::move(decoder), services.cache()),
+      services.twipsPerPixel());
+}
+
 }  // namespace
+
+gdi::Picture MakeDibPicture(PictureServices& services, const PictureOrigin& origin,
+                            gdi::Size natural, gdi::AlphaMode stored) {
+  if (natural.width <= 0 || natural.height <= 0) return {};
+  return FittedPicture(services, std::make_unique<DibSectionDecoder>(origin, natural, stored),
+                       natural, std::nullopt);
+}
 
 gdi::Picture MakeLazyPicture(PictureServices& services, const PictureOrigin& origin,
                              const codecs::ImageInfo& info, std::optional<uint32_t> background,
@@ -46,11 +63,7 @@ gdi::Picture MakeLazyPicture(PictureServices& services, const PictureOrigin& ori
   }
   const gdi::Size natural = size.value_or(gdi::Size{info.width, info.height});
   if (natural.width <= 0 || natural.height <= 0) return {};
-  auto decoder =
-      std::make_unique<FittedDecoder>(MakeSourceDecoder(origin, info), natural, background);
-  return gdi::Picture::FromLazyPixels(
-      std::make_shared<gdi::LazyPixels>(std::move(decoder), services.cache()),
-      services.twipsPerPixel());
+  return FittedPicture(services, MakeSourceDecoder(origin, info), natural, background);
 }
 
 }  // namespace vellumry

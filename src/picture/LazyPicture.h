@@ -31,4 +31,9 @@ gdi::Picture MakeLazyPicture(PictureServices& services, const PictureOrigin& ori
                              std::optional<uint32_t> background = std::nullopt,
                              std::optional<gdi::Size> size = std::nullopt);
 
+// A bitmap picture of a BMP as the DIB road reads it, decoded when drawn at `natural` size; the
+// fourth byte of its pixels means what `stored` says (see DibSectionDecoder).
+gdi::Picture MakeDibPicture(PictureServices& services, const PictureOrigin& origin,
+                            gdi::Size natural, gdi::AlphaMode stored);
+
 }  // namespace vellumry

@@ -40,6 +40,14 @@ StdPictureEx& PictureServices::stdPictureEx() {
   return *stdPictureEx_;
 }
 
+void PictureServices::post(Call call) {
+  if (poster_) {
+    poster_(std::move(call));
+  } else {
+    call();
+  }
+}
+
 void PictureServices::work() {
   std::unique_lock lock(mutex_);
   while (true) {

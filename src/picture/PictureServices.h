@@ -5,6 +5,7 @@
 #include <condition_variable>
 #include <cstddef>
 #include <deque>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <thread>
@@ -40,6 +41,12 @@ class PictureServices {
   // The one shared StdPictureEx, made on first use.
   StdPictureEx& stdPictureEx();
 
+  using Call = std::function<void()>;
+  // How `post` defers a call to after the current event: the program's event loop.
+  void setPoster(std::function<void(Call)> poster) { poster_ = std::move(poster); }
+  // Runs `call` after the current event, or at once when no poster was set.
+  void post(Call call);
+
  private:
   struct Job {
     std::weak_ptr<gdi::LazyPixels> pixels;
@@ -49,6 +56,7 @@ class PictureServices {
 
   const double twipsPerPixel_;
   std::shared_ptr<gdi::PixelCache> cache_;
+  std::function<void(Call)> poster_;
   std::unique_ptr<StdPictureEx> stdPictureEx_;
 
   std::mutex mutex_;

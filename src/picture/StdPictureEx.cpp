@@ -4,6 +4,8 @@
 
 #include "picture/LazyPicture.h"
 #include "picture/PictureServices.h"
+#include "platform/codecs/BmpCodec.h"
+#include "platform/codecs/ClassifyAlpha.h"
 #include "platform/codecs/Codecs.h"
 #include "platform/os/FileSystem.h"
 
@@ -17,6 +19,8 @@ constexpr uint32_t kLowBitmap = 0x4D42;  // "BM"
 constexpr uint32_t kLowGif = 0x464947;   // "GIF", low 24 bits
 constexpr uint32_t kLowTiffIntel = 0x4949;
 constexpr uint32_t kLowTiffMotorola = 0x4D4D;
+constexpr uint32_t kTypeIcon = 1;  // the high 16 bits of an icon file's magic
+constexpr uint32_t kTypeCursor = 2;
 
 // Shorter data has no magic and goes by the decoders alone.
 uint32_t MagicOf(const std::vector<uint8_t>& bytes) {
@@ -24,7 +28,8 @@ uint32_t MagicOf(const std::vector<uint8_t>& bytes) {
   return bytes[0] | (bytes[1] << 8) | (bytes[2] << 16) | (uint32_t{bytes[3]} << 24);
 }
 
-int32_t KindOfFormat(codecs::Format format) {
+// The kind (PictureKind) of what the full decoders read; metafiles and icons give 0.
+int32_t ImageKind(codecs::Format format) {
   switch (format) {
     case codecs::Format::kBmp:
       return kKindBitmap;
@@ -51,23 +56,6 @@ PictureOrigin OriginOf(const Stream& stream, const std::string& path, bool keep)
 }
 
 }  // namespace
-
-// Learns when a managed picture's last reference goes, to drop its row. Managed pictures draw
-// as plain ones do until their own drawing exists.
-class StdPictureEx::Keeper : public gdi::PictureManager {
- public:
-  explicit Keeper(StdPictureEx& owner) : owner_(owner) {}
-  bool Render(const gdi::Picture&, gdi::Surface&, const gdi::RenderArgs&) override { return false; }
-  void Released(uint32_t handle) override { owner_.RemoveRecord(handle); }
-
- private:
-  StdPictureEx& owner_;
-};
-
-StdPictureEx::StdPictureEx(PictureServices& services)
-    : services_(services), keeper_(std::make_shared<Keeper>(*this)), records_(1) {}
-
-StdPictureEx::~StdPictureEx() = default;
 
 StdPictureEx::Arguments StdPictureEx::NormaliseArguments(int32_t IconSize, int32_t ColorDepth,
                                                          int32_t Width, int32_t Height,
@@ -104,14 +92,18 @@ gdi::Picture StdPictureEx::LoadPicture(const PictureSource& Source, int32_t Icon
       picture = LoadFromBytes(MakeStream(array->bytes), {}, args, record);
     }
   } else if (const auto* source = std::get_if<gdi::Picture>(&Source)) {
-    // Nothing yet turns one picture into another, so a picture stands for itself.
-    if (*source && source->Handle() != 0) picture = *source;
+    if (*source && source->Handle() != 0) {
+      picture = LoadFromPicture(*source, args, record);
+      if (!picture) picture = *source;
+    }
   }
+  if (picture && args.ConvertTo == 1) picture = ConvertToBitmap(picture, record);
+  if (picture && args.ConvertTo == 3) picture = ConvertToIcon(picture, record, args);
   if (picture && record.Flags != 0) {
     record.PictureKey = picture.Handle();
     record.DispatchKey = picture.Handle();
     AddRecord(record);
-    picture.SetManager(keeper_);
+    Manage(picture);
   }
   return picture;
 }
@@ -127,22 +119,56 @@ gdi::Picture StdPictureEx::LoadFromFile(const std::string& path, Arguments& args
 gdi::Picture StdPictureEx::LoadFromBytes(const Stream& stream, const std::string& path,
                                          Arguments& args, PictureRecord& record) {
   uint32_t magic = MagicOf(*stream);
-  if ((magic & 0xFFFF) == kLowBitmap) {
-    // Bitmaps go by the platform's loader until they have a road of their own.
+  const uint32_t low = magic & 0xFFFF, high = magic >> 16;
+  if (low == kLowBitmap) {
     args.KeepOriginalFormat = false;
+    if (gdi::Picture picture = LoadFromDib(stream, path, record)) return picture;
     magic = 0;
   } else if ((magic & 0xFFFFFF) == kLowGif) {
     if (!args.KeepOriginalFormat) magic = 0;
   } else if (magic == kMagicPng || (magic & 0xFFFF) == kLowTiffIntel ||
              (magic & 0xFFFF) == kLowTiffMotorola) {
     // The full decoders read these straight away.
+  } else if (low == 0 && (high == kTypeIcon || high == kTypeCursor)) {
+    magic = 0;
+    if (gdi::Picture picture = LoadIconData(*stream, args.Width, args.Height, args.IconSize,
+                                            args.ColorDepth, args.KeepOriginalFormat, record)) {
+      return picture;
+    }
   } else {
-    // Icons and cursors, too, go by the platform's loader for now.
     magic = 0;
   }
   gdi::Picture picture;
   if (magic == 0) picture = PictureFromStream(stream, path, args.KeepOriginalFormat);
   if (!picture) picture = LoadThroughGdiPlus(stream, path, args.KeepOriginalFormat, record);
+  return picture;
+}
+
+gdi::Picture StdPictureEx::LoadFromDib(const Stream& stream, const std::string& path,
+                                       PictureRecord& record) {
+  const auto section = codecs::DecodeDibSection(*stream);
+  if (!section) return {};
+  const gdi::Surface& pixels = section->surface;
+  // The fourth byte of 32-bit pixels may be alpha; nowhere else is it.
+  gdi::AlphaMode stored = gdi::AlphaMode::kOpaque;
+  if (section->info.bitsPerPixel == 32) {
+    switch (codecs::ClassifyAlpha(pixels.Pixels(), pixels.Width(), pixels.Height())) {
+      case codecs::kPixelFormat32bppARGB:
+        stored = gdi::AlphaMode::kStraight;
+        break;
+      case codecs::kPixelFormat32bppPARGB:
+        stored = gdi::AlphaMode::kPremultiplied;
+        break;
+      default:
+        stored = gdi::AlphaMode::kUnknown;
+        break;
+    }
+  }
+  gdi::Picture picture =
+      MakeDibPicture(services_, OriginOf(stream, path, false), pixels.Dimensions(), stored);
+  const bool alpha =
+      stored == gdi::AlphaMode::kStraight || stored == gdi::AlphaMode::kPremultiplied;
+  if (picture && alpha) record.Flags = FlagsOf(kKindBitmap);
   return picture;
 }
 
@@ -172,7 +198,7 @@ gdi::Picture StdPictureEx::LoadThroughGdiPlus(const Stream& stream, const std::s
                                               bool KeepOriginalFormat, PictureRecord& record) {
   const auto info = codecs::Probe(*stream);
   if (!info) return {};
-  const int32_t kind = KindOfFormat(info->format);
+  const int32_t kind = ImageKind(info->format);
   record.Flags = FlagsOf(kind);
   switch (kind) {
     case kKindBitmap:
@@ -237,38 +263,6 @@ int32_t StdPictureEx::PictureType(const gdi::Picture& picture) {
     }
   }
   return type;
-}
-
-int32_t StdPictureEx::FindRecord(const gdi::Picture& picture) const {
-  if (!picture) return -1;
-  for (int32_t row = recordCount_ - 1; row >= 0; --row) {
-    if (records_[static_cast<size_t>(row) + 1].DispatchKey == picture.Handle()) return row;
-  }
-  return -1;
-}
-
-const PictureRecord& StdPictureEx::Record(int32_t row) const {
-  return records_.at(static_cast<size_t>(row + 1));
-}
-
-void StdPictureEx::AddRecord(const PictureRecord& record) {
-  ++recordCount_;
-  // The table grows three rows at a time.
-  if (static_cast<size_t>(recordCount_) >= records_.size()) {
-    records_.resize(static_cast<size_t>(recordCount_) + 3);
-  }
-  records_[static_cast<size_t>(recordCount_)] = record;
-}
-
-void StdPictureEx::RemoveRecord(uint32_t pictureKey) {
-  for (int32_t row = recordCount_ - 1; row >= 0; --row) {
-    auto it = records_.begin() + row + 1;
-    if (it->PictureKey != pictureKey) continue;
-    records_.erase(it);
-    records_.emplace_back();
-    --recordCount_;
-    return;
-  }
 }
 
 }  // namespace vellumry

@@ -25,6 +25,10 @@ struct ByteArray {
 
 using PictureSource = std::variant<std::monostate, std::string, ByteArray, gdi::Picture>;
 
+// Where SavePicture writes: a file name, a byte array that receives the bytes, or a picture
+// variable that receives a new picture. A number (or nothing) is none of these.
+using SaveDestination = std::variant<std::monostate, std::string, ByteArray, gdi::Picture, int32_t>;
+
 // A seekable block of bytes held in memory, shared by those that read it.
 using Stream = std::shared_ptr<const std::vector<uint8_t>>;
 
@@ -47,11 +51,31 @@ class StdPictureEx {
   StdPictureEx& operator=(const StdPictureEx&) = delete;
 
   // A picture of `Source`, or an empty one: failures are never raised. A file or bytes are read
-  // by content; a picture source comes back as itself. IconSize, ColorDepth, Width and Height
-  // choose among the images of an icon file; KeepOriginalFormat keeps the source bytes.
+  // by content; a picture source gives a copy owned here, or itself when none can be made.
+  // IconSize, ColorDepth, Width and Height choose among the images of an icon file;
+  // KeepOriginalFormat keeps the source bytes; ConvertTo 1 makes a bitmap, 3 an icon.
   gdi::Picture LoadPicture(const PictureSource& Source, int32_t IconSize = -1,
                            int32_t ColorDepth = 0, int32_t Width = 0, int32_t Height = 0,
                            bool KeepOriginalFormat = false, int32_t ConvertTo = 0);
+  // Writes `Picture` as a BMP made by drawing it (AsBitmap, or a plain bitmap not kept in source
+  // form): 24 bits over BackColor (0x00BBGGRR; negative: a system colour), or 32 bits with alpha
+  // when KeepAlpha is -1 and the picture is managed. Else a picture variable gets a copy through
+  // LoadPicture, and the rest the bytes the picture was read from. An empty picture does nothing.
+  // Raises tk::Error with the source "SavePicture": 17 for a destination of no known kind, 7 when
+  // the bitmap can't be made, 5 when there are no source bytes, and a failed file's error.
+  void SavePicture(const gdi::Picture& Picture, SaveDestination& Destination, bool AsBitmap = false,
+                   int32_t KeepAlpha = 0, int32_t BackColor = 0);
+  // Sub-images of a managed multi-page picture: their count and the current one (from 1); 0 for
+  // a picture without a row. An icon has none: one image was chosen.
+  int32_t SubImageCount(const gdi::Picture& picture);
+  int32_t SubImageIndex(const gdi::Picture& picture);
+  // Page `Index` of a multi-page TIFF kept in source form, as a new picture that takes the row
+  // over; any other picture, or an index out of range, gives `picture` itself.
+  gdi::Picture SubImage(const gdi::Picture& picture, int32_t Index);
+  // Whether `picture` is managed: it has a row and draws through this class.
+  bool IsManaged(const gdi::Picture& picture) const;
+  // Makes `picture` plain again and drops its row.
+  void UnManage(const gdi::Picture& picture);
   // The kind (PictureKind) of `picture`: from its row when managed, else its own Type, with JPEG
   // and GIF told apart for a picture that keeps its source bytes.
   int32_t PictureType(const gdi::Picture& picture);
@@ -67,10 +91,35 @@ class StdPictureEx {
   int32_t RecordCount() const { return recordCount_; }
   // A stream over a copy of `data`.
   static Stream MakeStream(std::span<const uint8_t> data);
+  // The icon size an IconSize request stands for, into Width and Height (0: the image's own).
+  static void ResolveIconSize(int32_t IconSize, int32_t& Width, int32_t& Height, int imageCount);
+  // An icon or cursor file: the image chosen for the size and depth asked, as an icon picture.
+  // Flags 3 for a 32-bit image or with KeepOriginalFormat, which keeps a file of that one image
+  // in SourceBytes. Nothing when the file is refused.
+  gdi::Picture LoadIconData(std::span<const uint8_t> Data, int32_t& Width, int32_t& Height,
+                            int32_t& IconSize, int32_t& ColorDepth, bool KeepOriginalFormat,
+                            PictureRecord& Record);
 
  private:
   class Keeper;
 
+  // A "BM" file through a DIB section: 32-bit pixels whose fourth byte proves to be alpha give a
+  // managed picture (Flags 1) with premultiplied pixels. Nothing when the section can't be made.
+  gdi::Picture LoadFromDib(const Stream& stream, const std::string& path, PictureRecord& record);
+  // A copy of `picture` owned here: its source bytes read again, or its pixels or icon copied and
+  // examined. Nothing when no copy could be made (the record is then cleared).
+  gdi::Picture LoadFromPicture(const gdi::Picture& picture, Arguments& args, PictureRecord& record);
+  // A bitmap picture over `pixels`, managed (Flags 1) when their fourth byte proves to be alpha.
+  gdi::Picture ExamineBitmap(gdi::Surface pixels, PictureRecord& record);
+  // `picture` as a bitmap: an icon's colour with its alpha or mask; a bitmap stays itself.
+  gdi::Picture ConvertToBitmap(const gdi::Picture& picture, PictureRecord& record);
+  // `picture` as an icon of one image made from a bitmap's pixels; an icon stays itself.
+  gdi::Picture ConvertToIcon(const gdi::Picture& picture, PictureRecord& record,
+                             const Arguments& args);
+  // The page the row's current sub-image names, drawn into a new picture that takes the row.
+  gdi::Picture SelectTiffPage(const gdi::Picture& picture, int32_t row);
+  // Bytes that `picture` was read from: its own kept bytes or its row's; null when none.
+  Stream SourceBytesOf(const gdi::Picture& picture);
   gdi::Picture LoadFromFile(const std::string& path, Arguments& args, PictureRecord& record);
   // `path` names the file the bytes came from, or is empty; a picture of a file it names reads
   // the file again when it decodes, unless the bytes are kept.
@@ -83,7 +132,13 @@ class StdPictureEx {
   gdi::Picture LoadThroughGdiPlus(const Stream& stream, const std::string& path,
                                   bool KeepOriginalFormat, PictureRecord& record);
   void AddRecord(const PictureRecord& record);
-  void RemoveRecord(uint32_t pictureKey);
+  // Drops the row whose keys are `key`; the last row takes its place.
+  void RemoveRecord(uint32_t key);
+
+  // Whether `picture` draws and reports its release through this class.
+  bool DrawsHere(const gdi::Picture& picture) const;
+  // Lets `picture` draw and report its release through this class; its row exists already.
+  void Manage(gdi::Picture& picture);
 
   PictureServices& services_;
   std::shared_ptr<Keeper> keeper_;

@@ -19,6 +19,7 @@ Program::Program(tk::Host& host, tk::EventLoop::Clock clock, tk::Screen screen, 
       FormScreenCapture(runtime),
       frmMenu(runtime),
       frmEdit(runtime) {
+  pictures.setPoster([this](PictureServices::Call call) { runtime.loop().post(std::move(call)); });
   fields.add("sIniPath", shell.sIniPath);
   fields.add("sInstallDir", shell.sInstallDir);
   fields.add("sDest", shell.sDest);

@@ -7,6 +7,8 @@
 #include "ProgramFixture.h"
 #include "app/Driver.h"
 #include "app/ScriptWords.h"
+#include "codecs/TestImages.h"
+#include "platform/gdi/FileWriters.h"
 
 using namespace vellumry;
 
@@ -18,6 +20,33 @@ std::string readFile(const std::string& path) {
   std::stringstream text;
   text << in.rdbuf();
   return text.str();
+}
+
+void writeFile(const std::filesystem::path& path, const std::vector<uint8_t>& bytes) {
+  std::ofstream(path, std::ios::binary)
+      .write(reinterpret_cast<const char*>(bytes.data()),
+             static_cast<std::streamsize>(bytes.size()));
+}
+
+// A 32-bit BMP of 8 x 8 pixels of `argb`, its fourth byte written as it stands.
+std::vector<uint8_t> bmp32(uint32_t argb) {
+  gdi::Surface pixels(8, 8, gdi::AlphaMode::kUnknown);
+  for (uint32_t& p : pixels.Pixels()) p = argb;
+  return gdi::EncodeBmp(pixels);
+}
+
+// A 1-bit BMP of 8 x 8 pixels, black and white columns by turns, white at the left.
+std::vector<uint8_t> bmp1() {
+  std::vector<uint8_t> file = {'B', 'M'};
+  gdi::PutLe32(file, 14 + 40 + 8 + 32);
+  gdi::PutLe32(file, 0);
+  gdi::PutLe32(file, 14 + 40 + 8);
+  for (const uint32_t v : {40u, 8u, 8u}) gdi::PutLe32(file, v);
+  gdi::PutLe16(file, 1);
+  gdi::PutLe16(file, 1);
+  for (const uint32_t v : {0u, 32u, 0u, 0u, 2u, 0u, 0x000000u, 0xFFFFFFu}) gdi::PutLe32(file, v);
+  for (int row = 0; row < 8; ++row) gdi::PutLe32(file, 0xAA);  // 1010 1010, padded
+  return file;
 }
 
 // `text` with every `placeholder` replaced by `value`.
@@ -39,6 +68,28 @@ TEST_F(DriverScriptTest, Grid57RunsAsDocumented) {
   vellumry::Driver driver(out);
   EXPECT_EQ(driver.run(in), 1);  // the one line that asks for what isn't there
   EXPECT_EQ(out.str(), readFile("tests/scripts/grid57.expected"));
+}
+
+TEST_F(DriverScriptTest, EveryKindOfPictureOfTheEngine) {
+  using codecs::testing::IconFile;
+  using codecs::testing::IconImageBytes;
+  writeFile(pictures / "a-sizes.ico", IconFile(1, {{IconImageBytes(16, 0x800000FF)},
+                                                   {IconImageBytes(32, 0x8000FF00)},
+                                                   {IconImageBytes(48, 0x80FF0000)}}));
+  writeFile(pictures / "b-straight.bmp", bmp32(0x80C80000));
+  writeFile(pictures / "c-premultiplied.bmp", bmp32(0x80640000));
+  writeFile(pictures / "d-zero.bmp", bmp32(0x00C80000));
+  writeFile(pictures / "e-pointer.cur", IconFile(2, {{IconImageBytes(16, 0xFF123456), 3, 4}}));
+  writeFile(pictures / "f-mono.bmp", bmp1());
+  std::string script = readFile("tests/scripts/engine.drive");
+  ASSERT_FALSE(script.empty());
+  const std::string placeholder = "${PICTURES}";
+  script.replace(script.find(placeholder), placeholder.size(), pictures.string());
+  std::istringstream in(script);
+  std::ostringstream out;
+  vellumry::Driver driver(out);
+  EXPECT_EQ(driver.run(in), 0);
+  EXPECT_EQ(out.str(), readFile("tests/scripts/engine.expected"));
 }
 
 // The link list's whole life in the driver, with the file checked byte for byte after each step.

@@ -65,7 +65,9 @@ INSTANTIATE_TEST_SUITE_P(Targets, FuzzInputs,
                                            Target{"tiff", fuzz::FuzzTiff, {"tif", "tiff"}},
                                            Target{"gif", fuzz::FuzzGif, {"gif"}},
                                            Target{"bmp", fuzz::FuzzBmp, {"bmp", "dib"}},
-                                           Target{"ico", fuzz::FuzzIco, {"ico", "cur"}}),
+                                           Target{"ico", fuzz::FuzzIco, {"ico", "cur"}},
+                                           Target{"dib", fuzz::FuzzDib, {"bmp", "dib"}},
+                                           Target{"icondata", fuzz::FuzzIconData, {"ico", "cur"}}),
                          [](const auto& info) { return std::string(info.param.name); });
 
 // What each kept finding gives once fixed; nullopt: it reads.

@@ -2,42 +2,21 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
-#include <map>
 #include <sstream>
 
 #include "codecs/TestFiles.h"
 #include "platform/codecs/Codecs.h"
 #include "platform/codecs/IcoCodec.h"
-#include "platform/gdi/LockBits.h"
 
 namespace vellumry::codecs {
 namespace {
 
+using testing::Bgra;
+using testing::BmpSuiteReferences;
 using testing::Corpus;
+using testing::MaxDifference;
 using testing::ReadFile;
-
-// Straight BGRA bytes of a decoded surface; opaque and unknown-alpha pixels count as alpha 255.
-std::vector<uint8_t> Bgra(const gdi::Surface& surface) {
-  return gdi::LockBits(surface, gdi::LockFormat::kBgra32Straight).bytes;
-}
-
-// Largest difference over the colour of visible pixels and over alpha.
-int MaxDifference(const std::vector<uint8_t>& a, const std::vector<uint8_t>& b) {
-  if (a.size() != b.size()) return 256;
-  int worst = 0;
-  for (size_t i = 0; i < a.size(); i += 4) {
-    worst = std::max(worst, std::abs(a[i + 3] - b[i + 3]));
-    if (a[i + 3] == 0 && b[i + 3] == 0) continue;
-    for (int c = 0; c < 3; ++c) worst = std::max(worst, std::abs(a[i + c] - b[i + c]));
-  }
-  return worst;
-}
-
-std::vector<uint8_t> ReferencePng(const std::filesystem::path& path) {
-  auto decoded = Decode(ReadFile(path));
-  return decoded ? Bgra(decoded->surface) : std::vector<uint8_t>{};
-}
+using testing::ReferencePng;
 
 TEST(ReferencePixels, PngSuiteMatchesItsJson) {
   SKIP_WITHOUT(Corpus("pngsuite/json"));
@@ -73,16 +52,7 @@ TEST(ReferencePixels, PngSuiteMatchesItsJson) {
 TEST(ReferencePixels, BmpSuiteGoodFilesMatchTheirPngs) {
   SKIP_WITHOUT(Corpus("bmpsuite/g"));
   int compared = 0;
-  // The suite's page shows each file after its reference picture.
-  std::map<std::string, std::string> references;
-  std::string lastPng;
-  const std::vector<uint8_t> html = ReadFile(Corpus("bmpsuite/html/bmpsuite.html"));
-  const std::string page(html.begin(), html.end());
-  for (size_t at = page.find("src=\""); at != std::string::npos; at = page.find("src=\"", at + 1)) {
-    const std::string src = page.substr(at + 5, page.find('"', at + 5) - at - 5);
-    if (src.ends_with(".png")) lastPng = src;
-    if (src.starts_with("../g/")) references[src.substr(5)] = lastPng;
-  }
+  const auto references = BmpSuiteReferences("g");
   for (const auto& path : testing::FilesBelow(Corpus("bmpsuite/g"))) {
     const auto it = references.find(path.filename().string());
     if (it == references.end()) continue;

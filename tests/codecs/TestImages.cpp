@@ -9,6 +9,8 @@
 // jpeglib.h needs size_t and FILE declared first.
 #include <jpeglib.h>
 
+#include "platform/gdi/FileWriters.h"
+
 namespace vellumry::codecs::testing {
 
 gdi::Surface Gradient(int width, int height) {
@@ -92,6 +94,40 @@ std::vector<uint8_t> MakeGif(int width, int height, const std::vector<uint8_t>& 
   EGifCloseFile(gif, &error);
   GifFreeMapObject(map);
   return out;
+}
+
+std::vector<uint8_t> IconImageBytes(int size, uint32_t argb) {
+  gdi::IconImage icon;
+  const bool alpha = (argb >> 24) != 0xFF;
+  icon.colour =
+      gdi::Surface(size, size, alpha ? gdi::AlphaMode::kStraight : gdi::AlphaMode::kOpaque);
+  for (uint32_t& p : icon.colour.Pixels()) p = argb;
+  icon.andMask.assign(static_cast<size_t>(size) * size, 0);
+  icon.andMask[0] = 1;
+  const std::vector<uint8_t> file = gdi::EncodeIco(icon);
+  return {file.begin() + 22, file.end()};  // behind the header and the one directory row
+}
+
+std::vector<uint8_t> IconFile(uint16_t type, const std::vector<IconFileImage>& images) {
+  std::vector<uint8_t> file;
+  const auto put16 = [&file](uint32_t v) { gdi::PutLe16(file, v); };
+  const auto put32 = [&file](uint32_t v) { gdi::PutLe32(file, v); };
+  put16(0);
+  put16(type);
+  put16(static_cast<uint32_t>(images.size()));
+  uint32_t offset = static_cast<uint32_t>(6 + 16 * images.size());
+  for (const IconFileImage& image : images) {
+    put32(0);  // width, height and colour bytes
+    put16(image.hotspotX);
+    put16(image.hotspotY);
+    put32(static_cast<uint32_t>(image.bytes.size()));
+    put32(offset);
+    offset += static_cast<uint32_t>(image.bytes.size());
+  }
+  for (const IconFileImage& image : images) {
+    file.insert(file.end(), image.bytes.begin(), image.bytes.end());
+  }
+  return file;
 }
 
 }  // namespace vellumry::codecs::testing

@@ -17,6 +17,19 @@ std::vector<uint8_t> MakePng(const gdi::Surface& pixels);
 // A one-frame GIF of `indices` with a 4-colour table, transparent index `transparent` (-1 none).
 std::vector<uint8_t> MakeGif(int width, int height, const std::vector<uint8_t>& indices,
                              int transparent);
+// The bytes of an icon image of `size` x `size` in one colour (0xAARRGGBB) as an icon file holds
+// them: 32 bits with alpha unless the colour is opaque, 24 bits then; the AND mask lets the
+// target through at the top left pixel only.
+std::vector<uint8_t> IconImageBytes(int size, uint32_t argb);
+
+struct IconFileImage {
+  std::vector<uint8_t> bytes;
+  uint16_t hotspotX = 0;  // a cursor's; 0 for an icon
+  uint16_t hotspotY = 0;
+};
+// An icon (type 1) or cursor (type 2) file of `images`, laid out end to end behind the directory.
+std::vector<uint8_t> IconFile(uint16_t type, const std::vector<IconFileImage>& images);
+
 // A gradient surface like MakeJpeg's, opaque.
 gdi::Surface Gradient(int width, int height);
 

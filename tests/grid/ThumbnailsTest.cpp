@@ -101,7 +101,8 @@ TEST_F(ThumbnailsTest, EveryKindOfPictureFillsItsCell) {
   };
   for (Kind k : {Kind{"bubble.png", 512, 512}, Kind{"dusk.jpg", 800, 600},
                  Kind{"frame.bmp", 300, 200}, Kind{"oval.tif", 720, 480}, Kind{"sun.gif", 400, 400},
-                 Kind{"tile.ico", 64, 64}, Kind{"pointer.cur", 6, 6}}) {
+                 // Of a 16/32/64 icon the grid shows the 32 x 32 image.
+                 Kind{"tile.ico", 32, 32}, Kind{"pointer.cur", 6, 6}}) {
     SCOPED_TRACE(k.file);
     int i = position(k.file);
     EXPECT_EQ(program->grid.aPicW[i], k.width * 5);

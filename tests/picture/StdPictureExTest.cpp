@@ -117,11 +117,35 @@ TEST_F(StdPictureExTest, KindAndRowOfEachRoad) {
     EXPECT_EQ(ex.Record(row).PictureKey, picture.Handle());
     EXPECT_EQ(ex.Record(row).SourceBytes != nullptr, c.keep);
   }
-  // A picture the class never saw: its own type. A picture source comes back as itself.
+  // A picture the class never saw: its own type. A picture source gives a copy owned here.
   const auto plain = gdi::Picture::FromSurface(Gradient(3, 3));
   EXPECT_EQ(ex.PictureType(plain), 1);
-  EXPECT_TRUE(ex.LoadPicture(plain).SameObject(plain));
+  const gdi::Picture copy = ex.LoadPicture(plain);
+  EXPECT_FALSE(copy.SameObject(plain));
+  EXPECT_EQ(copy.Pixels()->Pixel(1, 2), plain.Pixels()->Pixel(1, 2));
   EXPECT_EQ(ex.PictureType({}), 0);
+}
+
+TEST_F(StdPictureExTest, PagesOfAKeptTiff) {
+  const std::string tiff = folder.Path("pages.tif");
+  WriteTiff(tiff, 4, 4, {0xFFFF0000, 0xFF00FF00, 0xFF0000FF});
+  const gdi::Picture first = ex.LoadPicture(tiff, -1, 0, 0, 0, true);
+  ASSERT_TRUE(first);
+  EXPECT_EQ(ex.SubImageCount(first), 3);
+  EXPECT_EQ(ex.SubImageIndex(first), 1);
+  // Out of range, or below 1: the picture itself, still on page 1.
+  EXPECT_TRUE(ex.SubImage(first, 4).SameObject(first));
+  EXPECT_TRUE(ex.SubImage(first, 0).SameObject(first));
+  EXPECT_EQ(ex.SubImageIndex(first), 1);
+  // Page 2 is a new picture that takes the row over.
+  const gdi::Picture second = ex.SubImage(first, 2);
+  ASSERT_TRUE(second);
+  EXPECT_FALSE(second.SameObject(first));
+  EXPECT_EQ(second.Pixels()->Pixel(1, 1) & 0xFFFFFF, 0x00FF00u);
+  EXPECT_EQ(ex.SubImageIndex(second), 2);
+  EXPECT_EQ(ex.PictureType(second), 8);
+  EXPECT_EQ(ex.FindRecord(first), -1);
+  EXPECT_EQ(ex.RecordCount(), 1);
 }
 
 TEST_F(StdPictureExTest, RowGoesWithTheLastReference) {

@@ -7,6 +7,9 @@ namespace vellumry::codecs {
 namespace {
 
 constexpr uint64_t kFileHeaderSize = 14;
+// Info headers a DIB section is made from: the 40-byte one up to the 124-byte one.
+constexpr uint32_t kSmallestInfoHeader = 40;
+constexpr uint32_t kLargestInfoHeader = 124;
 
 bool IsBmp(std::span<const uint8_t> bytes) {
   return bytes.size() >= 2 && bytes[0] == 'B' && bytes[1] == 'M';
@@ -43,6 +46,28 @@ Expected<Decoded> DecodeBmp(std::span<const uint8_t> bytes, const Leniency& leni
   if (declared >= header->tableEnd && declared < bytes.size()) pixelsAt = declared;
   auto pixels =
       ReadDibPixels(*header, bytes.subspan(std::min<uint64_t>(pixelsAt, bytes.size())), leniency);
+  if (!pixels) return pixels.error();
+  return Decoded{std::move(*pixels), InfoOf(*header)};
+}
+
+Expected<Decoded> DecodeDibSection(std::span<const uint8_t> bytes) {
+  if (!IsBmp(bytes)) return Error::kUnknownFormat;
+  const ByteReader in(bytes);
+  const auto headerSize = in.Le32(kFileHeaderSize);
+  const auto bitCount = in.Le16(kFileHeaderSize + 14);
+  const auto compression = in.Le32(kFileHeaderSize + 16);
+  if (!headerSize || !bitCount || !compression) return Error::kTruncated;
+  if (*headerSize < kSmallestInfoHeader || *headerSize > kLargestInfoHeader) {
+    return Error::kUnsupported;
+  }
+  // No JPEG or PNG inside, and no alpha bit fields: those go to the full decoders.
+  if (*bitCount < 1 || *compression > kBiBitFields) return Error::kUnsupported;
+  auto header = ParseDibHeader(in, kFileHeaderSize, false);
+  if (!header) return header.error();
+  Leniency strict;
+  strict.bmpShortPixels = false;
+  auto pixels =
+      ReadDibPixels(*header, in.Slice(header->tableEnd, bytes.size() - header->tableEnd), strict);
   if (!pixels) return pixels.error();
   return Decoded{std::move(*pixels), InfoOf(*header)};
 }

@@ -15,4 +15,10 @@ Expected<ImageInfo> ProbeBmp(std::span<const uint8_t> bytes);
 // kUnknown: whether that byte is alpha, and of which kind, is for the caller to find out.
 Expected<Decoded> DecodeBmp(std::span<const uint8_t> bytes, const Leniency& leniency);
 
+// The pixels of a "BM" file as a DIB section takes them from its info header alone: the header
+// must be 40 to 124 bytes, compression RGB, RLE8, RLE4 or bit fields; the pixels lie right behind
+// the masks and colour table, whatever the file header's offset says; data that ends early is
+// refused. Same pixel layout as DecodeBmp. Anything refused here is left to DecodeBmp.
+Expected<Decoded> DecodeDibSection(std::span<const uint8_t> bytes);
+
 }  // namespace vellumry::codecs

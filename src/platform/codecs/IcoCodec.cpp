@@ -4,6 +4,7 @@
 
 #include "platform/codecs/ByteReader.h"
 #include "platform/codecs/Dib.h"
+#include "platform/codecs/IconResource.h"
 #include "platform/codecs/PngCodec.h"
 
 namespace vellumry::codecs {
@@ -59,12 +60,12 @@ Expected<IconDirectory> ReadIconDirectory(std::span<const uint8_t> bytes) {
   IconDirectory dir;
   dir.isCursor = bytes[2] == 2;
   for (uint64_t i = 0; i < *count; ++i) {
-    const uint64_t row = kDirectoryHeader + kEntrySize * i;
+    const IconResourceRow row = ReadIconRow(in, static_cast<int>(i));
     IconEntry e;
-    e.hotspotX = *in.Le16(row + 4);
-    e.hotspotY = *in.Le16(row + 6);
-    e.size = *in.Le32(row + 8);
-    e.offset = *in.Le32(row + 12);
+    e.hotspotX = row.hotspotX;
+    e.hotspotY = row.hotspotY;
+    e.size = row.bytes;
+    e.offset = row.offset;
     const std::span<const uint8_t> image = in.Slice(e.offset, e.size);
     if (e.size == 0 || image.empty()) return Error::kTruncated;
     if (IsPng(image)) {
@@ -112,18 +113,9 @@ Expected<ImageInfo> ProbeIcon(std::span<const uint8_t> bytes) {
   return info;
 }
 
-Expected<gdi::IconImage> DecodeIconEntry(std::span<const uint8_t> bytes, int index,
-                                         const Leniency& leniency) {
-  auto dir = ReadIconDirectory(bytes);
-  if (!dir) return dir.error();
-  if (index < 0 || index >= static_cast<int>(dir->entries.size())) return Error::kOutOfRange;
-  const IconEntry& e = dir->entries[index];
-  const std::span<const uint8_t> image = bytes.subspan(e.offset, e.size);
+Expected<gdi::IconImage> DecodeIconImage(std::span<const uint8_t> image, const Leniency& leniency) {
   gdi::IconImage icon;
-  icon.isCursor = dir->isCursor;
-  icon.hotspotX = e.hotspotX;
-  icon.hotspotY = e.hotspotY;
-  if (e.isPng) {
+  if (IsPng(image)) {
     auto png = DecodePng(image, leniency);
     if (!png) return png.error();
     icon.colour = std::move(png->surface);
@@ -149,6 +141,20 @@ Expected<gdi::IconImage> DecodeIconEntry(std::span<const uint8_t> bytes, int ind
   } else if (!leniency.iconMissingMask) {
     return Error::kTruncated;
   }
+  return icon;
+}
+
+Expected<gdi::IconImage> DecodeIconEntry(std::span<const uint8_t> bytes, int index,
+                                         const Leniency& leniency) {
+  auto dir = ReadIconDirectory(bytes);
+  if (!dir) return dir.error();
+  if (index < 0 || index >= static_cast<int>(dir->entries.size())) return Error::kOutOfRange;
+  const IconEntry& e = dir->entries[index];
+  auto icon = DecodeIconImage(bytes.subspan(e.offset, e.size), leniency);
+  if (!icon) return icon.error();
+  icon->isCursor = dir->isCursor;
+  icon->hotspotX = e.hotspotX;
+  icon->hotspotY = e.hotspotY;
   return icon;
 }
 

@@ -41,6 +41,10 @@ Expected<ImageInfo> ProbeIcon(std::span<const uint8_t> bytes);
 Expected<gdi::IconImage> DecodeIconEntry(std::span<const uint8_t> bytes, int index,
                                          const Leniency& leniency);
 
+// One image of an icon file (a PNG file or a DIB with its AND mask) without its directory:
+// colour and mask only, no hot spot.
+Expected<gdi::IconImage> DecodeIconImage(std::span<const uint8_t> image, const Leniency& leniency);
+
 // The default entry flattened to a straight-alpha surface: masked pixels become transparent.
 Expected<Decoded> DecodeIcon(std::span<const uint8_t> bytes, const Leniency& leniency);
 

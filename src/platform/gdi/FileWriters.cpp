@@ -4,31 +4,21 @@ namespace vellumry::gdi {
 
 namespace {
 
-void Put16(std::vector<uint8_t>& out, uint32_t v) {
-  out.push_back(static_cast<uint8_t>(v));
-  out.push_back(static_cast<uint8_t>(v >> 8));
-}
-
-void Put32(std::vector<uint8_t>& out, uint32_t v) {
-  Put16(out, v & 0xFFFF);
-  Put16(out, v >> 16);
-}
-
 int RowBytes(int bitsPerPixel, int width) { return ((bitsPerPixel * width + 31) / 32) * 4; }
 
 // BITMAPINFOHEADER; `rows` is the height written (doubled for icons).
 void PutInfoHeader(std::vector<uint8_t>& out, int width, int rows, int bits, uint32_t imageSize) {
-  Put32(out, 40);
-  Put32(out, static_cast<uint32_t>(width));
-  Put32(out, static_cast<uint32_t>(rows));
-  Put16(out, 1);
-  Put16(out, static_cast<uint32_t>(bits));
-  Put32(out, 0);  // BI_RGB
-  Put32(out, imageSize);
-  Put32(out, 3780);  // 96 dots per inch, in dots per metre
-  Put32(out, 3780);
-  Put32(out, 0);
-  Put32(out, 0);
+  PutLe32(out, 40);
+  PutLe32(out, static_cast<uint32_t>(width));
+  PutLe32(out, static_cast<uint32_t>(rows));
+  PutLe16(out, 1);
+  PutLe16(out, static_cast<uint32_t>(bits));
+  PutLe32(out, 0);  // BI_RGB
+  PutLe32(out, imageSize);
+  PutLe32(out, 3780);  // 96 dots per inch, in dots per metre
+  PutLe32(out, 3780);
+  PutLe32(out, 0);
+  PutLe32(out, 0);
 }
 
 // Colour rows bottom-up in `bits` (24 or 32) per pixel.
@@ -48,6 +38,16 @@ void PutPixels(std::vector<uint8_t>& out, const Surface& pixels, int bits) {
 
 }  // namespace
 
+void PutLe16(std::vector<uint8_t>& out, uint32_t v) {
+  out.push_back(static_cast<uint8_t>(v));
+  out.push_back(static_cast<uint8_t>(v >> 8));
+}
+
+void PutLe32(std::vector<uint8_t>& out, uint32_t v) {
+  PutLe16(out, v & 0xFFFF);
+  PutLe16(out, v >> 16);
+}
+
 std::vector<uint8_t> EncodeBmp(const Surface& pixels) {
   const bool opaque = pixels.Alpha() == AlphaMode::kOpaque;
   const int bits = opaque ? 24 : 32;
@@ -56,9 +56,9 @@ std::vector<uint8_t> EncodeBmp(const Surface& pixels) {
   out.reserve(54 + imageSize);
   out.push_back('B');
   out.push_back('M');
-  Put32(out, 54 + imageSize);
-  Put32(out, 0);
-  Put32(out, 54);
+  PutLe32(out, 54 + imageSize);
+  PutLe32(out, 0);
+  PutLe32(out, 54);
   PutInfoHeader(out, pixels.Width(), pixels.Height(), bits, imageSize);
   PutPixels(out, pixels, bits);
   return out;
@@ -71,17 +71,17 @@ std::vector<uint8_t> EncodeIco(const IconImage& icon) {
   const uint32_t imageSize =
       40 + (RowBytes(bits, colour.Width()) + maskRow) * static_cast<uint32_t>(colour.Height());
   std::vector<uint8_t> out;
-  Put16(out, 0);
-  Put16(out, icon.isCursor ? 2 : 1);
-  Put16(out, 1);
+  PutLe16(out, 0);
+  PutLe16(out, icon.isCursor ? 2 : 1);
+  PutLe16(out, 1);
   out.push_back(static_cast<uint8_t>(colour.Width() < 256 ? colour.Width() : 0));
   out.push_back(static_cast<uint8_t>(colour.Height() < 256 ? colour.Height() : 0));
   out.push_back(0);
   out.push_back(0);
-  Put16(out, icon.isCursor ? icon.hotspotX : 1);
-  Put16(out, icon.isCursor ? icon.hotspotY : bits);
-  Put32(out, imageSize);
-  Put32(out, 22);
+  PutLe16(out, icon.isCursor ? icon.hotspotX : 1);
+  PutLe16(out, icon.isCursor ? icon.hotspotY : bits);
+  PutLe32(out, imageSize);
+  PutLe32(out, 22);
   PutInfoHeader(out, colour.Width(), colour.Height() * 2, bits, imageSize - 40);
   PutPixels(out, colour, bits);
   for (int y = colour.Height() - 1; y >= 0; --y) {

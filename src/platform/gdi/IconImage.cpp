@@ -6,6 +6,28 @@
 
 namespace vellumry::gdi {
 
+IconImage ScaleIcon(const IconImage& icon, Size size) {
+  const Surface& colour = icon.colour;
+  if (colour.Empty() || size == colour.Dimensions() || size.width <= 0 || size.height <= 0) {
+    return icon;
+  }
+  IconImage scaled = icon;
+  scaled.colour = Surface(size.width, size.height, colour.Alpha());
+  StretchHalftone(scaled.colour, {0, 0, size.width, size.height}, colour,
+                  {0, 0, colour.Width(), colour.Height()});
+  if (!icon.andMask.empty()) {
+    scaled.andMask.assign(static_cast<size_t>(size.width) * size.height, 0);
+    for (int y = 0; y < size.height; ++y) {
+      const int sy = static_cast<int>(int64_t{y} * colour.Height() / size.height);
+      for (int x = 0; x < size.width; ++x) {
+        const int sx = static_cast<int>(int64_t{x} * colour.Width() / size.width);
+        scaled.andMask[static_cast<size_t>(y) * size.width + x] = icon.Masked(sx, sy) ? 1 : 0;
+      }
+    }
+  }
+  return scaled;
+}
+
 void DrawIcon(Surface& dst, Rect target, const IconImage& icon) {
   const Surface& colour = icon.colour;
   if (colour.Empty() || target.width <= 0 || target.height <= 0) return;

@@ -25,6 +25,10 @@ struct IconImage {
   }
 };
 
+// `icon` at `size`: colour smoothed, mask by the nearest pixel. The same icon when it has that
+// size.
+IconImage ScaleIcon(const IconImage& icon, Size size);
+
 // Draws `icon` scaled into `target` of `dst`. With alpha it is blended by its alpha; without, each
 // pixel becomes (target AND mask) XOR colour, so masked pixels keep (or invert) what lies beneath.
 void DrawIcon(Surface& dst, Rect target, const IconImage& icon);

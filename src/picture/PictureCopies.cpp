@@ -1,0 +1,135 @@
+// Pictures made from other pictures: copies owned by the class, and conversions between bitmaps
+// and icons.
+#include "picture/PictureServices.h"
+#include "picture/StdPictureEx.h"
+#include "platform/codecs/ClassifyAlpha.h"
+#include "platform/gdi/FileWriters.h"
+#include "platform/gdi/LockBits.h"
+
+namespace vellumry {
+
+namespace {
+
+enum class Action { kReadBytes, kIcon, kBitmap };
+
+bool HasFourthByte(const gdi::Surface& pixels) { return pixels.Alpha() != gdi::AlphaMode::kOpaque; }
+
+uint32_t Classify(const gdi::Surface& pixels) {
+  return codecs::ClassifyAlpha(pixels.Pixels(), pixels.Width(), pixels.Height());
+}
+
+}  // namespace
+
+gdi::Picture StdPictureEx::LoadFromPicture(const gdi::Picture& picture, Arguments& args,
+                                           PictureRecord& record) {
+  const int32_t row = FindRecord(picture);
+  const gdi::PictureType type = picture.Type();
+  Stream bytes;
+  Action action = Action::kBitmap;
+  if (picture.KeepOriginalFormat()) {
+    action = Action::kReadBytes;
+    bytes = SourceBytesOf(picture);
+  } else if (row >= 0 && args.KeepOriginalFormat && Record(row).SourceBytes) {
+    action = Action::kReadBytes;
+    bytes = Record(row).SourceBytes;
+  } else if (row >= 0) {
+    action = type == gdi::PictureType::kIcon ? Action::kIcon : Action::kBitmap;
+  } else {
+    args.KeepOriginalFormat = false;
+    // Metafiles are copied by their bytes, which they have none of here.
+    if (type == gdi::PictureType::kMetafile || type == gdi::PictureType::kEnhancedMetafile) {
+      action = Action::kReadBytes;
+    } else if (type != gdi::PictureType::kBitmap) {
+      action = Action::kIcon;
+    }
+  }
+  gdi::Picture copy;
+  if (action == Action::kReadBytes) {
+    if (bytes) copy = LoadFromBytes(bytes, {}, args, record);
+  } else if (action == Action::kIcon) {
+    if (const gdi::IconImage* icon = picture.Icon()) {
+      if (icon->HasAlpha() && Classify(icon->colour) != 0) record.Flags = FlagsOf(kKindIcon);
+      int32_t width = args.Width, height = args.Height;
+      ResolveIconSize(args.IconSize, width, height, 1);
+      const gdi::Size own = icon->colour.Dimensions();
+      copy = gdi::Picture::FromIcon(
+          gdi::ScaleIcon(*icon, {width > 0 ? width : own.width, height > 0 ? height : own.height}),
+          services_.twipsPerPixel());
+    }
+  } else if (const auto pixels = picture.Pixels()) {
+    copy = ExamineBitmap(*pixels, record);
+  }
+  if (!copy) record = PictureRecord{};
+  return copy;
+}
+
+gdi::Picture StdPictureEx::ExamineBitmap(gdi::Surface pixels, PictureRecord& record) {
+  record.Flags = 0;
+  if (HasFourthByte(pixels)) {
+    switch (Classify(pixels)) {
+      case codecs::kPixelFormat32bppARGB:
+        pixels.SetAlpha(gdi::AlphaMode::kStraight);
+        pixels = gdi::ConvertAlpha(pixels, gdi::AlphaMode::kPremultiplied);
+        record.Flags = FlagsOf(kKindBitmap);
+        break;
+      case codecs::kPixelFormat32bppPARGB:
+      case codecs::kAlphaOnlyZeroHoles:
+        pixels.SetAlpha(gdi::AlphaMode::kPremultiplied);
+        record.Flags = FlagsOf(kKindBitmap);
+        break;
+      default:
+        pixels.SetAlpha(gdi::AlphaMode::kUnknown);
+        break;
+    }
+  }
+  return gdi::Picture::FromSurface(std::move(pixels), services_.twipsPerPixel());
+}
+
+gdi::Picture StdPictureEx::ConvertToBitmap(const gdi::Picture& picture, PictureRecord& record) {
+  if (picture.Type() == gdi::PictureType::kBitmap) {
+    if (record.Flags != 0) record.Flags = FlagsOf(kKindBitmap);
+    return picture;
+  }
+  const gdi::IconImage* icon = picture.Icon();
+  if (!icon) return picture;  // metafiles draw nothing to convert
+  if (icon->HasAlpha() && Classify(icon->colour) != 0) return ExamineBitmap(icon->colour, record);
+  // The mask decides: masked pixels become transparent, the rest opaque. Drawn with alpha only
+  // when some pixel is masked.
+  gdi::Surface pixels = icon->colour;
+  bool masked = false;
+  for (int y = 0; y < pixels.Height(); ++y) {
+    for (int x = 0; x < pixels.Width(); ++x) {
+      masked = masked || icon->Masked(x, y);
+      pixels.SetPixel(x, y, icon->Masked(x, y) ? 0 : pixels.Pixel(x, y) | 0xFF000000u);
+    }
+  }
+  pixels.SetAlpha(masked ? gdi::AlphaMode::kPremultiplied : gdi::AlphaMode::kOpaque);
+  record.Flags = masked ? FlagsOf(kKindBitmap) : 0;
+  return gdi::Picture::FromSurface(std::move(pixels), services_.twipsPerPixel());
+}
+
+gdi::Picture StdPictureEx::ConvertToIcon(const gdi::Picture& picture, PictureRecord& record,
+                                         const Arguments& args) {
+  if (picture.Type() != gdi::PictureType::kBitmap) return picture;
+  const auto pixels = picture.Pixels();
+  if (!pixels) return picture;
+  // An icon file of one image: alpha pixels of 0 masked, colour unscaled as icon readers expect.
+  gdi::IconImage icon;
+  const bool alpha = HasFourthByte(*pixels);
+  icon.colour =
+      gdi::ConvertAlpha(*pixels, alpha ? gdi::AlphaMode::kStraight : gdi::AlphaMode::kOpaque);
+  icon.andMask.reserve(icon.colour.Pixels().size());
+  for (const uint32_t p : icon.colour.Pixels()) {
+    icon.andMask.push_back(alpha && gdi::AlphaOf(p) == 0 ? 1 : 0);
+  }
+  const std::vector<uint8_t> file = gdi::EncodeIco(icon);
+  int32_t width = args.Width, height = args.Height, iconSize = -1, depth = args.ColorDepth;
+  PictureRecord iconRecord;
+  gdi::Picture converted =
+      LoadIconData(file, width, height, iconSize, depth, args.KeepForIcon, iconRecord);
+  if (!converted) return picture;
+  record = iconRecord;
+  return converted;
+}
+
+}  // namespace vellumry
