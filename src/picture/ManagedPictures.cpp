@@ -79,6 +79,7 @@ void StdPictureEx::UnManage(const gdi::Picture& picture) {
   if (!DrawsHere(picture) || picture.Handle() == 0) return;
   gdi::Picture plain = picture;
   plain.SetManager(nullptr);
+  plain.DropAlpha();  // an ordinary bitmap again, with the pixels it holds
   RemoveRecord(picture.Handle());
 }
 

@@ -114,8 +114,11 @@ TEST_F(ManagedPicturesTest, TheLastRowTakesTheFreedPlace) {
 TEST_F(ManagedPicturesTest, UnManageMakesAPicturePlainAtOnce) {
   const gdi::Picture picture = ex.LoadPicture(Bmp32({0x80640000}));
   ASSERT_TRUE(ex.IsManaged(picture));
+  ExpectNear(DrawnOverGrey(picture, 1), 0xFFA44040, "managed, blended");
   ex.UnManage(picture);
   EXPECT_FALSE(ex.IsManaged(picture));
+  // No alpha any more: the colour as the picture holds it, the grey gone.
+  ExpectNear(DrawnOverGrey(picture, 1), 0xFF640000, "plain");
   EXPECT_EQ(ex.RecordCount(), 0);
   EXPECT_EQ(ex.PictureType(picture), 1);  // as the picture's own type says
   EXPECT_FALSE(ex.IsManaged(gdi::Picture{}));

@@ -22,6 +22,7 @@ struct Picture::Object {
   std::shared_ptr<const IconImage> icon;
   std::shared_ptr<const std::vector<uint8_t>> original;
   std::weak_ptr<PictureManager> manager;
+  bool alphaDropped = false;
 
   ~Object() {
     if (auto m = manager.lock()) m->Released(handle);
@@ -116,8 +117,9 @@ int32_t Picture::Height() const { return object_ ? object_->himetricHeight : 0; 
 
 uint32_t Picture::Attributes() const {
   if (!object_) return 0;
-  const bool alpha = (object_->bitmap && !Opaque(object_->bitmap->Alpha())) ||
-                     (object_->lazy && object_->lazy->HasAlpha());
+  const bool alpha =
+      !object_->alphaDropped && ((object_->bitmap && !Opaque(object_->bitmap->Alpha())) ||
+                                 (object_->lazy && object_->lazy->HasAlpha()));
   const bool transparent = alpha || object_->icon || Manager();
   return transparent ? kPictureTransparent : 0;
 }
@@ -151,6 +153,10 @@ const std::vector<uint8_t>* Picture::OriginalBytes() const {
 
 void Picture::SetManager(std::shared_ptr<PictureManager> manager) {
   if (object_) object_->manager = manager;
+}
+
+void Picture::DropAlpha() {
+  if (object_) object_->alphaDropped = true;
 }
 
 std::shared_ptr<PictureManager> Picture::Manager() const {
@@ -220,7 +226,7 @@ void Picture::Draw(Surface& target, const RenderArgs& a, bool smooth) const {
   const Rect source{
       static_cast<int>(std::lround(left * sx)), static_cast<int>(std::lround(top * sy)),
       static_cast<int>(std::lround(width * sx)), static_cast<int>(std::lround(height * sy))};
-  if (!Opaque(pixels->Alpha())) {
+  if (!Opaque(pixels->Alpha()) && !object_->alphaDropped) {
     AlphaBlend(target, dest, *pixels, source);
   } else if (smooth) {
     StretchHalftone(target, dest, *pixels, source);

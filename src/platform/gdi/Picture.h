@@ -111,6 +111,8 @@ class Picture {
   bool SaveAsFile(std::vector<uint8_t>& out) const;
 
   void SetManager(std::shared_ptr<PictureManager> manager);
+  // From now on the picture draws as a plain bitmap: the fourth byte of its pixels is ignored.
+  void DropAlpha();
   std::shared_ptr<PictureManager> Manager() const;
 
  private:
