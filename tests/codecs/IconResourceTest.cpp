@@ -27,13 +27,6 @@ std::vector<uint8_t> DibHeaderOnly(int size, int depth) {
   return image;
 }
 
-TEST(IconKey, PacksDepthMeanSizePositionAndPng) {
-  EXPECT_EQ(IconKey(32, 48, 48, 2, true), 32u | 48u << 8 | 2u << 20 | 0x80000000u);
-  EXPECT_EQ(IconKey(8, 16, 32, 0, false), 8u | 24u << 8);
-  // Each side counts by its low 11 bits.
-  EXPECT_EQ(IconKeySize(IconKey(4, 2048 + 16, 16, 0, false)), 16);
-}
-
 TEST(IconResource, RefusesWhatDoesntFit) {
   const std::vector<uint8_t> good = IconFile(1, {{DibHeaderOnly(16, 8)}});
   ASSERT_TRUE(ReadIconResource(good));

@@ -35,7 +35,6 @@ TEST(LinkFile, ReadsFieldsBehindEverySeparator) {
       {"names in any script",
        "Été*%*/p/été*%*東京*%*/p/東京*%*",
        {{"Été", "/p/été"}, {"東京", "/p/東京"}}},
-      {"case of the separator counts", "A*%*/a*%*B*%*/b*%*", {{"A", "/a"}, {"B", "/b"}}},
   };
   for (const ReadCase& c : cases) EXPECT_EQ(ParseLinkList(c.text), c.records) << c.what;
 }
