@@ -36,18 +36,6 @@ TEST_F(Finding, LinksByAnyPartOfTheirNamesInAnyCase) {
   }
 }
 
-TEST_F(Finding, AClickOnAHitSelectsTheLinkAndItsFolder) {
-  writeList0("Summer*%*/s*%*Winter*%*/w*%*summit*%*/t*%*");
-  Form1& f = started();
-  program->runtime.dispatch([&] { f.btnFIND_Click(); });
-  search("sum");
-  EXPECT_TRUE(program->links.findDone);
-  tk::user::select(dialog().List(2), 1);
-  EXPECT_EQ(f.List(0).ListIndex(), 2);
-  EXPECT_EQ(f.List(1).Text(), "/t");
-  EXPECT_FALSE(f.Enabled());  // selecting doesn't open anything
-}
-
 TEST_F(Finding, PicturesByFileNameAndTheGridFollows) {
   makeFiles(3);
   std::ofstream(pictures / "cat.PNG") << "x";

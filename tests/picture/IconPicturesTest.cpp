@@ -42,20 +42,6 @@ class IconPicturesTest : public ::testing::Test {
                                                   {IconImageBytes(48, 0x80FF0000)}});
 };
 
-TEST_F(IconPicturesTest, The32PixelImageOfAThreeSizeIcon) {
-  const gdi::Picture picture = ex.LoadPicture(ByteArray{sizes, 0, 1});
-  ASSERT_TRUE(picture);
-  ASSERT_TRUE(picture.Icon());
-  EXPECT_EQ(picture.PixelSize(), (gdi::Size{32, 32}));
-  EXPECT_EQ(picture.Icon()->colour.Pixel(4, 4), 0x8000FF00u);
-  // A 32-bit image is managed and drawn with its alpha; an icon has no sub-images.
-  EXPECT_TRUE(ex.IsManaged(picture));
-  EXPECT_EQ(ex.PictureType(picture), 3);
-  EXPECT_EQ(ex.SubImageCount(picture), 0);
-  EXPECT_EQ(ex.SubImageIndex(picture), 0);
-  EXPECT_TRUE(ex.SubImage(picture, 1).SameObject(picture));
-}
-
 TEST_F(IconPicturesTest, SizeAndDepthArgumentsChoose) {
   const gdi::Picture small = ex.LoadPicture(ByteArray{sizes, 0, 1}, 0);
   ASSERT_TRUE(small);

@@ -79,15 +79,6 @@ TEST_F(ManagedPicturesTest, TheFourthByteDecidesHowABitmapDraws) {
   }
 }
 
-TEST_F(ManagedPicturesTest, OtherDepthsAreNeverManaged) {
-  const gdi::Picture picture = ex.LoadPicture(
-      ByteArray{gdi::EncodeBmp(Filled(3, 2, 0xFF123456, gdi::AlphaMode::kOpaque)), 0, 1});
-  ASSERT_TRUE(picture);
-  EXPECT_FALSE(ex.IsManaged(picture));
-  EXPECT_EQ(ex.RecordCount(), 0);
-  EXPECT_EQ(DrawnOverGrey(picture, 2), 0xFF123456u);
-}
-
 TEST_F(ManagedPicturesTest, ARowGoesOnceTheEventLoopHasRun) {
   gdi::Picture picture = ex.LoadPicture(Bmp32({0x80640000}));
   ASSERT_TRUE(ex.IsManaged(picture));

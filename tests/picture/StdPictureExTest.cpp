@@ -117,12 +117,8 @@ TEST_F(StdPictureExTest, KindAndRowOfEachRoad) {
     EXPECT_EQ(ex.Record(row).PictureKey, picture.Handle());
     EXPECT_EQ(ex.Record(row).SourceBytes != nullptr, c.keep);
   }
-  // A picture the class never saw: its own type. A picture source gives a copy owned here.
-  const auto plain = gdi::Picture::FromSurface(Gradient(3, 3));
-  EXPECT_EQ(ex.PictureType(plain), 1);
-  const gdi::Picture copy = ex.LoadPicture(plain);
-  EXPECT_FALSE(copy.SameObject(plain));
-  EXPECT_EQ(copy.Pixels()->Pixel(1, 2), plain.Pixels()->Pixel(1, 2));
+  // A picture the class never saw: its own type.
+  EXPECT_EQ(ex.PictureType(gdi::Picture::FromSurface(Gradient(3, 3))), 1);
   EXPECT_EQ(ex.PictureType({}), 0);
 }
 
