@@ -27,19 +27,16 @@ constexpr int32_t kJumboIcon = 256;
 // Pictures are drawn at 32 bits a pixel.
 constexpr int32_t kDisplayBitsPerPixel = 32;
 
-constexpr size_t kHeaderBytes = 6;
-constexpr size_t kRowBytes = 16;
-
 // An icon file of the one image at directory position `row`: the header with a count of 1, the
 // row with the image's offset 22, the image.
 Stream OneImageFile(std::span<const uint8_t> data, int row) {
-  const size_t rowAt = kHeaderBytes + kRowBytes * static_cast<size_t>(row);
+  const size_t rowAt = codecs::kIconHeaderBytes + codecs::kIconRowBytes * static_cast<size_t>(row);
   const codecs::IconResourceRow image = codecs::ReadIconRow(codecs::ByteReader(data), row);
-  std::vector<uint8_t> file(data.begin(), data.begin() + kHeaderBytes);
+  std::vector<uint8_t> file(data.begin(), data.begin() + codecs::kIconHeaderBytes);
   file[4] = 1;
   file[5] = 0;
   file.insert(file.end(), data.begin() + rowAt, data.begin() + rowAt + 12);
-  gdi::PutLe32(file, kHeaderBytes + kRowBytes);
+  gdi::PutLe32(file, codecs::kIconHeaderBytes + codecs::kIconRowBytes);
   const auto bytes = data.subspan(image.offset, image.bytes);
   file.insert(file.end(), bytes.begin(), bytes.end());
   return std::make_shared<const std::vector<uint8_t>>(std::move(file));

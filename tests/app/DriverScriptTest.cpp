@@ -12,8 +12,6 @@
 
 using namespace vellumry;
 
-using DriverScriptTest = ProgramFixture;
-
 namespace {
 std::string readFile(const std::string& path) {
   std::ifstream in(path);
@@ -57,17 +55,32 @@ std::string filledIn(std::string text, const std::string& placeholder, const std
 }
 }  // namespace
 
+class DriverScriptTest : public ProgramFixture {
+ protected:
+  // Runs tests/scripts/NAME.drive with this test's folders filled in; expects `errors` lines
+  // to fail and the driver to print NAME.expected, filled in alike.
+  void expectScript(const std::string& name, int errors) {
+    const auto fill = [&](std::string text) {
+      for (const auto& [placeholder, value] :
+           {std::pair<std::string, std::string>{"${ROOT}", root.string()},
+            {"${HOME}", home.string()},
+            {"${PICTURES}", pictures.string()}})
+        text = filledIn(std::move(text), placeholder, value);
+      return text;
+    };
+    const std::string script = readFile("tests/scripts/" + name + ".drive");
+    ASSERT_FALSE(script.empty()) << name;
+    std::istringstream in(fill(script));
+    std::ostringstream out;
+    vellumry::Driver driver(out);
+    EXPECT_EQ(driver.run(in), errors);
+    EXPECT_EQ(out.str(), fill(readFile("tests/scripts/" + name + ".expected")));
+  }
+};
+
 TEST_F(DriverScriptTest, Grid57RunsAsDocumented) {
   makeFiles(57);
-  std::string script = readFile("tests/scripts/grid57.drive");
-  ASSERT_FALSE(script.empty());
-  const std::string placeholder = "${PICTURES}";
-  script.replace(script.find(placeholder), placeholder.size(), pictures.string());
-  std::istringstream in(script);
-  std::ostringstream out;
-  vellumry::Driver driver(out);
-  EXPECT_EQ(driver.run(in), 1);  // the one line that asks for what isn't there
-  EXPECT_EQ(out.str(), readFile("tests/scripts/grid57.expected"));
+  expectScript("grid57", 1);  // the one line that asks for what isn't there
 }
 
 TEST_F(DriverScriptTest, EveryKindOfPictureOfTheEngine) {
@@ -81,26 +94,13 @@ TEST_F(DriverScriptTest, EveryKindOfPictureOfTheEngine) {
   writeFile(pictures / "d-zero.bmp", bmp32(0x00C80000));
   writeFile(pictures / "e-pointer.cur", IconFile(2, {{IconImageBytes(16, 0xFF123456), 3, 4}}));
   writeFile(pictures / "f-mono.bmp", bmp1());
-  std::string script = readFile("tests/scripts/engine.drive");
-  ASSERT_FALSE(script.empty());
-  const std::string placeholder = "${PICTURES}";
-  script.replace(script.find(placeholder), placeholder.size(), pictures.string());
-  std::istringstream in(script);
-  std::ostringstream out;
-  vellumry::Driver driver(out);
-  EXPECT_EQ(driver.run(in), 0);
-  EXPECT_EQ(out.str(), readFile("tests/scripts/engine.expected"));
+  expectScript("engine", 0);
 }
 
 // The link list's whole life in the driver, with the file checked byte for byte after each step.
 TEST_F(DriverScriptTest, LinksScenarioKeepsTheFileInStep) {
   for (const char* folder : {"pictures", "Alps 2019", "beach", "City"}) makeFiles(2, root / folder);
-  std::istringstream in(filledIn(readFile("tests/scripts/links.drive"), "${ROOT}", root.string()));
-  std::ostringstream out;
-  vellumry::Driver driver(out);
-  EXPECT_EQ(driver.run(in), 0);
-  EXPECT_EQ(out.str(),
-            filledIn(readFile("tests/scripts/links.expected"), "${ROOT}", root.string()));
+  expectScript("links", 0);
 }
 
 TEST_F(DriverScriptTest, ViewerRunsAsWritten) {
@@ -112,13 +112,7 @@ TEST_F(DriverScriptTest, ViewerRunsAsWritten) {
   }
   setting("slsh", "1");
   setting("sautor", "1");
-  std::istringstream in(
-      filledIn(filledIn(readFile("tests/scripts/viewer.drive"), "${HOME}", home.string()),
-               "${PICTURES}", pictures.string()));
-  std::ostringstream out;
-  vellumry::Driver driver(out);
-  EXPECT_EQ(driver.run(in), 0);
-  EXPECT_EQ(out.str(), readFile("tests/scripts/viewer.expected"));
+  expectScript("viewer", 0);
 }
 
 TEST_F(DriverScriptTest, ActionsOnWhatBlocksAndEnds) {

@@ -11,9 +11,6 @@ namespace vellumry::codecs {
 
 namespace {
 
-constexpr uint64_t kDirectoryHeader = 6;
-constexpr uint64_t kEntrySize = 16;
-
 bool IsPng(std::span<const uint8_t> image) {
   return image.size() >= 8 && image[0] == 0x89 && image[1] == 'P' && image[2] == 'N' &&
          image[3] == 'G';
@@ -56,7 +53,7 @@ Expected<IconDirectory> ReadIconDirectory(std::span<const uint8_t> bytes) {
   const auto count = in.Le16(4);
   if (!count) return Error::kTruncated;
   if (*count == 0) return Error::kCorrupt;
-  if (!in.Has(kDirectoryHeader, kEntrySize * *count)) return Error::kTruncated;
+  if (!in.Has(kIconHeaderBytes, kIconRowBytes * *count)) return Error::kTruncated;
   IconDirectory dir;
   dir.isCursor = bytes[2] == 2;
   for (uint64_t i = 0; i < *count; ++i) {

@@ -6,8 +6,6 @@ namespace vellumry::codecs {
 
 namespace {
 
-constexpr uint64_t kHeaderBytes = 6;
-constexpr uint64_t kRowBytes = 16;
 constexpr size_t kSmallestFile = 62;
 // An image must hold what its key is read from: a PNG's colour type at offset 25.
 constexpr uint32_t kSmallestImage = 26;
@@ -55,8 +53,8 @@ uint32_t IconKey(int depth, int32_t width, int32_t height, int position, bool pn
 }
 
 IconResourceRow ReadIconRow(const ByteReader& in, int position) {
-  const uint64_t at = kHeaderBytes + kRowBytes * static_cast<uint64_t>(position);
-  if (!in.Has(at, kRowBytes)) return {};
+  const uint64_t at = kIconHeaderBytes + kIconRowBytes * static_cast<uint64_t>(position);
+  if (!in.Has(at, kIconRowBytes)) return {};
   return {*in.Le16(at + 4), *in.Le16(at + 6), *in.Le32(at + 8), *in.Le32(at + 12)};
 }
 
@@ -67,7 +65,7 @@ Expected<IconResource> ReadIconResource(std::span<const uint8_t> bytes) {
   const uint16_t count = *in.Le16(4);
   if (type != 1 && type != 2) return Error::kUnknownFormat;
   if (count < 1) return Error::kCorrupt;
-  const uint64_t directoryEnd = kHeaderBytes + kRowBytes * count;
+  const uint64_t directoryEnd = kIconHeaderBytes + kIconRowBytes * count;
   if (directoryEnd > bytes.size()) return Error::kTruncated;
   IconResource resource;
   resource.isCursor = type == 2;

@@ -11,6 +11,10 @@
 
 namespace vellumry::codecs {
 
+// An icon file: a 6-byte header, then a 16-byte directory row for each image.
+constexpr uint64_t kIconHeaderBytes = 6;
+constexpr uint64_t kIconRowBytes = 16;
+
 // The sort key of one directory row: bits 0-7 the colour depth, 8-18 the mean of width and height
 // (each by its low 11 bits), 20-30 the row's position, bit 31 set for a PNG image.
 uint32_t IconKey(int depth, int32_t width, int32_t height, int position, bool png);
