@@ -18,7 +18,9 @@ Program::Program(tk::Host& host, tk::EventLoop::Clock clock, tk::Screen screen, 
       Form3(runtime),
       FormScreenCapture(runtime),
       frmMenu(runtime),
-      frmEdit(runtime) {
+      frmEdit(runtime),
+      frmSet(runtime),
+      About(runtime) {
   pictures.setPoster([this](PictureServices::Call call) { runtime.loop().post(std::move(call)); });
   fields.add("sIniPath", shell.sIniPath);
   fields.add("sInstallDir", shell.sInstallDir);

@@ -27,6 +27,8 @@ class Form3;
 class FormScreenCapture;
 class frmEdit;
 class frmMenu;
+class frmSet;
+class About;
 
 // Where the program finds its files; filled from the machine by the program's main, or by
 // the driver's set-up commands.
@@ -64,6 +66,8 @@ class Program {
   tk::FormSlot<vellumry::FormScreenCapture> FormScreenCapture;
   tk::FormSlot<vellumry::frmMenu> frmMenu;
   tk::FormSlot<vellumry::frmEdit> frmEdit;
+  tk::FormSlot<vellumry::frmSet> frmSet;
+  tk::FormSlot<vellumry::About> About;
   // Form1's controls, the model that every subsystem shares; touching loads Form1.
   Form1Controls& mainWindow();
 

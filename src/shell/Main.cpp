@@ -6,8 +6,10 @@
 #include "program/Program.h"
 #include "shell/Form0.h"
 #include "shell/Form1.h"
+#include "tools/About.h"
 #include "tools/FormScreenCapture.h"
 #include "tools/frmMenu.h"
+#include "tools/frmSet.h"
 #include "viewer/Form2.h"
 
 namespace vellumry {
@@ -31,6 +33,8 @@ void Main(Program& program) {
   give(program, program.FormScreenCapture);
   give(program, program.frmMenu);
   give(program, program.frmEdit);
+  give(program, program.frmSet);
+  give(program, program.About);
   program.runtime.dispatch([&] { program.Form0().Show(); });
 }
 

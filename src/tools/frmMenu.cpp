@@ -3,8 +3,12 @@
 #include "links/Links.h"
 #include "platform/os/FileSystem.h"
 #include "program/Form1Controls.h"
+#include "program/OpenFile.h"
 #include "program/Program.h"
+#include "tools/About.h"
+#include "tools/Imginfo.h"
 #include "tools/Saveimg.h"
+#include "tools/frmSet.h"
 
 namespace vellumry {
 
@@ -36,8 +40,12 @@ frmMenu::frmMenu(Program& program) : Form(program.runtime, "frmMenu"), program_(
   mnuMin.onClick = [this] { mnuMin_Click(); };
   mnuExit.onClick = [this] { mnuExit_Click(); };
   mnuExit2.onClick = [this] { mnuExit2_Click(); };
-  // File information, marking, the side text, the settings and the About panel come with
-  // their own windows.
+  mnuImgI.onClick = [this] { pImginfo(program_, selectedFile()); };
+  mnuImgI22.onClick = [this] { pImginfo(program_, selectedFile()); };
+  mOpentxt.onClick = [this] { pOpenfile(program_.runtime, program_.tools.sideText); };
+  mnuSet.onClick = [this] { program_.frmSet().Show(); };
+  mnuAbout.onClick = [this] { mnuAbout_Click(program_); };
+  // Marking comes with its own routines.
 }
 
 void frmMenu::popup(tk::Menu& top, std::initializer_list<tk::Menu*> entries) {

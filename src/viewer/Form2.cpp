@@ -6,6 +6,7 @@
 #include "platform/toolkit/Value.h"
 #include "program/Form1Controls.h"
 #include "program/Program.h"
+#include "tools/SideText.h"
 #include "tools/frmMenu.h"
 #include "viewer/DecodeAhead.h"
 
@@ -187,13 +188,8 @@ void Form2::Form_KeyUp(int& KeyCode, int) {
   }
 }
 
-void Form2::pRefreshSideMenu() {
-  // The side text of a BMP comes with the tools; until then the entry is never offered.
-  program_.frmMenu().mOpentxt.setVisible(false);
-}
-
 void Form2::pPopup() {
-  pRefreshSideMenu();
+  pRefreshSideMenu(program_);
   PopupMenu(program_.frmMenu().mnuSaveimg2);
 }
 

@@ -89,7 +89,6 @@ class Form2 : public tk::Form {
   // What a move does first: the picture and its bars hidden, the next one starts centred.
   void leavePicture();
   void pGetPicture();
-  void pRefreshSideMenu();
   // The right button's menu of the viewers, at the pointer.
   void pPopup();
   // Decodes the next and the previous file's pictures at their fitted size on a worker, so that

@@ -9,8 +9,10 @@
 #include <QSignalBlocker>
 #include <QTabBar>
 #include <algorithm>
+#include <optional>
 
 #include "platform/qt/ControlTap.h"
+#include "platform/qt/Units.h"
 #include "platform/toolkit/BasicControls.h"
 #include "platform/toolkit/DialogControls.h"
 #include "platform/toolkit/Input.h"
@@ -45,6 +47,15 @@ void syncCombo(QComboBox* w, const tk::ListControl& list, bool items) {
     w->addItems(itemsOf(list));
   }
   w->setCurrentIndex(list.ListIndex());
+}
+
+// A colour that the model gives a widget of its own; system colours keep the desktop's look.
+void syncColors(QWidget* w, uint32_t back, std::optional<uint32_t> fore = {}) {
+  const auto own = [](uint32_t c) { return (c & 0x80000000u) == 0; };
+  QString sheet;
+  if (own(back)) sheet += "background-color: " + qtColor(back, w->palette()).name() + ";";
+  if (fore && own(*fore)) sheet += "color: " + qtColor(*fore, w->palette()).name() + ";";
+  if (w->styleSheet() != sheet) w->setStyleSheet(sheet);
 }
 
 void syncScrollBar(QScrollBar* w, const tk::ScrollBar& bar) {
@@ -186,10 +197,12 @@ QWidget* createWindowed(Presenter& presenter, tk::Control& c, QWidget* parent, C
 void syncWindowed(QWidget* widget, const tk::Control& c, bool items) {
   const QSignalBlocker block(widget);
   switch (c.kind()) {
-    case tk::Kind::CommandButton:
-      static_cast<QPushButton*>(widget)->setText(
-          text(static_cast<const tk::CommandButton&>(c).Caption()));
+    case tk::Kind::CommandButton: {
+      const auto& button = static_cast<const tk::CommandButton&>(c);
+      static_cast<QPushButton*>(widget)->setText(text(button.Caption()));
+      syncColors(widget, button.BackColor());
       break;
+    }
     case tk::Kind::CheckBox: {
       auto* box = static_cast<QCheckBox*>(widget);
       const auto& check = static_cast<const tk::CheckBox&>(c);
@@ -212,9 +225,12 @@ void syncWindowed(QWidget* widget, const tk::Control& c, bool items) {
     case tk::Kind::FileListBox:
       syncList(static_cast<QListWidget*>(widget), static_cast<const tk::ListControl&>(c), items);
       break;
-    case tk::Kind::ComboBox:
-      syncCombo(static_cast<QComboBox*>(widget), static_cast<const tk::ListControl&>(c), items);
+    case tk::Kind::ComboBox: {
+      const auto& combo = static_cast<const tk::ComboBox&>(c);
+      syncCombo(static_cast<QComboBox*>(widget), combo, items);
+      syncColors(widget, combo.BackColor(), combo.ForeColor());
       break;
+    }
     case tk::Kind::VScrollBar:
     case tk::Kind::HScrollBar:
       syncScrollBar(static_cast<QScrollBar*>(widget), static_cast<const tk::ScrollBar&>(c));

@@ -57,11 +57,13 @@ const std::vector<Property>& TextBox::properties() const {
 }
 
 void CommandButton::setCaption(const std::string& v) { assign(caption_, v, prop::Caption); }
+void CommandButton::setBackColor(uint32_t v) { assign(backColor_, v, prop::BackColor); }
 const std::vector<Property>& CommandButton::properties() const {
-  static const auto props =
-      extend(Control::properties(),
-             {accessor<CommandButton, &CommandButton::Caption, &CommandButton::setCaption>(
-                 prop::Caption)});
+  static const auto props = extend(
+      Control::properties(),
+      {accessor<CommandButton, &CommandButton::Caption, &CommandButton::setCaption>(prop::Caption),
+       accessor<CommandButton, &CommandButton::BackColor, &CommandButton::setBackColor>(
+           prop::BackColor)});
   return props;
 }
 

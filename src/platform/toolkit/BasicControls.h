@@ -80,11 +80,15 @@ class CommandButton : public Control {
       : Control(form, std::move(name), Kind::CommandButton) {}
   const std::string& Caption() const { return caption_; }
   void setCaption(const std::string& v);
+  // A button may show a colour of its own, as a colour picker's button does.
+  uint32_t BackColor() const { return backColor_; }
+  void setBackColor(uint32_t v);
   bool focusable() const override { return true; }
   const std::vector<Property>& properties() const override;
 
  private:
   std::string caption_;
+  uint32_t backColor_ = kSystemFace;
 };
 
 class CheckBox : public Control {

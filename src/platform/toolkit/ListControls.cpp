@@ -85,6 +85,16 @@ const std::vector<Property>& ListBox::properties() const {
   return props;
 }
 
+void ComboBox::setBackColor(uint32_t v) { assign(backColor_, v, prop::BackColor); }
+void ComboBox::setForeColor(uint32_t v) { assign(foreColor_, v, prop::ForeColor); }
+const std::vector<Property>& ComboBox::properties() const {
+  static const auto props =
+      extend(ListBox::properties(),
+             {accessor<ComboBox, &ComboBox::BackColor, &ComboBox::setBackColor>(prop::BackColor),
+              accessor<ComboBox, &ComboBox::ForeColor, &ComboBox::setForeColor>(prop::ForeColor)});
+  return props;
+}
+
 bool naturalLess(const std::string& a, const std::string& b) {
   size_t i = 0, j = 0;
   auto digit = [](char c) { return std::isdigit(static_cast<unsigned char>(c)) != 0; };

@@ -52,6 +52,14 @@ class ListBox : public ListControl {
 class ComboBox : public ListBox {
  public:
   ComboBox(Form* form, std::string name) : ListBox(form, std::move(name), Kind::ComboBox) {}
+  uint32_t BackColor() const { return backColor_; }
+  void setBackColor(uint32_t v);
+  uint32_t ForeColor() const { return foreColor_; }
+  void setForeColor(uint32_t v);
+  const std::vector<Property>& properties() const override;
+
+ private:
+  uint32_t backColor_ = 0x80000005, foreColor_ = 0x80000008;  // the window's system colours
 };
 
 // The files of one folder that match a pattern, sorted as a person expects, case-blind.
