@@ -2,6 +2,7 @@
 #include <QColor>
 #include <QImage>
 #include <fstream>
+#include <functional>
 #include <sstream>
 
 #include "ProgramFixture.h"
@@ -9,6 +10,8 @@
 #include "app/ScriptWords.h"
 #include "codecs/TestImages.h"
 #include "platform/gdi/FileWriters.h"
+#include "platform/os/FileFacts.h"
+#include "platform/os/FileSystem.h"
 
 using namespace vellumry;
 
@@ -59,12 +62,15 @@ class DriverScriptTest : public ProgramFixture {
  protected:
   // Runs tests/scripts/NAME.drive with this test's folders filled in; expects `errors` lines
   // to fail and the driver to print NAME.expected, filled in alike.
-  void expectScript(const std::string& name, int errors) {
-    const auto fill = [&](std::string text) {
-      for (const auto& [placeholder, value] :
-           {std::pair<std::string, std::string>{"${ROOT}", root.string()},
-            {"${HOME}", home.string()},
-            {"${PICTURES}", pictures.string()}})
+  // `more` gives further placeholders of the expected output, asked for after the run.
+  using Fills = std::vector<std::pair<std::string, std::string>>;
+  void expectScript(const std::string& name, int errors, std::function<Fills()> more = {}) {
+    const auto fill = [&](std::string text, const Fills& extra = {}) {
+      Fills all = {{"${ROOT}", root.string()},
+                   {"${HOME}", home.string()},
+                   {"${PICTURES}", pictures.string()}};
+      all.insert(all.end(), extra.begin(), extra.end());
+      for (const auto& [placeholder, value] : all)
         text = filledIn(std::move(text), placeholder, value);
       return text;
     };
@@ -74,7 +80,8 @@ class DriverScriptTest : public ProgramFixture {
     std::ostringstream out;
     vellumry::Driver driver(out);
     EXPECT_EQ(driver.run(in), errors);
-    EXPECT_EQ(out.str(), fill(readFile("tests/scripts/" + name + ".expected")));
+    EXPECT_EQ(out.str(),
+              fill(readFile("tests/scripts/" + name + ".expected"), more ? more() : Fills{}));
   }
 };
 
@@ -113,6 +120,36 @@ TEST_F(DriverScriptTest, ViewerRunsAsWritten) {
   setting("slsh", "1");
   setting("sautor", "1");
   expectScript("viewer", 0);
+}
+
+// The dates of the file information stand as the desktop writes them, read after the run.
+TEST_F(DriverScriptTest, DialogsScenario) {
+  std::ofstream(iniPath(), std::ios::trunc)
+      << "[Settings]\nrows=10\ngformc=4210752\ngselfrc=33023\nslsh=5\ndest=\nInw=<\n";
+  writeFile(pictures / "a.BMP", bmp32(0xFF204060));
+  writeFile(pictures / "b.bmp", bmp32(0xFF604020));
+  for (const char* text : {"a.txt", "b.txt"}) std::ofstream(pictures / text) << "note";
+  std::ofstream(pictures / "c.png") << "not a picture";
+  QImage grey(640, 480, QImage::Format_Grayscale8);
+  grey.fill(128);
+  ASSERT_TRUE(grey.save(QString::fromStdString((pictures / "d.png").string()), "PNG"));
+  const auto size = std::filesystem::file_size(pictures / "d.png");
+  ASSERT_LT(size, 1536u);
+  // Bytes behind the end of a PNG are no part of the picture.
+  writeFile(pictures / "d.png", [&] {
+    auto bytes = *os::ReadWholeFile((pictures / "d.png").string());
+    bytes.resize(1536);
+    return bytes;
+  }());
+  expectScript("dialogs", 0, [&] {
+    Fills dates;
+    for (const char* file : {"c.png", "d.png"}) {
+      const auto facts = os::GetFile((pictures / file).string());
+      dates.push_back({"${MODIFIED_" + std::string(file) + "}", facts->DateLastModified});
+      dates.push_back({"${ACCESSED_" + std::string(file) + "}", facts->DateLastAccessed});
+    }
+    return dates;
+  });
 }
 
 TEST_F(DriverScriptTest, ActionsOnWhatBlocksAndEnds) {
