@@ -17,6 +17,8 @@ constexpr double kWidth = 5415, kHeight = 4215;
 
 About::About(Program& program) : Form(program.runtime, "About"), program_(program) {
   setBorderStyle(0);
+  setFontName("Arial");
+  setFontSize(8);
   Move(0, 0, kWidth, kHeight);
   Picture1.Move(0, 0, kWidth, kHeight);
   Picture1.setBorderStyle(0);
@@ -29,7 +31,7 @@ About::About(Program& program) : Form(program.runtime, "About"), program_(progra
   Label3.Move(3240, 480, 1845, 285);
   Label3.setCaption("Vellumry Ostrel1");
   Label1.Move(2400, 3120, 1920, 240);
-  Label1.setCaption("Made by the Vellumry makers");
+  Label1.setCaption("By the Vellumry team");
   bHome.setContainer(&Picture1);
   bHome.Move(2760, 3755, 1215, 255);
   bHome.setCaption("Home Page");

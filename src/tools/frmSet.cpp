@@ -17,6 +17,7 @@ constexpr uint32_t kDarkGrey = 0x00404040, kWhite = 0x00FFFFFF;
 constexpr double kMinCell = 1264;  // a cell must be taller than this, as the grid wants it
 constexpr double kPageTop = 400;
 constexpr double kHeight = 4200;
+constexpr double kPageHeight = 2840;
 
 // Picks the item of a drop-down list that reads `text`; a text that isn't an item leaves the
 // list as it was.
@@ -32,6 +33,9 @@ int16_t numberIn(const std::string& text) {
 
 frmSet::frmSet(Program& program) : Form(program.runtime, "frmSet"), program_(program) {
   setCaption("Settings");
+  // The design's boxes were measured for a small sans-serif text.
+  setFontName("Arial");
+  setFontSize(7.5);
   placeControls();
   btn.onClick = [this](int i) { btn_Click(i); };
   cbo.onClick = [this](int i) { cbo_Click(i); };
@@ -53,8 +57,10 @@ void frmSet::placeControls() {
     FrameList1.Load(page).setVisible(true);
     FrameList1(page).setBorderStyle(0);
   }
-  FrameList1(1).Move(0, 360, 7815, 3300);
-  FrameList1(2).Move(0, 5760, 7815, 3300);
+  // The pages end where the note begins: elements of an array stack in index order, so a
+  // taller page would cover the note.
+  FrameList1(1).Move(0, 360, 7815, kPageHeight);
+  FrameList1(2).Move(0, 5760, 7815, kPageHeight);
 
   struct Caption {
     int index, page;
@@ -74,6 +80,9 @@ void frmSet::placeControls() {
     label.Move(c.left, c.top, c.width, c.height);
     label.setCaption(c.text);
   }
+  // The seconds list stands in the gap of its caption; the caption's text is drawn large enough
+  // for its blanks to leave that gap.
+  Label1(1).setFontSize(11);
   const Caption checks[] = {
       {0, 2, 0, 600, 6975, 615, "Show play commands when an animated gif is displayed"},
       {1, 1, 0, 2280, 7815, 615,
@@ -92,7 +101,6 @@ void frmSet::placeControls() {
     box.setCaption(c.text);
   }
 
-  // The seconds list stands in the gap of its caption, in front of it.
   cbo(0).setContainer(&FrameList1(1));
   cbo(0).Move(1920, 240, 735, 405);
   cbo.Load(1).setVisible(true);

@@ -1,5 +1,6 @@
 #include "platform/qt/Presenter.h"
 
+#include <QApplication>
 #include <QLineEdit>
 #include <QPainterPath>
 #include <QRegion>
@@ -148,6 +149,7 @@ void Presenter::formLoaded(tk::Form& form) {
   stack_.push_back(w);
   applyFlags(*w, form);
   applyRegion(*w, form);
+  applyFont(*w, form);
   w->setWindowTitle(QString::fromStdString(form.Caption()));
   placeWindow(*w, form);
   for (tk::Control* c : form.controls()) show(*c);
@@ -304,6 +306,8 @@ void Presenter::formChanged(tk::Form& form, FormWindow& window, tk::PropertyName
     applyFlags(window, form);
   } else if (property == prop::Region) {
     applyRegion(window, form);
+  } else if (property == prop::FontName || property == prop::FontSize) {
+    applyFont(window, form);
   } else {
     window.update();
   }
@@ -324,6 +328,13 @@ void Presenter::applyFlags(FormWindow& window, const tk::Form& form) {
   const bool shown = window.isVisible();
   window.setWindowFlags(flags);  // this hides the window
   if (shown) showWindow(window, form);
+}
+
+void Presenter::applyFont(FormWindow& window, const tk::Form& form) {
+  QFont font = QApplication::font();
+  if (!form.FontName().empty()) font.setFamily(QString::fromStdString(form.FontName()));
+  if (form.FontSize() > 0) font.setPointSizeF(form.FontSize());
+  window.setFont(font);  // the controls take it from their window
 }
 
 void Presenter::applyRegion(FormWindow& window, const tk::Form& form) {

@@ -89,6 +89,7 @@ class Presenter final : public tk::Observer {
   void placeWindow(FormWindow& window, const tk::Form& form);
   void applyFlags(FormWindow& window, const tk::Form& form);
   // Cuts the window to the form's outline, or shows it whole when it has none.
+  void applyFont(FormWindow& window, const tk::Form& form);
   void applyRegion(FormWindow& window, const tk::Form& form);
   void showWindow(FormWindow& window, const tk::Form& form);
   void raise(const FormWindow& window);

@@ -34,11 +34,18 @@ void WindowlessPainter::paint(QPainter& painter, const tk::Control& c, const QRe
       const auto& label = static_cast<const tk::Label&>(c);
       if (label.BackStyle() == 1) painter.fillRect(rect, qtColor(label.BackColor(), palette));
       painter.setPen(qtColor(label.ForeColor(), palette));
+      const QFont windowFont = painter.font();
+      if (label.FontSize() > 0) {
+        QFont font = windowFont;
+        font.setPointSizeF(label.FontSize());
+        painter.setFont(font);
+      }
       const int align = label.Alignment() == 1   ? Qt::AlignRight
                         : label.Alignment() == 2 ? Qt::AlignHCenter
                                                  : Qt::AlignLeft;
       painter.drawText(rect, align | Qt::AlignTop | Qt::TextWordWrap,
                        QString::fromStdString(label.Caption()));
+      painter.setFont(windowFont);
       break;
     }
     case tk::Kind::Shape: {

@@ -27,6 +27,7 @@ void Label::setAlignment(int v) { assign(alignment_, v, prop::Alignment); }
 void Label::setBackColor(uint32_t v) { assign(backColor_, v, prop::BackColor); }
 void Label::setForeColor(uint32_t v) { assign(foreColor_, v, prop::ForeColor); }
 void Label::setBackStyle(int v) { assign(backStyle_, v, prop::BackStyle); }
+void Label::setFontSize(double v) { assign(fontSize_, v, prop::FontSize); }
 const std::vector<Property>& Label::properties() const {
   static const auto props =
       extend(Control::properties(),
@@ -36,6 +37,7 @@ const std::vector<Property>& Label::properties() const {
                  accessor<Label, &Label::BackColor, &Label::setBackColor>(prop::BackColor),
                  accessor<Label, &Label::ForeColor, &Label::setForeColor>(prop::ForeColor),
                  accessor<Label, &Label::BackStyle, &Label::setBackStyle>(prop::BackStyle),
+                 accessor<Label, &Label::FontSize, &Label::setFontSize>(prop::FontSize),
              });
   return props;
 }

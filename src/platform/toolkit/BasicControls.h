@@ -45,10 +45,14 @@ class Label : public Control {
   void setForeColor(uint32_t v);
   int BackStyle() const { return backStyle_; }  // 0 transparent, 1 opaque
   void setBackStyle(int v);
+  // Points; 0: the size of the window's text.
+  double FontSize() const { return fontSize_; }
+  void setFontSize(double v);
   const std::vector<Property>& properties() const override;
 
  private:
   std::string caption_;
+  double fontSize_ = 0;
   int alignment_ = 0, backStyle_ = 1;
   uint32_t backColor_ = kSystemFace, foreColor_ = kSystemText;
 };

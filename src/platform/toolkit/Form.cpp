@@ -60,6 +60,8 @@ void Form::setBorderStyle(int v) {
 }
 
 void Form::setTopMost(bool v) { assign(topMost_, v, prop::TopMost); }
+void Form::setFontName(const std::string& v) { assign(fontName_, v, prop::FontName); }
+void Form::setFontSize(double v) { assign(fontSize_, v, prop::FontSize); }
 
 void Form::setWindowRegion(const Region& v) { assign(region_, v, prop::Region); }
 
@@ -157,6 +159,8 @@ const std::vector<Property>& Form::properties() const {
                  accessor<Form, &Form::BorderStyle, &Form::setBorderStyle>(prop::BorderStyle),
                  accessor<Form, &Form::ScaleMode, &Form::setScaleMode>(prop::ScaleMode),
                  accessor<Form, &Form::TopMost, &Form::setTopMost>(prop::TopMost),
+                 accessor<Form, &Form::FontName, &Form::setFontName>(prop::FontName),
+                 accessor<Form, &Form::FontSize, &Form::setFontSize>(prop::FontSize),
                  Property{prop::Region, regionText, nullptr},
              });
   return props;

@@ -42,6 +42,12 @@ class Form : public Control {
   // Stays above every other window while true.
   bool TopMost() const { return topMost_; }
   void setTopMost(bool v);
+  // The typeface and size in points of the text of the form's controls; empty and 0: the
+  // desktop's own.
+  const std::string& FontName() const { return fontName_; }
+  void setFontName(const std::string& v);
+  double FontSize() const { return fontSize_; }
+  void setFontSize(double v);
   // The window's outline: a rectangle of `width` by `height` pixels from its corner, the
   // corners cut by an ellipse of `cornerWidth` by `cornerHeight` pixels. All 0: no outline
   // of its own, the whole window shows.
@@ -107,7 +113,8 @@ class Form : public Control {
   std::vector<Control*> controls_;
   FieldTable fields_;
   Control* active_ = nullptr;
-  std::string caption_;
+  std::string caption_, fontName_;
+  double fontSize_ = 0;
   uint32_t backColor_ = 0x8000000F;
   int windowState_ = 0, mousePointer_ = 0, borderStyle_ = 2, scaleMode_ = 1;
   bool keyPreview_ = false, topMost_ = false;

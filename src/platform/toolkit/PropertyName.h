@@ -43,6 +43,8 @@ inline constexpr PropertyName FillColor{"FillColor"};
 inline constexpr PropertyName FillStyle{"FillStyle"};
 inline constexpr PropertyName Filter{"Filter"};
 inline constexpr PropertyName Flags{"Flags"};
+inline constexpr PropertyName FontName{"FontName"};
+inline constexpr PropertyName FontSize{"FontSize"};
 inline constexpr PropertyName ForeColor{"ForeColor"};
 inline constexpr PropertyName Height{"Height"};
 inline constexpr PropertyName Index{"Index"};
