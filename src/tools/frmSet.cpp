@@ -4,7 +4,6 @@
 #include <string>
 
 #include "platform/os/FileSystem.h"
-#include "platform/os/SettingsFile.h"
 #include "platform/toolkit/Numbers.h"
 #include "program/Form1Controls.h"
 #include "program/Program.h"
