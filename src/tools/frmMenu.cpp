@@ -1,5 +1,6 @@
 #include "tools/frmMenu.h"
 
+#include "grid/Grid.h"
 #include "links/Links.h"
 #include "platform/os/FileSystem.h"
 #include "program/Form1Controls.h"
@@ -30,13 +31,14 @@ frmMenu::frmMenu(Program& program) : Form(program.runtime, "frmMenu"), program_(
   mnuFimg.onClick = [this] { Links::of(program_).mnuFimg_Click(); };
   mnuFimg00.onClick = [this] { Links::of(program_).mnuFimg_Click(); };
   mnuSaveimg00.onClick = [this] { pSaveimg(program_, selectedFile()); };
+  mDelselected.onClick = [this] { Grid::of(program_).pdelsel(); };
   mnuSaveimg22.onClick = [this] { mnuSaveimg22_Click(); };
   mnuHelp.onClick = [this] { mnuHelp_Click(); };
   mnuMinimize.onClick = [this] { mnuMinimize_Click(); };
   mnuMin.onClick = [this] { mnuMin_Click(); };
   mnuExit.onClick = [this] { mnuExit_Click(); };
   mnuExit2.onClick = [this] { mnuExit2_Click(); };
-  // File information, marking, the side text, the settings and the About panel come with
+  // File information, the side text, the settings and the About panel come with
   // their own windows.
 }
 
@@ -46,6 +48,11 @@ void frmMenu::popup(tk::Menu& top, std::initializer_list<tk::Menu*> entries) {
     top.add(*entry);
     if (entry->separator()) entry->setEnabled(false);
   }
+}
+
+void frmMenu::pDelcaption() {
+  const bool marked = program_.tools.marked(program_.mainWindow().File2.ListIndex() + 1);
+  mDelselected.setCaption(marked ? "Undo Delete Selected File" : "Delete Selected File");
 }
 
 void frmMenu::mnuSllist_Click() {
