@@ -51,7 +51,7 @@ void FormScreenCapture::Form_Load() {
     setHeight(tools.delShotH);
   }
   setLeft(-Width());
-  if (!tools.delShot) return;
+  if (!tools.delShot) return program_.Form0.form().setPicture(runtime().host().ScreenPicture());
   Form1Controls& f = program_.mainWindow();
   f.Image123(f.File2.ListIndex() + 1)
       .setPicture(markedThumbnail(f, screen, static_cast<int>(Width() / screen.TwipsPerPixelX),

@@ -96,6 +96,18 @@ TEST_F(MarksTest, MarkDrawsTheCrossAndUndoBringsTheThumbnailBack) {
   EXPECT_EQ(program->frmMenu().mDelselected.Caption(), "Delete Selected File");
 }
 
+TEST_F(MarksTest, AMinimisingAfterAMarkingKeepsTheWholeScreen) {
+  pictureFiles(2);
+  Form1& f = loaded();
+  const gdi::Picture screen = gdi::Picture::FromSurface(gdi::Surface(4, 3, gdi::AlphaMode::kOpaque));
+  host.screenPicture = [&] { return screen; };
+  toggle(1);
+  const gdi::Picture crossed = f.Image123(1).Picture();
+  program->pMinimise(ViewerState::kGrid);
+  EXPECT_TRUE(program->Form0().Picture().SameObject(screen));
+  EXPECT_TRUE(f.Image123(1).Picture().SameObject(crossed));
+}
+
 TEST_F(MarksTest, TheQuestionCountsTheMarksAndSelectsTheFirst) {
   struct Case {
     std::vector<int> marked;
