@@ -22,11 +22,10 @@ gdi::Picture markedThumbnail(const Form1Controls& f, const tk::Screen& screen, i
   for (const tk::Image* image : {&f.Image2123, &f.Image5}) {
     const gdi::Picture& picture = image->Picture();
     if (!image->Visible() || !picture) continue;
-    picture.Render(canvas, px(image->Left(), screen.TwipsPerPixelX),
-                   px(image->Top(), screen.TwipsPerPixelY),
-                   px(image->Width(), screen.TwipsPerPixelX),
-                   px(image->Height(), screen.TwipsPerPixelY), 0, picture.Height(),
-                   picture.Width(), -picture.Height());
+    picture.Render(
+        canvas, px(image->Left(), screen.TwipsPerPixelX), px(image->Top(), screen.TwipsPerPixelY),
+        px(image->Width(), screen.TwipsPerPixelX), px(image->Height(), screen.TwipsPerPixelY), 0,
+        picture.Height(), picture.Width(), -picture.Height());
   }
   return gdi::Picture::FromSurface(std::move(canvas), screen.TwipsPerPixelX);
 }

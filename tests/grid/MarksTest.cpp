@@ -99,7 +99,8 @@ TEST_F(MarksTest, MarkDrawsTheCrossAndUndoBringsTheThumbnailBack) {
 TEST_F(MarksTest, AMinimisingAfterAMarkingKeepsTheWholeScreen) {
   pictureFiles(2);
   Form1& f = loaded();
-  const gdi::Picture screen = gdi::Picture::FromSurface(gdi::Surface(4, 3, gdi::AlphaMode::kOpaque));
+  const gdi::Picture screen =
+      gdi::Picture::FromSurface(gdi::Surface(4, 3, gdi::AlphaMode::kOpaque));
   host.screenPicture = [&] { return screen; };
   toggle(1);
   const gdi::Picture crossed = f.Image123(1).Picture();
@@ -113,8 +114,8 @@ TEST_F(MarksTest, TheQuestionCountsTheMarksAndSelectsTheFirst) {
     std::vector<int> marked;
     std::string ending;
   };
-  for (const Case& c : {Case{{3}, "previous  picture. file ?"},
-                        Case{{4, 2, 5}, "previous  picture. 3 files ?"}}) {
+  for (const Case& c :
+       {Case{{3}, "previous  picture. file ?"}, Case{{4, 2, 5}, "previous  picture. 3 files ?"}}) {
     SCOPED_TRACE(c.ending);
     program.reset();
     fs::remove_all(pictures);

@@ -4,16 +4,15 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <QDir>
+#include <QFile>
+#include <QStandardPaths>
 #include <algorithm>
 #include <atomic>
 #include <cerrno>
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
-
-#include <QDir>
-#include <QFile>
-#include <QStandardPaths>
 
 namespace vellumry::os {
 
