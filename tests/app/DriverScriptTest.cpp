@@ -135,7 +135,6 @@ TEST_F(DriverScriptTest, ActionsOnWhatBlocksAndEnds) {
 // Ten files, three marked and one mark taken back. Closed with Yes, the two marked files go to
 // the trash and the other eight stay byte for byte; closed with Cancel and then No, all ten stay.
 TEST_F(DriverScriptTest, MarkedFilesLeaveOnlyAfterYes) {
-  ::setenv("XDG_DATA_HOME", (root / "data").c_str(), 1);
   struct Case {
     std::string script;
     std::set<std::string> gone;

@@ -92,8 +92,6 @@ bool CopyFile(const std::string& from, const std::string& to, bool overwrite) {
   return in.eof() && out.Flush() && out.Commit();
 }
 
-bool DeleteFile(const std::string& path) { return FileExists(path) && ::unlink(path.c_str()) == 0; }
-
 namespace {
 // The user's own trash, made where it is missing: without it Qt may put a file into a trash
 // folder relative to the working folder.

@@ -23,9 +23,6 @@ bool FileExists(const std::string& path);
 // end, so `to` holds either its old bytes or all of the new ones. True on success.
 bool CopyFile(const std::string& from, const std::string& to, bool overwrite);
 
-// Deletes the file `path`. False when it isn't a file or can't be deleted.
-bool DeleteFile(const std::string& path);
-
 // Takes the file `path` out of its folder: into the desktop's trash where its volume has one,
 // so that it can be restored, else deleted. A symbolic link goes itself, never its target.
 // False when it isn't a file or neither can be done.
