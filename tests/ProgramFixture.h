@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <memory>
@@ -32,6 +33,8 @@ class ProgramFixture : public ::testing::Test {
     pictures = root / "pictures";
     std::filesystem::create_directories(home);
     std::filesystem::create_directories(pictures);
+    // Files that the program discards go to a trash of the test's own.
+    ::setenv("XDG_DATA_HOME", (root / "data").c_str(), 1);
     vellumry::os::CreateSettingsFileIfMissing(iniPath());
   }
   void TearDown() override {

@@ -14,5 +14,9 @@ int main(int argc, char** argv) {
   driver.shot = [](vellumry::Program& program, const std::string& png) {
     return presenter::saveShot(program.runtime, nullptr, QString::fromStdString(png));
   };
+  driver.host().screenPicture = [&driver] {
+    tk::Runtime& runtime = driver.program()->runtime;
+    return presenter::asPicture(presenter::renderScreen(runtime), runtime.screen().TwipsPerPixelX);
+  };
   return driver.run(std::cin) == 0 ? 0 : 1;
 }

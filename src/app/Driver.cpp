@@ -100,6 +100,7 @@ void setValue(const Target& t, const tk::Value& v) {
 const gdi::Picture& pictureOf(const Target& t) {
   if (const auto* image = dynamic_cast<const tk::Image*>(t.control)) return image->Picture();
   if (const auto* box = dynamic_cast<const tk::PictureBox*>(t.control)) return box->Picture();
+  if (const auto* form = dynamic_cast<const tk::Form*>(t.control)) return form->Picture();
   raise(err::InvalidCall, "no image or picture box");
 }
 

@@ -22,6 +22,7 @@ class Driver {
   // Runs one line (number `lineNo` for error messages).
   void runLine(const std::string& line, int lineNo);
   Program* program() { return program_.get(); }
+  tk::HeadlessHost& host() { return host_; }
 
   // Takes the picture of the screen; set by the presenter's side when it is linked in.
   std::function<bool(Program&, const std::string& png)> shot;

@@ -15,6 +15,8 @@ class Grid {
  public:
   // Wires the grid's events of `form` and adds the grid's fields to the form's field table.
   Grid(Program& program, Form1Controls& form);
+  // The grid part of the program's main window.
+  static Grid& of(Program& program);
 
   // Who asks pAskDelete. nAfterClear keeps the code until the grid is empty, plus
   // kDeleteMarked when the marked files go with it.
@@ -41,6 +43,10 @@ class Grid {
   void Timer2_Timer();
   void Image3_MouseMove();
   void Frame2_MouseMove();
+
+  // Marks of files to be deleted (Marks.cpp).
+  void pdelsel();
+  void pFinddelsel();
 
   // Geometry (GridGeometry.cpp).
   void pSizeCell();

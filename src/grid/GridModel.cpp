@@ -41,6 +41,8 @@ void Grid::Image2_Click() {
   form_.setEnabled(false);
   form_.setMousePointer(tk::pointer::Hourglass);
   nCount = static_cast<int16_t>(form_.File2.ListCount());
+  program_.grid.fit(nCount);
+  program_.tools.fit(nCount);
   pCentre();
   resumeNext([&] { form_.File2.setListIndex(0); });
   form_.Timer1.setInterval(12);
@@ -80,8 +82,8 @@ void Grid::pNewFolder() {
 
 void Grid::pClearDeleted() {
   Program& p = program_;
-  for (int k = 1; k <= 999; ++k) {
-    if (p.tools.aDeleted[static_cast<size_t>(k)] == 0) continue;
+  for (int k = 1; k < static_cast<int>(p.tools.aDeleted.size()); ++k) {
+    if (!p.tools.marked(k)) continue;
     form_.Img1.Unload(k);
     p.tools.aDeleted[static_cast<size_t>(k)] = 0;
     --p.tools.nDeleted;
@@ -112,6 +114,7 @@ void Grid::pClearGrid() {
 }
 
 void Grid::pAskDelete(uint8_t code) {
+  pFinddelsel();
   std::string count = program_.tools.nDeleted > 1
                           ? std::to_string(program_.tools.nDeleted) + " files"
                           : std::string("file");
@@ -155,15 +158,14 @@ void Grid::Timer2_Timer() {
     resumeNext([&] { form_.Image123.Unload(nClear); });
     resumeNext([&] {
       if (p.tools.nDeleted == 0) return;
-      auto position = static_cast<size_t>(form_.File2.ListIndex() + 1);
-      if (position >= p.tools.aDeleted.size() || p.tools.aDeleted[position] == 0) return;
-      p.tools.aDeleted[position] = 0;
-      if (nAfterClear > kDeleteMarked) {
-        std::string file = form_.File2.Path() + "/" + form_.File2.FileName();
-        if (os::FileExists(file)) os::DeleteFile(file);
-      }
+      const int position = form_.File2.ListIndex() + 1;
+      if (!p.tools.marked(position)) return;
+      p.tools.aDeleted[static_cast<size_t>(position)] = 0;
+      // A file that vanished meanwhile is no error: its mark goes all the same.
+      if (nAfterClear > kDeleteMarked)
+        os::DiscardFile(form_.File2.Path() + "/" + form_.File2.FileName());
       --p.tools.nDeleted;
-      form_.Img1.Unload(static_cast<int>(position));
+      form_.Img1.Unload(position);
     });
     --nClear;
   }

@@ -66,8 +66,9 @@ void Form1::Image1_DblClick(int Index) {
 void Form1::Image1_MouseDown(int Index, int Button) {
   if (Button != tk::user::kRightButton) return;
   resumeNext([&] { File2.setListIndex(Index - 1); });
-  // Marked files change the entry's caption here once marking is there.
-  if (bLoaded) resumeNext([&] { PopupMenu(program_.frmMenu().mnuSaveimg0); });
+  if (!bLoaded) return;
+  resumeNext([&] { program_.frmMenu().pDelcaption(); });
+  resumeNext([&] { PopupMenu(program_.frmMenu().mnuSaveimg0); });
 }
 
 void Form1::File2_DblClick() {
@@ -79,6 +80,7 @@ void Form1::File2_DblClick() {
 void Form1::File2_MouseDown(int Button) {
   if (Button != tk::user::kRightButton) return;
   frmMenu& menu = program_.frmMenu();
+  if (bLoaded) menu.pDelcaption();
   PopupMenu(bLoaded ? menu.mnuSaveimg0 : menu.mnuFimg0);
 }
 

@@ -1,7 +1,7 @@
 #pragma once
-// Shown at each minimising: it stands to the left of the screen for a moment and unloads
-// itself when it is activated. The picture of the screen it takes comes with the marking of
-// files.
+// One picture a showing: at a minimising, of what the program's windows show, kept by Form0;
+// at the marking of a file (delShot), of the thumbnail with the cross, which becomes the cell's
+// picture. It stands to the left of the screen and unloads itself when it is activated.
 
 #include "platform/toolkit/Form.h"
 

@@ -1,5 +1,6 @@
 #include "tools/frmMenu.h"
 
+#include "grid/Grid.h"
 #include "links/Links.h"
 #include "platform/os/FileSystem.h"
 #include "program/Form1Controls.h"
@@ -34,6 +35,7 @@ frmMenu::frmMenu(Program& program) : Form(program.runtime, "frmMenu"), program_(
   mnuFimg.onClick = [this] { Links::of(program_).mnuFimg_Click(); };
   mnuFimg00.onClick = [this] { Links::of(program_).mnuFimg_Click(); };
   mnuSaveimg00.onClick = [this] { pSaveimg(program_, selectedFile()); };
+  mDelselected.onClick = [this] { Grid::of(program_).pdelsel(); };
   mnuSaveimg22.onClick = [this] { mnuSaveimg22_Click(); };
   mnuHelp.onClick = [this] { mnuHelp_Click(); };
   mnuMinimize.onClick = [this] { mnuMinimize_Click(); };
@@ -45,7 +47,6 @@ frmMenu::frmMenu(Program& program) : Form(program.runtime, "frmMenu"), program_(
   mOpentxt.onClick = [this] { pOpenfile(program_.runtime, program_.tools.sideText); };
   mnuSet.onClick = [this] { program_.frmSet().Show(); };
   mnuAbout.onClick = [this] { mnuAbout_Click(program_); };
-  // Marking comes with its own routines.
 }
 
 void frmMenu::popup(tk::Menu& top, std::initializer_list<tk::Menu*> entries) {
@@ -54,6 +55,11 @@ void frmMenu::popup(tk::Menu& top, std::initializer_list<tk::Menu*> entries) {
     top.add(*entry);
     if (entry->separator()) entry->setEnabled(false);
   }
+}
+
+void frmMenu::pDelcaption() {
+  const bool marked = program_.tools.marked(program_.mainWindow().File2.ListIndex() + 1);
+  mDelselected.setCaption(marked ? "Undo Delete Selected File" : "Delete Selected File");
 }
 
 void frmMenu::mnuSllist_Click() {

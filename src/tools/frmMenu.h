@@ -46,6 +46,8 @@ class frmMenu : public tk::Form {
       mnuAbout{this, "mnuAbout", "About"}, line1{this, "line1", "-"},
       mnuMinimize{this, "mnuMinimize", "Minimize"}, mnuExit{this, "mnuExit", "Exit"};
 
+  // The marking entry's caption for the selected file: marking, or taking the mark back.
+  void pDelcaption();
   void mnuSllist_Click();
   void mnuOfo2_Click();
   void mnuRllist_Click();

@@ -9,10 +9,8 @@ namespace vellumry {
 
 gdi::Picture HeldPicture(Program& program, int i) {
   Form1Controls& f = program.mainWindow();
-  const std::vector<int16_t>& marks = program.tools.aDeleted;
-  // Positions beyond the table of marks can't be marked.
-  const bool marked = i < static_cast<int>(marks.size()) && marks[static_cast<size_t>(i)] != 0;
-  const tk::ControlArray<tk::Image>& holders = marked ? f.Img1 : f.Image123;
+  // A marked position shows the cross; its plain picture is kept aside.
+  const tk::ControlArray<tk::Image>& holders = program.tools.marked(i) ? f.Img1 : f.Image123;
   return holders.exists(i) ? holders(i).Picture() : gdi::Picture();
 }
 

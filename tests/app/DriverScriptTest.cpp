@@ -3,6 +3,8 @@
 #include <QImage>
 #include <fstream>
 #include <functional>
+#include <map>
+#include <set>
 #include <sstream>
 
 #include "ProgramFixture.h"
@@ -165,6 +167,32 @@ TEST_F(DriverScriptTest, ActionsOnWhatBlocksAndEnds) {
             std::string::npos);
   EXPECT_NE(text.find("{\"form\":\"Form0\",\"properties\":{\"Name\":\"Form0\""), std::string::npos);
   EXPECT_NE(text.find("}}\n> end\n> error 8: "), std::string::npos);  // no form after the end
+}
+
+// Ten files, three marked and one mark taken back. Closed with Yes, the two marked files go to
+// the trash and the other eight stay byte for byte; closed with Cancel and then No, all ten stay.
+TEST_F(DriverScriptTest, MarkedFilesLeaveOnlyAfterYes) {
+  struct Case {
+    std::string script;
+    std::set<std::string> gone;
+  };
+  for (const Case& c : {Case{"marks-keep", {}}, Case{"marks-yes", {"p01.png", "p08.png"}}}) {
+    SCOPED_TRACE(c.script);
+    std::map<std::string, std::string> before;
+    for (int i = 0; i < 10; ++i) {
+      const std::string name = "p0" + std::to_string(i) + ".png";
+      QImage image(60, 40, QImage::Format_RGB32);
+      image.fill(QColor(i * 25, 100, 200));
+      ASSERT_TRUE(image.save(QString::fromStdString((pictures / name).string()), "PNG"));
+      before[name] = readFile((pictures / name).string());
+    }
+    expectScript(c.script, 0);
+    for (const auto& [name, bytes] : before) {
+      const bool gone = c.gone.contains(name);
+      EXPECT_EQ(std::filesystem::exists(pictures / name), !gone) << name;
+      EXPECT_EQ(readFile((gone ? root / "data/Trash/files" : pictures) / name), bytes) << name;
+    }
+  }
 }
 
 TEST(ScriptWords, SplitsAtBlanksAndReadsJsonStrings) {

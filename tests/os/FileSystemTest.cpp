@@ -2,6 +2,7 @@
 #include <sys/resource.h>
 
 #include <csignal>
+#include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -40,7 +41,8 @@ class FileSizeLimit {
 
 using FileSystem = TempFolderTest;
 
-TEST_F(FileSystem, TellsFilesFromFoldersAndDeletesFilesOnly) {
+TEST_F(FileSystem, TellsFilesFromFoldersAndDiscardsFilesOnly) {
+  ::setenv("XDG_DATA_HOME", Path("data").c_str(), 1);
   WriteBytes(Path("a.jpg"), "x");
   std::filesystem::create_directory(Path("sub"));
   struct Case {
@@ -53,10 +55,11 @@ TEST_F(FileSystem, TellsFilesFromFoldersAndDeletesFilesOnly) {
     EXPECT_EQ(os::FileExists(c.path), c.file) << c.path;
     EXPECT_EQ(os::FolderExists(c.path), c.folder) << c.path;
   }
-  EXPECT_TRUE(os::DeleteFile(Path("a.jpg")));
+  EXPECT_TRUE(os::DiscardFile(Path("a.jpg")));
   EXPECT_FALSE(std::filesystem::exists(Path("a.jpg")));
-  EXPECT_FALSE(os::DeleteFile(Path("a.jpg")));
-  EXPECT_FALSE(os::DeleteFile(Path("sub")));
+  EXPECT_TRUE(std::filesystem::exists(Path("data/Trash/files/a.jpg")));
+  EXPECT_FALSE(os::DiscardFile(Path("a.jpg")));
+  EXPECT_FALSE(os::DiscardFile(Path("sub")));
   EXPECT_TRUE(std::filesystem::is_directory(Path("sub")));
 }
 

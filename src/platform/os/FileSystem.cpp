@@ -4,6 +4,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <QDir>
+#include <QFile>
+#include <QStandardPaths>
 #include <algorithm>
 #include <atomic>
 #include <cerrno>
@@ -89,7 +92,26 @@ bool CopyFile(const std::string& from, const std::string& to, bool overwrite) {
   return in.eof() && out.Flush() && out.Commit();
 }
 
-bool DeleteFile(const std::string& path) { return FileExists(path) && ::unlink(path.c_str()) == 0; }
+namespace {
+// The user's own trash, made where it is missing: without it Qt may put a file into a trash
+// folder relative to the working folder.
+bool HomeTrashStands() {
+  const QString trash =
+      QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/Trash";
+  return trash.startsWith('/') && QDir().mkpath(trash + "/files") && QDir().mkpath(trash + "/info");
+}
+}  // namespace
+
+bool DiscardFile(const std::string& path) {
+  if (!FileExists(path)) return false;
+  // Qt names files by text: a name that doesn't come back as the same bytes could name
+  // another file, so it is deleted by its bytes instead.
+  const QByteArray bytes = QByteArray::fromStdString(path);
+  const QString name = QFile::decodeName(bytes);
+  if (QFile::encodeName(name) == bytes && HomeTrashStands() && QFile::moveToTrash(name))
+    return true;
+  return ::unlink(path.c_str()) == 0;
+}
 
 std::optional<std::vector<uint8_t>> ReadWholeFile(const std::string& path) {
   return ReadFileStart(path, SIZE_MAX);

@@ -23,8 +23,10 @@ bool FileExists(const std::string& path);
 // end, so `to` holds either its old bytes or all of the new ones. True on success.
 bool CopyFile(const std::string& from, const std::string& to, bool overwrite);
 
-// Deletes the file `path`. False when it isn't a file or can't be deleted.
-bool DeleteFile(const std::string& path);
+// Takes the file `path` out of its folder: into the desktop's trash where its volume has one,
+// so that it can be restored, else deleted. A symbolic link goes itself, never its target.
+// False when it isn't a file or neither can be done.
+bool DiscardFile(const std::string& path);
 
 // The whole content of the file `path`; nullopt when it is missing or can't be read.
 std::optional<std::vector<uint8_t>> ReadWholeFile(const std::string& path);

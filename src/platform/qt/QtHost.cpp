@@ -14,9 +14,11 @@
 
 #include "platform/qt/FormWindow.h"
 #include "platform/qt/Presenter.h"
+#include "platform/qt/ScreenShot.h"
 #include "platform/qt/Units.h"
 #include "platform/toolkit/Form.h"
 #include "platform/toolkit/Menu.h"
+#include "platform/toolkit/Runtime.h"
 
 namespace vellumry::presenter {
 
@@ -189,5 +191,10 @@ bool QtHost::Open(const std::string& path) {
 }
 
 bool QtHost::OpenWith(const std::string&) { return false; }
+
+gdi::Picture QtHost::ScreenPicture() {
+  if (!presenter_) return {};
+  return asPicture(renderScreen(*presenter_), presenter_->runtime().screen().TwipsPerPixelX);
+}
 
 }  // namespace vellumry::presenter

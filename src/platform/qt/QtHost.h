@@ -29,6 +29,7 @@ class QtHost final : public tk::Host {
   bool Run(const std::string& commandLine) override;
   bool Open(const std::string& path) override;
   bool OpenWith(const std::string& path) override;
+  gdi::Picture ScreenPicture() override;
 
  private:
   QWidget* dialogParent() const;

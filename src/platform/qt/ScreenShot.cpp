@@ -1,6 +1,7 @@
 #include "platform/qt/ScreenShot.h"
 
 #include <QPainter>
+#include <algorithm>
 
 #include "platform/qt/FormWindow.h"
 #include "platform/qt/Presenter.h"
@@ -34,6 +35,16 @@ QImage renderScreen(tk::Runtime& runtime) {
   }
   runtime.setObserver(before);
   return shot;
+}
+
+gdi::Picture asPicture(const QImage& shot, double twipsPerPixel) {
+  const QImage rgb = shot.convertToFormat(QImage::Format_RGB32);
+  gdi::Surface pixels(rgb.width(), rgb.height(), gdi::AlphaMode::kOpaque);
+  for (int y = 0; y < rgb.height(); ++y) {
+    const auto* row = reinterpret_cast<const uint32_t*>(rgb.constScanLine(y));
+    std::copy(row, row + rgb.width(), pixels.Row(y));
+  }
+  return gdi::Picture::FromSurface(std::move(pixels), twipsPerPixel);
 }
 
 bool saveShot(tk::Runtime& runtime, const Presenter* presenter, const QString& png) {

@@ -6,6 +6,8 @@
 #include <QImage>
 #include <QString>
 
+#include "platform/gdi/Picture.h"
+
 namespace vellumry::tk {
 class Runtime;
 }
@@ -19,6 +21,9 @@ QImage renderScreen(const Presenter& presenter);
 // The same for a program shown by no presenter: one is made for the moment, the forms stacked
 // in the order they were loaded.
 QImage renderScreen(tk::Runtime& runtime);
+
+// `shot` as a bitmap picture of `twipsPerPixel`.
+gdi::Picture asPicture(const QImage& shot, double twipsPerPixel);
 
 // Writes the screen as a PNG file; false when it can't be written. `presenter` may be null.
 bool saveShot(tk::Runtime& runtime, const Presenter* presenter, const QString& png);

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/gdi/Picture.h"
 #include "platform/toolkit/Control.h"
 
 namespace vellumry::tk {
@@ -57,6 +58,10 @@ class Form : public Control {
   };
   const Region& WindowRegion() const { return region_; }
   void setWindowRegion(const Region& v);
+  // A picture the form keeps; the program's task-bar owner keeps the screen of the last
+  // minimising in it.
+  const gdi::Picture& Picture() const { return picture_; }
+  void setPicture(const gdi::Picture& p) { picture_ = p; }
 
   void setVisible(bool v) override;
   void setWidth(double v) override;
@@ -119,6 +124,7 @@ class Form : public Control {
   int windowState_ = 0, mousePointer_ = 0, borderStyle_ = 2, scaleMode_ = 1;
   bool keyPreview_ = false, topMost_ = false;
   Region region_;
+  gdi::Picture picture_;
   bool loaded_ = false, unloading_ = false, shownOnce_ = false;
 };
 

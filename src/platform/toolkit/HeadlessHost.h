@@ -22,6 +22,8 @@ class HeadlessHost : public Host {
   // Each line as it is shown, e.g. `msgbox 36 "" "text" -> 6`; also kept in `shown`.
   std::function<void(const std::string&)> onShown;
   std::vector<std::string> shown;
+  // Draws the screen for ScreenPicture; without it the screen has no picture.
+  std::function<gdi::Picture()> screenPicture;
 
   int MsgBox(const std::string& prompt, int style, const std::string& title) override;
   Menu* PopupMenu(Menu& menu, int flags, std::optional<double> x, std::optional<double> y) override;
@@ -31,6 +33,7 @@ class HeadlessHost : public Host {
   bool Run(const std::string& commandLine) override;
   bool Open(const std::string& path) override;
   bool OpenWith(const std::string& path) override;
+  gdi::Picture ScreenPicture() override { return screenPicture ? screenPicture() : gdi::Picture(); }
 
  private:
   void show(const std::string& line);

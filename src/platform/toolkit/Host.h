@@ -7,6 +7,8 @@
 #include <optional>
 #include <string>
 
+#include "platform/gdi/Picture.h"
+
 namespace vellumry::tk {
 
 class Menu;
@@ -51,6 +53,9 @@ class Host {
   virtual bool Open(const std::string& path) = 0;
   // Asks the desktop to offer its programs for opening the file; false when it has no chooser.
   virtual bool OpenWith(const std::string& path) = 0;
+  // What the program's own windows show on the screen, as a picture of the screen's size;
+  // an empty picture where nothing draws them.
+  virtual gdi::Picture ScreenPicture() = 0;
 };
 
 }  // namespace vellumry::tk
