@@ -224,8 +224,7 @@ void frmSet::pSave() {
   program_.WriteSetting("sautor", flag(7));
   // The settings as last saved; nothing reads this copy.
   const std::string copy = program_.places.programFolder + "/1.INI";
-  if (os::FileExists(copy)) os::DeleteFile(copy);
-  os::CopyFile(program_.shell.sIniPath, copy, true);
+  os::CopyFile(program_.shell.sIniPath, copy, true);  // replaces the old copy whole
 }
 
 void frmSet::pClose() {
