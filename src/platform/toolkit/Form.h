@@ -51,6 +51,10 @@ class Form : public Control {
   };
   const Region& WindowRegion() const { return region_; }
   void setWindowRegion(const Region& v);
+  // The form whose window this one lies inside, as a child window: Left and Top count from
+  // that window's corner, and it shows only while that window does. Null: a window of its own.
+  Form* OwnerForm() const { return owner_; }
+  void SetParent(Form* owner);
 
   void setVisible(bool v) override;
   void setWidth(double v) override;
@@ -112,6 +116,7 @@ class Form : public Control {
   int windowState_ = 0, mousePointer_ = 0, borderStyle_ = 2, scaleMode_ = 1;
   bool keyPreview_ = false, topMost_ = false;
   Region region_;
+  Form* owner_ = nullptr;
   bool loaded_ = false, unloading_ = false, shownOnce_ = false;
 };
 
