@@ -8,6 +8,7 @@
 // reachable from here. The shell's Main gives each slot its maker.
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -64,6 +65,9 @@ class Program {
   tk::FormSlot<vellumry::FormScreenCapture> FormScreenCapture;
   tk::FormSlot<vellumry::frmMenu> frmMenu;
   tk::FormSlot<vellumry::frmEdit> frmEdit;
+  // Form3.pLoad: plays a GIF file in the GIF window. For the viewer, whose library lies below
+  // the GIF window's; the shell's Main wires it.
+  std::function<void(const std::string& sFileName)> playGif;
   // Form1's controls, the model that every subsystem shares; touching loads Form1.
   Form1Controls& mainWindow();
 

@@ -31,6 +31,7 @@ void Main(Program& program) {
   give(program, program.FormScreenCapture);
   give(program, program.frmMenu);
   give(program, program.frmEdit);
+  program.playGif = [&program](const std::string& sFileName) { program.Form3().pLoad(sFileName); };
   program.runtime.dispatch([&] { program.Form0().Show(); });
 }
 

@@ -83,13 +83,15 @@ class Form2 : public tk::Form {
   void Timer2_Timer();
   void Timer3_Timer();
 
+  // Whether the popup offers the side text of the picture; asked just before it shows.
+  void pRefreshSideMenu();
+
  private:
   void pNext();
   void pPrev();
   // What a move does first: the picture and its bars hidden, the next one starts centred.
   void leavePicture();
   void pGetPicture();
-  void pRefreshSideMenu();
   // The right button's menu of the viewers, at the pointer.
   void pPopup();
   // Decodes the next and the previous file's pictures at their fitted size on a worker, so that

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/toolkit/Control.h"
+#include "platform/toolkit/Error.h"
 
 namespace vellumry::tk {
 
@@ -119,5 +120,14 @@ class Form : public Control {
   Form* owner_ = nullptr;
   bool loaded_ = false, unloading_ = false, shownOnce_ = false;
 };
+
+// The control `name` of `form` as a `T`, for code that knows the form only as a plain window;
+// a form that has none fails.
+template <class T>
+T& controlOf(Form& form, const char* name) {
+  auto* c = dynamic_cast<T*>(form.find(name));
+  if (!c) raise(err::ElementMissing, form.Name() + "." + name);
+  return *c;
+}
 
 }  // namespace vellumry::tk
