@@ -110,6 +110,9 @@ bool cGIFViewer::SetAnimationBkg(int32_t bkgMethod, AnimationBkg bkgDC_Color, in
                                  int32_t DestY, int32_t destCx, int32_t destCY, int32_t StretchMode,
                                  int32_t bkgDC_X, int32_t bkgDC_Y) {
   if (!m_Callback) return false;
+  const bool fromDc = bkgMethod == 1;
+  // Without a surface to copy from, everything stays as it was.
+  if (fromDc && !bkgDC_Color.dc && needsCache()) return false;
   const bool wasPlaying = m_State == 1;
   if (wasPlaying) setAnimationState(2);
   if (destCx < 1) destCx = Width();
@@ -126,12 +129,7 @@ bool cGIFViewer::SetAnimationBkg(int32_t bkgMethod, AnimationBkg bkgDC_Color, in
     m_Cache.bitmap = {};
     return true;
   }
-  const bool fromDc = bkgMethod == 1;
   int k = m_Gif.m_HasRestore == 1 ? 3 : 2;
-  if (fromDc && !bkgDC_Color.dc) {
-    if (wasPlaying) setAnimationState(1);
-    return false;
-  }
   if (!fromDc) k -= 1;
   ScaleToDestination(0, m_Cache.DestX, m_Cache.DestY, m_Cache.DestCx, m_Cache.DestCy, StretchMode,
                      m_Cache.ScaleX, m_Cache.ScaleY);

@@ -209,22 +209,23 @@ void Form3::Form_KeyUp(int& KeyCode, int) {
   switch (KeyCode) {
     case tk::key::Right:
     case tk::key::Alt:
-      pM();
-      VScroll2.SetFocus();
-      clearPicture();
-      viewer.pbUp();
+      leaveFor(&Form2::pbUp);
       break;
     case tk::key::Left:
     case tk::key::Ctrl:
-      pM();
-      VScroll2.SetFocus();
-      clearPicture();
-      viewer.pbDown();
+      leaveFor(&Form2::pbDown);
       break;
     case tk::key::Space:
       viewer.pSlideshow();
       break;
   }
+}
+
+void Form3::leaveFor(void (Form2::*move)()) {
+  pM();
+  VScroll2.SetFocus();
+  clearPicture();
+  (program_.Form2().*move)();
 }
 
 void Form3::picBkg_Click() {

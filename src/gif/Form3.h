@@ -21,6 +21,7 @@
 
 namespace vellumry {
 
+class Form2;
 class Program;
 
 class Form3 : public tk::Form, public IGifRender {
@@ -67,6 +68,8 @@ class Form3 : public tk::Form, public IGifRender {
   void setBackground(int32_t StretchMode);
   // What stands drawn on picBkg goes; the box shows its colour.
   void clearPicture();
+  // Back to the normal size and a bare box, then the viewer's step to another file.
+  void leaveFor(void (Form2::*move)());
   void addFields();
 
   Program& program_;
