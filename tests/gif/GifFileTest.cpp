@@ -39,6 +39,19 @@ GifBytes TwoFrames() {
       .Image(1, 1, 1, 1, 0, OnePixelData());
 }
 
+std::vector<uint8_t> OneFrame(const std::string& signature) {
+  return GifBytes::Screen(4, 4, 1, signature).Image(0, 0, 1, 1, 0, OnePixelData()).bytes;
+}
+
+// No global table; a local one of 2 entries, then one of 2^secondBits (none at 0).
+std::vector<uint8_t> LocalTables(int secondBits) {
+  return GifBytes::Screen(4, 4, 0)
+      .Image(0, 0, 1, 1, 1, OnePixelData())
+      .Image(0, 0, 1, 1, secondBits, OnePixelData())
+      .Trailer()
+      .bytes;
+}
+
 std::vector<uint8_t> Cut(GifBytes gif, size_t keep) {
   gif.bytes.resize(keep);
   return gif.bytes;
@@ -65,29 +78,11 @@ const size_t kThirdImage = kThird.bytes.size() - 21;  // separator, descriptor, 
 INSTANTIATE_TEST_SUITE_P(
     Files, FrameCount,
     ::testing::Values(
-        CountCase{"CapitalSignature",
-                  GifBytes::Screen(4, 4, 1, "GIF89A").Image(0, 0, 1, 1, 0, OnePixelData()).bytes,
-                  1},
-        CountCase{"LowerCaseSignature",
-                  GifBytes::Screen(4, 4, 1, "gif87a").Image(0, 0, 1, 1, 0, OnePixelData()).bytes,
-                  1},
-        CountCase{"UnknownVersion",
-                  GifBytes::Screen(4, 4, 1, "GIF88a").Image(0, 0, 1, 1, 0, OnePixelData()).bytes,
-                  0},
-        CountCase{"LocalTablesOnly",
-                  GifBytes::Screen(4, 4, 0)
-                      .Image(0, 0, 1, 1, 1, OnePixelData())
-                      .Image(0, 0, 1, 1, 2, OnePixelData())
-                      .Trailer()
-                      .bytes,
-                  2},
-        CountCase{"ImageWithoutAnyTableGivesUpEarlierFrames",
-                  GifBytes::Screen(4, 4, 0)
-                      .Image(0, 0, 1, 1, 1, OnePixelData())
-                      .Image(0, 0, 1, 1, 0, OnePixelData())
-                      .Trailer()
-                      .bytes,
-                  0},
+        CountCase{"CapitalSignature", OneFrame("GIF89A"), 1},
+        CountCase{"LowerCaseSignature", OneFrame("gif87a"), 1},
+        CountCase{"UnknownVersion", OneFrame("GIF88a"), 0},
+        CountCase{"LocalTablesOnly", LocalTables(2), 2},
+        CountCase{"ImageWithoutAnyTableGivesUpEarlierFrames", LocalTables(0), 0},
         CountCase{"CutInThirdFramesData", Cut(kThird, kThird.bytes.size() - 2), 2},
         CountCase{"CutInThirdFramesTable", Cut(kThird, kThirdImage + 12), 2},
         CountCase{"CutInThirdFramesDescriptor", Cut(kThird, kThirdImage + 6), 2},
@@ -199,11 +194,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(ReadGifFile, KeepsEveryColourTableInItsRow) {
   GifFile gif;
-  const auto locals = GifBytes::Screen(4, 4, 0)
-                          .Image(0, 0, 1, 1, 1, OnePixelData())
-                          .Image(0, 0, 1, 1, 2, OnePixelData())
-                          .bytes;
-  ASSERT_EQ(ReadGifFile(locals, gif), 2);
+  ASSERT_EQ(ReadGifFile(LocalTables(2), gif), 2);
   EXPECT_EQ(gif.m_PalTop, 2);
   ASSERT_EQ(gif.m_Palettes.size(), 3u);
   EXPECT_EQ(gif.m_Palettes[0], ColorRow{}) << "no global table";
