@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cctype>
-#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <limits>
@@ -38,7 +37,7 @@ class Reader {
   std::vector<uint8_t> ReadBytes(int n) {
     std::vector<uint8_t> bytes(n);
     if (at_ + n > Size()) return bytes;
-    std::memcpy(bytes.data(), file_.data() + at_, n);
+    std::copy_n(file_.data() + at_, n, bytes.data());
     at_ += n;
     return bytes;
   }

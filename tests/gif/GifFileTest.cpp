@@ -183,14 +183,15 @@ TEST_P(LoopCount, ComesFromTheLoopingExtension) {
   EXPECT_EQ(gif.m_LoopCount, c.loopCount);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Extensions, LoopCount,
-    ::testing::Values(LoopCase{"Upper", "NETSCAPE2.0", {1, 2, 0}, 2},
-                      LoopCase{"Lower", "netscape2.0", {1, 3, 0}, 3},
-                      LoopCase{"Mixed", "NetScape2.0", {1, 0xFF, 0xFF}, 65535},
-                      LoopCase{"SubBlockOfFive", "NETSCAPE2.0", {1, 3, 0, 0, 0}, 0},
-                      LoopCase{"OtherIdentifier", "ANIMEXTS1.0", {1, 3, 0}, 0}),
-    [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Extensions, LoopCount,
+                         ::testing::Values(LoopCase{"Upper", "NETSCAPE2.0", {1, 2, 0}, 2},
+                                           LoopCase{"Lower", "netscape2.0", {1, 3, 0}, 3},
+                                           LoopCase{"Mixed", "NetScape2.0", {1, 0xFF, 0xFF}, 65535},
+                                           LoopCase{
+                                               "SubBlockOfFive", "NETSCAPE2.0", {1, 3, 0, 0, 0}, 0},
+                                           LoopCase{"OtherIdentifier", "ANIMEXTS1.0", {1, 3, 0}, 0},
+                                           LoopCase{"EmptyIdentifier", "", {1, 3, 0}, 0}),
+                         [](const auto& info) { return std::string(info.param.name); });
 
 TEST(ReadGifFile, KeepsEveryColourTableInItsRow) {
   GifFile gif;
