@@ -4,7 +4,6 @@
 
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <tuple>
 
 #include "gif/GifBytes.h"
@@ -101,66 +100,54 @@ INSTANTIATE_TEST_SUITE_P(
 
 struct RecordCase {
   const char* name;
-  std::function<GifFrame(GifBytes&)> build;  // writes the file, gives the last frame expected
+  GifBytes blocks;    // behind a first frame, from position 35 on
+  GifFrame expected;  // the last frame's record
 };
 
 class FrameRecord : public ::testing::TestWithParam<RecordCase> {};
 
 TEST_P(FrameRecord, HoldsTheBlocksBeforeItsImage) {
   GifBytes file = GifBytes::Screen(16, 16, 1).Image(0, 0, 1, 1, 0, OnePixelData());
-  const GifFrame expected = GetParam().build(file);
+  ASSERT_EQ(file.Next(), 35);
+  file.bytes.insert(file.bytes.end(), GetParam().blocks.bytes.begin(),
+                    GetParam().blocks.bytes.end());
   GifFile gif;
   ASSERT_GE(ReadGifFile(file.bytes, gif), 2);
-  EXPECT_EQ(gif.m_Frames.back(), expected);
+  EXPECT_EQ(gif.m_Frames.back(), GetParam().expected);
 }
 
+// Left, Top, Width, Height, Delay, PaletteRow, StripX, TransIndex, HasTrans, Disposal.
 INSTANTIATE_TEST_SUITE_P(
     Controls, FrameRecord,
     ::testing::Values(
         RecordCase{"WithoutControl",
-                   [](GifBytes& f) {
-                     const int32_t at = f.Next();
-                     f.Image(1, 2, 3, 4, 0, OnePixelData());
-                     return GifFrame{1, 2, 3, 4, 0, 0, at, 0, 0, 0};
-                   }},
-        RecordCase{"ControlThenCommentStillBelongsToTheImage",
-                   [](GifBytes& f) {
-                     const int32_t at = f.Next();
-                     f.Control(2 << 2 | 1, 7, 3).Comment("hi").Image(1, 2, 3, 4, 0, OnePixelData());
-                     return GifFrame{1, 2, 3, 4, 70, 0, at, 3, 1, 2};
-                   }},
+                   GifBytes{}.Image(1, 2, 3, 4, 0, OnePixelData()),
+                   {1, 2, 3, 4, 0, 0, 35, 0, 0, 0}},
+        RecordCase{
+            "ControlThenCommentStillBelongsToTheImage",
+            GifBytes{}.Control(2 << 2 | 1, 7, 3).Comment("hi").Image(1, 2, 3, 4, 0, OnePixelData()),
+            {1, 2, 3, 4, 70, 0, 35, 3, 1, 2}},
         RecordCase{"SecondControlWins",
-                   [](GifBytes& f) {
-                     f.Control(3 << 2 | 1, 5, 9);
-                     const int32_t at = f.Next();
-                     f.Control(1 << 2, 9).Image(0, 0, 2, 2, 0, OnePixelData());
-                     return GifFrame{0, 0, 2, 2, 90, 0, at, 0, 0, 1};
-                   }},
+                   GifBytes{}
+                       .Control(3 << 2 | 1, 5, 9)
+                       .Control(1 << 2, 9)
+                       .Image(0, 0, 2, 2, 0, OnePixelData()),
+                   {0, 0, 2, 2, 90, 0, 43, 0, 0, 1}},
         RecordCase{"DisposalFourFoldsToZero",
-                   [](GifBytes& f) {
-                     const int32_t at = f.Next();
-                     f.Control(4 << 2, 0).Image(0, 0, 2, 2, 0, OnePixelData());
-                     return GifFrame{0, 0, 2, 2, 0, 0, at, 0, 0, 0};
-                   }},
+                   GifBytes{}.Control(4 << 2, 0).Image(0, 0, 2, 2, 0, OnePixelData()),
+                   {0, 0, 2, 2, 0, 0, 35, 0, 0, 0}},
         RecordCase{"DisposalSevenFoldsToThree",
-                   [](GifBytes& f) {
-                     const int32_t at = f.Next();
-                     f.Control(7 << 2, 65535).Image(0, 0, 2, 2, 0, OnePixelData());
-                     return GifFrame{0, 0, 2, 2, 655350, 0, at, 0, 0, 3};
-                   }},
+                   GifBytes{}.Control(7 << 2, 65535).Image(0, 0, 2, 2, 0, OnePixelData()),
+                   {0, 0, 2, 2, 655350, 0, 35, 0, 0, 3}},
         RecordCase{"IndexWithoutTransparencyFlagNotTaken",
-                   [](GifBytes& f) {
-                     const int32_t at = f.Next();
-                     f.Control(0, 1, 9).Image(0, 0, 2, 2, 0, OnePixelData());
-                     return GifFrame{0, 0, 2, 2, 10, 0, at, 0, 0, 0};
-                   }},
+                   GifBytes{}.Control(0, 1, 9).Image(0, 0, 2, 2, 0, OnePixelData()),
+                   {0, 0, 2, 2, 10, 0, 35, 0, 0, 0}},
         RecordCase{"DroppedFramesControlDoesNotCarryOver",
-                   [](GifBytes& f) {
-                     f.Control(1 << 2 | 1, 4, 6).Image(0, 0, 1, 1, 0, NoData());
-                     const int32_t at = f.Next();
-                     f.Image(0, 0, 2, 2, 1, OnePixelData());
-                     return GifFrame{0, 0, 2, 2, 0, 1, at, 0, 0, 0};
-                   }}),
+                   GifBytes{}
+                       .Control(1 << 2 | 1, 4, 6)
+                       .Image(0, 0, 1, 1, 0, NoData())
+                       .Image(0, 0, 2, 2, 1, OnePixelData()),
+                   {0, 0, 2, 2, 0, 1, 55, 0, 0, 0}}),
     [](const auto& info) { return std::string(info.param.name); });
 
 struct LoopCase {
