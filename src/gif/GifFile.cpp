@@ -2,22 +2,20 @@
 
 #include <algorithm>
 #include <cctype>
-#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <limits>
 #include <span>
 
-#include "platform/toolkit/Error.h"
-
 namespace vellumry {
 
 namespace {
 
-constexpr int kEndOfFile = 53;
+// Raised by a read past the end of the file. It only serves to leave the nested reads: the walk
+// keeps what it had.
+struct EndOfFile {};
 
-// Reads at a 1-based file position, as the walk counts. Running past the end raises error 53,
-// which only serves to leave the nested reads: the walk keeps what it had.
+// Reads at a 1-based file position, as the walk counts.
 class Reader {
  public:
   explicit Reader(std::span<const uint8_t> file) : file_(file) {}
@@ -26,11 +24,11 @@ class Reader {
   void Seek(int64_t position) { at_ = position - 1; }
 
   uint8_t ReadByte() {
-    if (at_ >= Size()) EndOfFile();
+    if (at_ >= Size()) PastTheEnd();
     return file_[at_++];
   }
   uint16_t ReadWord() {
-    if (at_ + 1 >= Size()) EndOfFile();
+    if (at_ + 1 >= Size()) PastTheEnd();
     const uint16_t word = static_cast<uint16_t>(file_[at_] | file_[at_ + 1] << 8);
     at_ += 2;
     return word;
@@ -39,14 +37,14 @@ class Reader {
   std::vector<uint8_t> ReadBytes(int n) {
     std::vector<uint8_t> bytes(n);
     if (at_ + n > Size()) return bytes;
-    std::memcpy(bytes.data(), file_.data() + at_, n);
+    std::copy_n(file_.data() + at_, n, bytes.data());
     at_ += n;
     return bytes;
   }
   // 2^bits RGB triples into the first entries of `row`; the rest keep what they held.
   void ReadPalette(ColorRow& row, int bits) {
     const int n = 1 << bits;
-    if (at_ + 3 * n > Size()) EndOfFile();
+    if (at_ + 3 * n > Size()) PastTheEnd();
     for (int i = 0; i < n; ++i, at_ += 3) {
       row[i] = uint32_t{file_[at_]} << 16 | uint32_t{file_[at_ + 1]} << 8 | file_[at_ + 2];
     }
@@ -57,9 +55,7 @@ class Reader {
 
  private:
   int64_t Size() const { return static_cast<int64_t>(file_.size()); }
-  [[noreturn]] static void EndOfFile() {
-    throw tk::Error(kEndOfFile, "ReadGifFile", "End of File");
-  }
+  [[noreturn]] static void PastTheEnd() { throw EndOfFile{}; }
 
   std::span<const uint8_t> file_;
   int64_t at_ = 0;  // 0-based; may lie past the end after a skip
@@ -177,8 +173,7 @@ bool Walk(std::span<const uint8_t> file, GifFile& gif) {
         break;  // the trailer, or a byte where no block can begin
       }
     }
-  } catch (const tk::Error& error) {
-    if (error.Number != kEndOfFile) throw;
+  } catch (const EndOfFile&) {
   }
   return true;
 }

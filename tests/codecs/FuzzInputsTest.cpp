@@ -82,6 +82,7 @@ struct Finding {
 const Finding kFindings[] = {
     {"tiff/BitsTimesSamplesOverflow.tif", Error::kCorrupt, Error::kCorrupt},
     {"ico/PngTextChunkLength.ico", std::nullopt, Error::kTruncated},
+    {"giffile/ApplicationOfNoBytes.gif", std::nullopt, Error::kTruncated},
 };
 
 class FuzzFindings : public ::testing::TestWithParam<Finding> {};

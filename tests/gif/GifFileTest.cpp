@@ -4,7 +4,6 @@
 
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <tuple>
 
 #include "gif/GifBytes.h"
@@ -39,6 +38,19 @@ GifBytes TwoFrames() {
       .Image(1, 1, 1, 1, 0, OnePixelData());
 }
 
+std::vector<uint8_t> OneFrame(const std::string& signature) {
+  return GifBytes::Screen(4, 4, 1, signature).Image(0, 0, 1, 1, 0, OnePixelData()).bytes;
+}
+
+// No global table; a local one of 2 entries, then one of 2^secondBits (none at 0).
+std::vector<uint8_t> LocalTables(int secondBits) {
+  return GifBytes::Screen(4, 4, 0)
+      .Image(0, 0, 1, 1, 1, OnePixelData())
+      .Image(0, 0, 1, 1, secondBits, OnePixelData())
+      .Trailer()
+      .bytes;
+}
+
 std::vector<uint8_t> Cut(GifBytes gif, size_t keep) {
   gif.bytes.resize(keep);
   return gif.bytes;
@@ -65,29 +77,11 @@ const size_t kThirdImage = kThird.bytes.size() - 21;  // separator, descriptor, 
 INSTANTIATE_TEST_SUITE_P(
     Files, FrameCount,
     ::testing::Values(
-        CountCase{"CapitalSignature",
-                  GifBytes::Screen(4, 4, 1, "GIF89A").Image(0, 0, 1, 1, 0, OnePixelData()).bytes,
-                  1},
-        CountCase{"LowerCaseSignature",
-                  GifBytes::Screen(4, 4, 1, "gif87a").Image(0, 0, 1, 1, 0, OnePixelData()).bytes,
-                  1},
-        CountCase{"UnknownVersion",
-                  GifBytes::Screen(4, 4, 1, "GIF88a").Image(0, 0, 1, 1, 0, OnePixelData()).bytes,
-                  0},
-        CountCase{"LocalTablesOnly",
-                  GifBytes::Screen(4, 4, 0)
-                      .Image(0, 0, 1, 1, 1, OnePixelData())
-                      .Image(0, 0, 1, 1, 2, OnePixelData())
-                      .Trailer()
-                      .bytes,
-                  2},
-        CountCase{"ImageWithoutAnyTableGivesUpEarlierFrames",
-                  GifBytes::Screen(4, 4, 0)
-                      .Image(0, 0, 1, 1, 1, OnePixelData())
-                      .Image(0, 0, 1, 1, 0, OnePixelData())
-                      .Trailer()
-                      .bytes,
-                  0},
+        CountCase{"CapitalSignature", OneFrame("GIF89A"), 1},
+        CountCase{"LowerCaseSignature", OneFrame("gif87a"), 1},
+        CountCase{"UnknownVersion", OneFrame("GIF88a"), 0},
+        CountCase{"LocalTablesOnly", LocalTables(2), 2},
+        CountCase{"ImageWithoutAnyTableGivesUpEarlierFrames", LocalTables(0), 0},
         CountCase{"CutInThirdFramesData", Cut(kThird, kThird.bytes.size() - 2), 2},
         CountCase{"CutInThirdFramesTable", Cut(kThird, kThirdImage + 12), 2},
         CountCase{"CutInThirdFramesDescriptor", Cut(kThird, kThirdImage + 6), 2},
@@ -106,66 +100,54 @@ INSTANTIATE_TEST_SUITE_P(
 
 struct RecordCase {
   const char* name;
-  std::function<GifFrame(GifBytes&)> build;  // writes the file, gives the last frame expected
+  GifBytes blocks;    // behind a first frame, from position 35 on
+  GifFrame expected;  // the last frame's record
 };
 
 class FrameRecord : public ::testing::TestWithParam<RecordCase> {};
 
 TEST_P(FrameRecord, HoldsTheBlocksBeforeItsImage) {
   GifBytes file = GifBytes::Screen(16, 16, 1).Image(0, 0, 1, 1, 0, OnePixelData());
-  const GifFrame expected = GetParam().build(file);
+  ASSERT_EQ(file.Next(), 35);
+  file.bytes.insert(file.bytes.end(), GetParam().blocks.bytes.begin(),
+                    GetParam().blocks.bytes.end());
   GifFile gif;
   ASSERT_GE(ReadGifFile(file.bytes, gif), 2);
-  EXPECT_EQ(gif.m_Frames.back(), expected);
+  EXPECT_EQ(gif.m_Frames.back(), GetParam().expected);
 }
 
+// Left, Top, Width, Height, Delay, PaletteRow, StripX, TransIndex, HasTrans, Disposal.
 INSTANTIATE_TEST_SUITE_P(
     Controls, FrameRecord,
     ::testing::Values(
         RecordCase{"WithoutControl",
-                   [](GifBytes& f) {
-                     const int32_t at = f.Next();
-                     f.Image(1, 2, 3, 4, 0, OnePixelData());
-                     return GifFrame{1, 2, 3, 4, 0, 0, at, 0, 0, 0};
-                   }},
-        RecordCase{"ControlThenCommentStillBelongsToTheImage",
-                   [](GifBytes& f) {
-                     const int32_t at = f.Next();
-                     f.Control(2 << 2 | 1, 7, 3).Comment("hi").Image(1, 2, 3, 4, 0, OnePixelData());
-                     return GifFrame{1, 2, 3, 4, 70, 0, at, 3, 1, 2};
-                   }},
+                   GifBytes{}.Image(1, 2, 3, 4, 0, OnePixelData()),
+                   {1, 2, 3, 4, 0, 0, 35, 0, 0, 0}},
+        RecordCase{
+            "ControlThenCommentStillBelongsToTheImage",
+            GifBytes{}.Control(2 << 2 | 1, 7, 3).Comment("hi").Image(1, 2, 3, 4, 0, OnePixelData()),
+            {1, 2, 3, 4, 70, 0, 35, 3, 1, 2}},
         RecordCase{"SecondControlWins",
-                   [](GifBytes& f) {
-                     f.Control(3 << 2 | 1, 5, 9);
-                     const int32_t at = f.Next();
-                     f.Control(1 << 2, 9).Image(0, 0, 2, 2, 0, OnePixelData());
-                     return GifFrame{0, 0, 2, 2, 90, 0, at, 0, 0, 1};
-                   }},
+                   GifBytes{}
+                       .Control(3 << 2 | 1, 5, 9)
+                       .Control(1 << 2, 9)
+                       .Image(0, 0, 2, 2, 0, OnePixelData()),
+                   {0, 0, 2, 2, 90, 0, 43, 0, 0, 1}},
         RecordCase{"DisposalFourFoldsToZero",
-                   [](GifBytes& f) {
-                     const int32_t at = f.Next();
-                     f.Control(4 << 2, 0).Image(0, 0, 2, 2, 0, OnePixelData());
-                     return GifFrame{0, 0, 2, 2, 0, 0, at, 0, 0, 0};
-                   }},
+                   GifBytes{}.Control(4 << 2, 0).Image(0, 0, 2, 2, 0, OnePixelData()),
+                   {0, 0, 2, 2, 0, 0, 35, 0, 0, 0}},
         RecordCase{"DisposalSevenFoldsToThree",
-                   [](GifBytes& f) {
-                     const int32_t at = f.Next();
-                     f.Control(7 << 2, 65535).Image(0, 0, 2, 2, 0, OnePixelData());
-                     return GifFrame{0, 0, 2, 2, 655350, 0, at, 0, 0, 3};
-                   }},
+                   GifBytes{}.Control(7 << 2, 65535).Image(0, 0, 2, 2, 0, OnePixelData()),
+                   {0, 0, 2, 2, 655350, 0, 35, 0, 0, 3}},
         RecordCase{"IndexWithoutTransparencyFlagNotTaken",
-                   [](GifBytes& f) {
-                     const int32_t at = f.Next();
-                     f.Control(0, 1, 9).Image(0, 0, 2, 2, 0, OnePixelData());
-                     return GifFrame{0, 0, 2, 2, 10, 0, at, 0, 0, 0};
-                   }},
+                   GifBytes{}.Control(0, 1, 9).Image(0, 0, 2, 2, 0, OnePixelData()),
+                   {0, 0, 2, 2, 10, 0, 35, 0, 0, 0}},
         RecordCase{"DroppedFramesControlDoesNotCarryOver",
-                   [](GifBytes& f) {
-                     f.Control(1 << 2 | 1, 4, 6).Image(0, 0, 1, 1, 0, NoData());
-                     const int32_t at = f.Next();
-                     f.Image(0, 0, 2, 2, 1, OnePixelData());
-                     return GifFrame{0, 0, 2, 2, 0, 1, at, 0, 0, 0};
-                   }}),
+                   GifBytes{}
+                       .Control(1 << 2 | 1, 4, 6)
+                       .Image(0, 0, 1, 1, 0, NoData())
+                       .Image(0, 0, 2, 2, 1, OnePixelData()),
+                   {0, 0, 2, 2, 0, 1, 55, 0, 0, 0}}),
     [](const auto& info) { return std::string(info.param.name); });
 
 struct LoopCase {
@@ -188,22 +170,19 @@ TEST_P(LoopCount, ComesFromTheLoopingExtension) {
   EXPECT_EQ(gif.m_LoopCount, c.loopCount);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Extensions, LoopCount,
-    ::testing::Values(LoopCase{"Upper", "NETSCAPE2.0", {1, 2, 0}, 2},
-                      LoopCase{"Lower", "netscape2.0", {1, 3, 0}, 3},
-                      LoopCase{"Mixed", "NetScape2.0", {1, 0xFF, 0xFF}, 65535},
-                      LoopCase{"SubBlockOfFive", "NETSCAPE2.0", {1, 3, 0, 0, 0}, 0},
-                      LoopCase{"OtherIdentifier", "ANIMEXTS1.0", {1, 3, 0}, 0}),
-    [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Extensions, LoopCount,
+                         ::testing::Values(LoopCase{"Upper", "NETSCAPE2.0", {1, 2, 0}, 2},
+                                           LoopCase{"Lower", "netscape2.0", {1, 3, 0}, 3},
+                                           LoopCase{"Mixed", "NetScape2.0", {1, 0xFF, 0xFF}, 65535},
+                                           LoopCase{
+                                               "SubBlockOfFive", "NETSCAPE2.0", {1, 3, 0, 0, 0}, 0},
+                                           LoopCase{"OtherIdentifier", "ANIMEXTS1.0", {1, 3, 0}, 0},
+                                           LoopCase{"EmptyIdentifier", "", {1, 3, 0}, 0}),
+                         [](const auto& info) { return std::string(info.param.name); });
 
 TEST(ReadGifFile, KeepsEveryColourTableInItsRow) {
   GifFile gif;
-  const auto locals = GifBytes::Screen(4, 4, 0)
-                          .Image(0, 0, 1, 1, 1, OnePixelData())
-                          .Image(0, 0, 1, 1, 2, OnePixelData())
-                          .bytes;
-  ASSERT_EQ(ReadGifFile(locals, gif), 2);
+  ASSERT_EQ(ReadGifFile(LocalTables(2), gif), 2);
   EXPECT_EQ(gif.m_PalTop, 2);
   ASSERT_EQ(gif.m_Palettes.size(), 3u);
   EXPECT_EQ(gif.m_Palettes[0], ColorRow{}) << "no global table";
