@@ -9,7 +9,7 @@ cd "$(dirname "$0")/.."
 seconds=${1:-600}
 shift || true
 targets=("$@")
-[ ${#targets[@]} -gt 0 ] || targets=(probe jpeg png tiff gif bmp ico dib icondata linklist)
+[ ${#targets[@]} -gt 0 ] || targets=(probe jpeg png tiff gif bmp ico dib icondata linklist giffile gifstrip)
 
 # The corpus files each target starts from, by extension; probe takes every format.
 extensions() {
@@ -18,11 +18,11 @@ extensions() {
     jpeg) echo jpg jpeg ;;
     png) echo png ;;
     tiff) echo tif tiff ;;
-    gif) echo gif ;;
+    gif | giffile | gifstrip) echo gif ;;
     bmp | dib) echo bmp dib ;;
     ico | icondata) echo ico cur ;;
     linklist) echo txt ;;
-    *) echo "unknown target: $1 (probe jpeg png tiff gif bmp ico dib icondata linklist)" >&2 && exit 2 ;;
+    *) echo "unknown target: $1 (probe jpeg png tiff gif bmp ico dib icondata linklist giffile gifstrip)" >&2 && exit 2 ;;
   esac
 }
 for target in "${targets[@]}"; do extensions "$target" >/dev/null; done

@@ -6,6 +6,7 @@
 #include <ostream>
 
 #include "app/ScriptWords.h"
+#include "gif/Form3.h"
 #include "picture/StdPictureEx.h"
 #include "platform/gdi/Blit.h"
 #include "platform/os/FileSystem.h"
@@ -109,6 +110,19 @@ std::string pictureJson(StdPictureEx& ex, const gdi::Picture& picture) {
   return "{\"PictureType\":" + std::to_string(ex.PictureType(picture)) +
          ",\"IsManaged\":" + (ex.IsManaged(picture) ? "true" : "false") +
          ",\"SubImageCount\":" + std::to_string(ex.SubImageCount(picture)) + "}";
+}
+
+// The player of the GIF window as one line of JSON, or `none` without one.
+std::string gifJson(Program& program) {
+  const Form3* window = program.Form3.peek();
+  const cGIFViewer* player = window ? window->gifViewer.get() : nullptr;
+  if (!player) return "none";
+  const int32_t index = player->AnimationIndex();
+  return "{\"AnimationState\":" + std::to_string(player->AnimationState()) +
+         ",\"AnimationIndex\":" + std::to_string(index) +
+         ",\"Frames\":" + std::to_string(player->FrameProperty(1, 6)) +
+         ",\"FrameTime\":" + std::to_string(player->FrameProperty(index, 0)) +
+         ",\"LoopCount\":" + std::to_string(player->LoopCount()) + "}";
 }
 
 // The colour at pixel (x, y) of the control's picture drawn stretched over the control's size,
@@ -352,6 +366,8 @@ bool Driver::readingCommand(const Args& a) {
     out_ << shownPixel(resolve(running(), a[1]), running().pictures.twipsPerPixel(), toInt(a[2]),
                        toInt(a[3]))
          << "\n";
+  } else if (verb == "gif") {
+    out_ << gifJson(running()) << "\n";
   } else if (verb == "shot") {
     need(a, 2, "shot FILE.png");
     if (!shot) raise(err::NotSupported, "this driver takes no pictures");

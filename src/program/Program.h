@@ -8,6 +8,7 @@
 // reachable from here. The shell's Main gives each slot its maker.
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -68,6 +69,9 @@ class Program {
   tk::FormSlot<vellumry::frmEdit> frmEdit;
   tk::FormSlot<vellumry::frmSet> frmSet;
   tk::FormSlot<vellumry::About> About;
+  // Form3.pLoad: plays a GIF file in the GIF window. For the viewer, whose library lies below
+  // the GIF window's; the shell's Main wires it.
+  std::function<void(const std::string& sFileName)> playGif;
   // Form1's controls, the model that every subsystem shares; touching loads Form1.
   Form1Controls& mainWindow();
 

@@ -35,6 +35,7 @@ void Main(Program& program) {
   give(program, program.frmEdit);
   give(program, program.frmSet);
   give(program, program.About);
+  program.playGif = [&program](const std::string& sFileName) { program.Form3().pLoad(sFileName); };
   program.runtime.dispatch([&] { program.Form0().Show(); });
 }
 

@@ -28,14 +28,6 @@ tk::Form& windowOnTop(Program& program) {
   }
 }
 
-// The control `name` of `form` as a `T`; a form that has none fails.
-template <class T>
-T& controlOf(tk::Form& form, const char* name) {
-  auto* c = dynamic_cast<T*>(form.find(name));
-  if (!c) tk::raise(tk::err::ElementMissing, form.Name() + "." + name);
-  return *c;
-}
-
 // Asks for the copy's name in `cd` and copies `path` there.
 void askAndCopy(Program& program, tk::CommonDialog& cd, const std::string& path) {
   const std::string ext = SaveExtension(path);
@@ -66,8 +58,9 @@ void pSaveimg(Program& program, const std::string& path) {
   tk::Form* gifWindow = program.Form3.peekForm();
   const bool gifShown = gifWindow && gifWindow->Visible();
   // A window without a dialog asks nothing and copies nothing, but still gets its keys back.
-  tk::resumeNext(
-      [&] { askAndCopy(program, controlOf<tk::CommonDialog>(windowOnTop(program), "CD"), path); });
+  tk::resumeNext([&] {
+    askAndCopy(program, tk::controlOf<tk::CommonDialog>(windowOnTop(program), "CD"), path);
+  });
   if (gifShown) program.Form2.form().Show();
   pResumeview(program);
 }
@@ -76,9 +69,9 @@ void pResumeview(Program& program) {
   tk::resumeNext([&] {
     switch (program.viewer.ViewerUp) {
       case ViewerState::kGifViewer:
-        return controlOf<tk::Timer>(program.Form3.form(), "Timer1").setEnabled(true);
+        return tk::controlOf<tk::Timer>(program.Form3.form(), "Timer1").setEnabled(true);
       case ViewerState::kViewer:
-        return controlOf<tk::Timer>(program.Form2.form(), "Timer3").setEnabled(true);
+        return tk::controlOf<tk::Timer>(program.Form2.form(), "Timer3").setEnabled(true);
       default:
         return program.mainWindow().Timer5.setEnabled(true);
     }

@@ -81,7 +81,8 @@ void Form2::Form_Load() {
   HScroll1.setTop(screen.Height - kBarThickness);
   setBackColor(program_.mainWindow().Frame1.BackColor());
   Image1.setBackColor(BackColor());
-  // The GIF window lies over the viewer, as large as the screen.
+  // The GIF window lies inside the viewer's window, as large as the screen.
+  program_.Form3.form().SetParent(this);
   program_.Form3.form().Move(0, 0, screen.Width, screen.Height);
   Timer1.setEnabled(true);
   Timer1.setInterval(1);
@@ -104,9 +105,15 @@ void Form2::pGetPicture() {
   } else {
     Image2.setPicture(source);
   }
-  // Playing an animated GIF over the still picture comes with the GIF window; until then the
-  // still picture stands alone.
-  if (ext != "GIF") program_.Form3.form().setVisible(false);
+  if (ext == "GIF") {
+    // The still picture stands behind; the GIF window covers it if the file is animated.
+    const tk::Screen& screen = runtime().screen();
+    tk::controlOf<tk::PictureBox>(program_.Form3.form(), "picBkg")
+        .Move(0, 0, screen.Width, screen.Height);
+    program_.playGif(f.File2.Path() + "/" + name);
+  } else {
+    program_.Form3.form().setVisible(false);
+  }
 }
 
 void Form2::leavePicture() {

@@ -154,6 +154,17 @@ TEST_F(DriverScriptTest, DialogsScenario) {
   });
 }
 
+TEST_F(DriverScriptTest, GifWindowPlaysPausesStepsAndStops) {
+  using codecs::testing::GifFrameSpec;
+  const auto solid = [](uint8_t index, int delay) {
+    return GifFrameSpec{0, 0, 2, 2, std::vector<uint8_t>(4, index), delay};
+  };
+  writeFile(pictures / "a-anim.gif",
+            codecs::testing::MakeAnimatedGif(2, 2, {solid(1, 10), solid(2, 0), solid(3, 20)}, 2));
+  writeFile(pictures / "b-still.gif", codecs::testing::MakeAnimatedGif(2, 2, {solid(1, 10)}, -1));
+  expectScript("gif", 0);
+}
+
 TEST_F(DriverScriptTest, ActionsOnWhatBlocksAndEnds) {
   std::istringstream in("home " + home.string() + "\npictures " + pictures.string() +
                         "\nstart\nanswer 7\nwait 500\ndump Form0\nclick Form1.Image4\n"

@@ -67,7 +67,9 @@ INSTANTIATE_TEST_SUITE_P(Targets, FuzzInputs,
                                            Target{"bmp", fuzz::FuzzBmp, {"bmp", "dib"}},
                                            Target{"ico", fuzz::FuzzIco, {"ico", "cur"}},
                                            Target{"dib", fuzz::FuzzDib, {"bmp", "dib"}},
-                                           Target{"icondata", fuzz::FuzzIconData, {"ico", "cur"}}),
+                                           Target{"icondata", fuzz::FuzzIconData, {"ico", "cur"}},
+                                           Target{"giffile", fuzz::FuzzGifFile, {"gif"}},
+                                           Target{"gifstrip", fuzz::FuzzGifStrip, {"gif"}}),
                          [](const auto& info) { return std::string(info.param.name); });
 
 // What each kept finding gives once fixed; nullopt: it reads.
@@ -80,6 +82,7 @@ struct Finding {
 const Finding kFindings[] = {
     {"tiff/BitsTimesSamplesOverflow.tif", Error::kCorrupt, Error::kCorrupt},
     {"ico/PngTextChunkLength.ico", std::nullopt, Error::kTruncated},
+    {"giffile/ApplicationOfNoBytes.gif", std::nullopt, Error::kTruncated},
 };
 
 class FuzzFindings : public ::testing::TestWithParam<Finding> {};

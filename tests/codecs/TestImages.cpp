@@ -72,8 +72,8 @@ int Append(GifFileType* gif, const GifByteType* data, int length) {
 }
 }  // namespace
 
-std::vector<uint8_t> MakeGif(int width, int height, const std::vector<uint8_t>& indices,
-                             int transparent) {
+std::vector<uint8_t> MakeAnimatedGif(int width, int height, const std::vector<GifFrameSpec>& frames,
+                                     int loopCount) {
   std::vector<uint8_t> out;
   int error = 0;
   GifFileType* gif = EGifOpen(&out, Append, &error);
@@ -81,19 +81,31 @@ std::vector<uint8_t> MakeGif(int width, int height, const std::vector<uint8_t>& 
   ColorMapObject* map = GifMakeMapObject(4, colors);
   EGifSetGifVersion(gif, true);
   EGifPutScreenDesc(gif, width, height, 2, 0, map);
-  if (transparent >= 0) {
-    GraphicsControlBlock gcb{DISPOSAL_UNSPECIFIED, false, 0, transparent};
+  if (loopCount >= 0) {
+    EGifPutExtensionLeader(gif, APPLICATION_EXT_FUNC_CODE);
+    EGifPutExtensionBlock(gif, 11, "NETSCAPE2.0");
+    const GifByteType loop[3] = {1, static_cast<GifByteType>(loopCount & 0xFF),
+                                 static_cast<GifByteType>(loopCount >> 8)};
+    EGifPutExtensionBlock(gif, 3, loop);
+    EGifPutExtensionTrailer(gif);
+  }
+  for (const GifFrameSpec& f : frames) {
+    GraphicsControlBlock gcb{f.disposal, false, f.delay, f.transparent};
     GifByteType ext[4];
     const size_t length = EGifGCBToExtension(&gcb, ext);
     EGifPutExtension(gif, GRAPHICS_EXT_FUNC_CODE, static_cast<int>(length), ext);
-  }
-  EGifPutImageDesc(gif, 0, 0, width, height, false, nullptr);
-  for (int y = 0; y < height; ++y) {
-    EGifPutLine(gif, const_cast<GifPixelType*>(indices.data() + y * width), width);
+    EGifPutImageDesc(gif, f.left, f.top, f.width, f.height, false, nullptr);
+    for (int y = 0; y < f.height; ++y)
+      EGifPutLine(gif, const_cast<GifPixelType*>(f.indices.data() + y * f.width), f.width);
   }
   EGifCloseFile(gif, &error);
   GifFreeMapObject(map);
   return out;
+}
+
+std::vector<uint8_t> MakeGif(int width, int height, const std::vector<uint8_t>& indices,
+                             int transparent) {
+  return MakeAnimatedGif(width, height, {{0, 0, width, height, indices, 0, 0, transparent}}, -1);
 }
 
 std::vector<uint8_t> IconImageBytes(int size, uint32_t argb) {

@@ -17,6 +17,17 @@ std::vector<uint8_t> MakePng(const gdi::Surface& pixels);
 // A one-frame GIF of `indices` with a 4-colour table, transparent index `transparent` (-1 none).
 std::vector<uint8_t> MakeGif(int width, int height, const std::vector<uint8_t>& indices,
                              int transparent);
+// One frame of MakeAnimatedGif: its rectangle, indices into the 4-colour table (black, red,
+// green, blue), delay in hundredths, disposal 0 to 3, transparent index (-1 none).
+struct GifFrameSpec {
+  int left = 0, top = 0, width = 1, height = 1;
+  std::vector<uint8_t> indices;
+  int delay = 0, disposal = 0, transparent = -1;
+};
+// A GIF of a `width` x `height` screen with the table above and `frames`, each with a graphic
+// control; with a looping extension of `loopCount` unless it is -1.
+std::vector<uint8_t> MakeAnimatedGif(int width, int height, const std::vector<GifFrameSpec>& frames,
+                                     int loopCount);
 // The bytes of an icon image of `size` x `size` in one colour (0xAARRGGBB) as an icon file holds
 // them: 32 bits with alpha unless the colour is opaque, 24 bits then; the AND mask lets the
 // target through at the top left pixel only.

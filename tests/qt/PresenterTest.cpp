@@ -155,6 +155,31 @@ TEST_F(PresenterTest, UnloadingAFormTakesItsWindowAway) {
   EXPECT_TRUE(p.window().isVisible());
 }
 
+TEST_F(PresenterTest, AFormPlacedInsideAnotherIsItsChildTakesItsKeysAndLeavesWithIt) {
+  f.Show();
+  tk::FormSlot<PanelForm> innerSlot(p.runtime,
+                                    [&] { return std::make_unique<PanelForm>(p.runtime, p.log); });
+  PanelForm& inner = innerSlot();
+  inner.SetParent(&f);
+  inner.Move(150, 300, 1500, 1500);
+  inner.Show();
+  presenter::FormWindow* innerWindow = p.presenter->window(inner);
+  EXPECT_EQ(innerWindow->parentWidget(), &p.window());
+  EXPECT_EQ(innerWindow->geometry(), QRect(10, 20, 100, 100));
+  EXPECT_EQ(p.presenter->screenRect(inner), QRect(110, 220, 100, 100));
+  // Drawn with its owner, not as a window of its own.
+  EXPECT_EQ(p.presenter->zOrder().size(), 1u);
+  EXPECT_EQ(p.presenter->keyForm(p.window()), &inner);
+  inner.Hide();
+  EXPECT_EQ(p.presenter->keyForm(p.window()), &f);
+
+  inner.Show();
+  ASSERT_TRUE(f.Unload());
+  EXPECT_EQ(inner.OwnerForm(), nullptr);
+  EXPECT_EQ(innerWindow->parentWidget(), nullptr);
+  EXPECT_TRUE(innerWindow->isWindow());
+}
+
 TEST_F(PresenterTest, EndingTheProgramClosesEveryWindow) {
   f.Show();
   bool told = false;

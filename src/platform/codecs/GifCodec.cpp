@@ -232,4 +232,19 @@ Expected<GifFrameIndices> DecodeGifFrameIndices(std::span<const uint8_t> bytes, 
   return ReadFrame(input, frame, leniency, nullptr);
 }
 
+Expected<gdi::IndexedSurface> DecodeGifIndexed(std::span<const uint8_t> bytes,
+                                               const Leniency& leniency) {
+  auto frame = DecodeGifFrameIndices(bytes, 0, leniency);
+  if (!frame) return frame.error();
+  gdi::IndexedSurface out(frame->width, frame->height);
+  for (int y = 0; y < frame->height; ++y) {
+    std::memcpy(out.Row(y), frame->indices.data() + static_cast<size_t>(y) * frame->width,
+                frame->width);
+  }
+  gdi::IndexedSurface::ColorTable table{};
+  std::copy_n(frame->colors.begin(), std::min(frame->colors.size(), table.size()), table.begin());
+  out.SetColors(table);
+  return out;
+}
+
 }  // namespace vellumry::codecs

@@ -36,4 +36,9 @@ struct GifFrameIndices {
 Expected<GifFrameIndices> DecodeGifFrameIndices(std::span<const uint8_t> bytes, int frame,
                                                 const Leniency& leniency);
 
+// The first frame as an 8-bit surface of the frame's own size: its indices as stored, its table
+// the frame's colour table (0xFFRRGGBB, entries past the table's size 0).
+Expected<gdi::IndexedSurface> DecodeGifIndexed(std::span<const uint8_t> bytes,
+                                               const Leniency& leniency);
+
 }  // namespace vellumry::codecs

@@ -38,7 +38,7 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
   const bool press = event->type() == QEvent::KeyPress;
   if (watched != windowHandle() || (!press && event->type() != QEvent::KeyRelease))
     return ContainerView::eventFilter(watched, event);
-  tk::Form* f = form();
+  tk::Form* f = presenter().keyForm(*this);
   if (!f || !tk::user::accepts(*f)) return true;
   auto* key = static_cast<QKeyEvent*>(event);
   const int code = keyCodeOf(*key);

@@ -83,12 +83,22 @@ std::vector<const FormWindow*> Presenter::zOrder() const {
   std::vector<const FormWindow*> out;
   for (const FormWindow* w : stack_) {
     const tk::Form* f = w->form();
-    if (f && f->Visible() && f->WindowState() != 1) out.push_back(w);
+    // A window inside another is drawn with its owner.
+    if (f && f->Visible() && f->WindowState() != 1 && !f->OwnerForm()) out.push_back(w);
   }
   return out;
 }
 
+tk::Form* Presenter::keyForm(const FormWindow& window) const {
+  for (auto it = stack_.rbegin(); it != stack_.rend(); ++it) {
+    tk::Form* f = (*it)->form();
+    if (f && f->Visible() && f->OwnerForm() == window.form()) return f;
+  }
+  return window.form();
+}
+
 QRect Presenter::screenRect(const tk::Form& form) const {
+  if (form.OwnerForm()) return pixelRect(form).translated(screenRect(*form.OwnerForm()).topLeft());
   if (form.WindowState() != 2) return pixelRect(form);
   const tk::Screen& s = runtime_.screen();
   return {0, 0, static_cast<int>(tk::roundHalfEven(s.Width / s.TwipsPerPixelX)),
@@ -150,6 +160,7 @@ void Presenter::formLoaded(tk::Form& form) {
   applyFlags(*w, form);
   applyRegion(*w, form);
   applyFont(*w, form);
+  applyOwner(*w, form);
   w->setWindowTitle(QString::fromStdString(form.Caption()));
   placeWindow(*w, form);
   for (tk::Control* c : form.controls()) show(*c);
@@ -163,6 +174,9 @@ void Presenter::dropWindow(const tk::Form& form) {
   if (!w) return;
   for (tk::Control* c : form.controls()) remove(*c);
   entries_.erase(&form);
+  // Windows inside this one live on by themselves.
+  for (FormWindow* inner : stack_)
+    if (inner != w && inner->parentWidget() == w) inner->setParent(nullptr);
   if (inputForm_ == &form) inputForm_ = nullptr;
   stack_.erase(std::remove(stack_.begin(), stack_.end(), w), stack_.end());
   w->detach();
@@ -308,17 +322,29 @@ void Presenter::formChanged(tk::Form& form, FormWindow& window, tk::PropertyName
     applyRegion(window, form);
   } else if (property == prop::FontName || property == prop::FontSize) {
     applyFont(window, form);
+  } else if (property == prop::OwnerForm) {
+    applyOwner(window, form);
   } else {
     window.update();
   }
 }
 
 void Presenter::placeWindow(FormWindow& window, const tk::Form& form) {
-  QRect r = screenRect(form);
+  QRect r = form.OwnerForm() ? pixelRect(form) : screenRect(form);
   window.setGeometry(r.x(), r.y(), std::max(r.width(), 1), std::max(r.height(), 1));
 }
 
+void Presenter::applyOwner(FormWindow& window, const tk::Form& form) {
+  FormWindow* owner = form.OwnerForm() ? this->window(*form.OwnerForm()) : nullptr;
+  if (window.parentWidget() == owner) return;
+  const bool shown = form.Visible();
+  window.setParent(owner);  // this hides the window
+  applyFlags(window, form);
+  if (shown) showWindow(window, form);
+}
+
 void Presenter::applyFlags(FormWindow& window, const tk::Form& form) {
+  if (form.OwnerForm()) return;  // a child window has no frame or flags of its own
   Qt::WindowFlags flags = taskbarForm_ && taskbarForm_ != &form ? Qt::Tool : Qt::Window;
   if (form.BorderStyle() == 0) flags |= Qt::FramelessWindowHint;
   if (form.TopMost()) flags |= Qt::WindowStaysOnTopHint;
@@ -357,7 +383,7 @@ void Presenter::showWindow(FormWindow& window, const tk::Form& form) {
     window.show();
   raise(window);
   window.raise();
-  window.activateWindow();
+  if (!form.OwnerForm()) window.activateWindow();
 }
 
 void Presenter::focusChanged(tk::Form& form) {

@@ -54,6 +54,9 @@ class Presenter final : public tk::Observer {
   std::vector<const FormWindow*> zOrder() const;
   // Where the model places `form` on the screen, in pixels.
   QRect screenRect(const tk::Form& form) const;
+  // The form that the keys of `window` go to: the topmost visible form placed inside it, or
+  // its own.
+  tk::Form* keyForm(const FormWindow& window) const;
 
   // For the widgets: whether `c` is still shown (not unloaded); the control whose form the
   // current user action goes to; showing a control's state again after an action.
@@ -87,6 +90,8 @@ class Presenter final : public tk::Observer {
   ContainerView* containerView(const tk::Control* container) const;
   void place(tk::Control& c);
   void placeWindow(FormWindow& window, const tk::Form& form);
+  // Puts the window inside its owner's window as a child, or back on the desktop.
+  void applyOwner(FormWindow& window, const tk::Form& form);
   void applyFlags(FormWindow& window, const tk::Form& form);
   // Cuts the window to the form's outline, or shows it whole when it has none.
   void applyFont(FormWindow& window, const tk::Form& form);

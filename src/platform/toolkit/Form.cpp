@@ -65,6 +65,8 @@ void Form::setFontSize(double v) { assign(fontSize_, v, prop::FontSize); }
 
 void Form::setWindowRegion(const Region& v) { assign(region_, v, prop::Region); }
 
+void Form::SetParent(Form* owner) { assign(owner_, owner, prop::OwnerForm); }
+
 namespace {
 // The outline as the driver reads it: "width height cornerWidth cornerHeight" in pixels.
 Value regionText(const Control& c) {

@@ -9,6 +9,7 @@
 
 #include "platform/gdi/Picture.h"
 #include "platform/toolkit/Control.h"
+#include "platform/toolkit/Error.h"
 
 namespace vellumry::tk {
 
@@ -62,6 +63,10 @@ class Form : public Control {
   // minimising in it.
   const gdi::Picture& Picture() const { return picture_; }
   void setPicture(const gdi::Picture& p) { picture_ = p; }
+  // The form whose window this one lies inside, as a child window: Left and Top count from
+  // that window's corner, and it shows only while that window does. Null: a window of its own.
+  Form* OwnerForm() const { return owner_; }
+  void SetParent(Form* owner);
 
   void setVisible(bool v) override;
   void setWidth(double v) override;
@@ -125,7 +130,17 @@ class Form : public Control {
   bool keyPreview_ = false, topMost_ = false;
   Region region_;
   gdi::Picture picture_;
+  Form* owner_ = nullptr;
   bool loaded_ = false, unloading_ = false, shownOnce_ = false;
 };
+
+// The control `name` of `form` as a `T`, for code that knows the form only as a plain window;
+// a form that has none fails.
+template <class T>
+T& controlOf(Form& form, const char* name) {
+  auto* c = dynamic_cast<T*>(form.find(name));
+  if (!c) raise(err::ElementMissing, form.Name() + "." + name);
+  return *c;
+}
 
 }  // namespace vellumry::tk

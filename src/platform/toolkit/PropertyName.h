@@ -61,6 +61,7 @@ inline constexpr PropertyName Max{"Max"};
 inline constexpr PropertyName Min{"Min"};
 inline constexpr PropertyName MousePointer{"MousePointer"};
 inline constexpr PropertyName Name{"Name"};
+inline constexpr PropertyName OwnerForm{"OwnerForm"};  // told to the observer only
 inline constexpr PropertyName Path{"Path"};
 inline constexpr PropertyName Pattern{"Pattern"};
 inline constexpr PropertyName Picture{"Picture"};

@@ -87,6 +87,9 @@ void Runtime::formLoaded(Form* f) {
 
 void Runtime::formUnloaded(Form* f) {
   forms_.erase(std::remove(forms_.begin(), forms_.end(), f), forms_.end());
+  // A window inside the one that goes becomes a window of its own again.
+  for (Form* other : forms_)
+    if (other->OwnerForm() == f) other->SetParent(nullptr);
   if (observer_) observer_->formUnloaded(*f);
 }
 
