@@ -6,6 +6,7 @@
 #include "platform/toolkit/KeyCodes.h"
 #include "program/Form1Controls.h"
 #include "program/Program.h"
+#include "tools/SideText.h"
 #include "tools/frmMenu.h"
 #include "viewer/Form2.h"
 
@@ -235,8 +236,7 @@ void Form3::picBkg_Click() {
 
 void Form3::picBkg_MouseDown(int Button) {
   if (Button != tk::user::kRightButton) return;
-  Form2& viewer = program_.Form2();
-  viewer.pRefreshSideMenu();
+  pRefreshSideMenu(program_);
   PopupMenu(program_.frmMenu().mnuSaveimg2);
 }
 

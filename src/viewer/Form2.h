@@ -83,9 +83,6 @@ class Form2 : public tk::Form {
   void Timer2_Timer();
   void Timer3_Timer();
 
-  // Whether the popup offers the side text of the picture; asked just before it shows.
-  void pRefreshSideMenu();
-
  private:
   void pNext();
   void pPrev();
