@@ -9,7 +9,7 @@ cd "$(dirname "$0")/.."
 seconds=${1:-600}
 shift || true
 targets=("$@")
-[ ${#targets[@]} -gt 0 ] || targets=(probe jpeg png tiff gif bmp ico dib icondata linklist)
+[ ${#targets[@]} -gt 0 ] || targets=(probe jpeg png tiff gif bmp ico dib icondata wmf emf linklist)
 
 # The corpus files each target starts from, by extension; probe takes every format.
 extensions() {
@@ -21,8 +21,10 @@ extensions() {
     gif) echo gif ;;
     bmp | dib) echo bmp dib ;;
     ico | icondata) echo ico cur ;;
+    wmf) echo wmf ;;
+    emf) echo emf ;;
     linklist) echo txt ;;
-    *) echo "unknown target: $1 (probe jpeg png tiff gif bmp ico dib icondata linklist)" >&2 && exit 2 ;;
+    *) echo "unknown target: $1 (probe jpeg png tiff gif bmp ico dib icondata wmf emf linklist)" >&2 && exit 2 ;;
   esac
 }
 for target in "${targets[@]}"; do extensions "$target" >/dev/null; done

@@ -67,7 +67,9 @@ INSTANTIATE_TEST_SUITE_P(Targets, FuzzInputs,
                                            Target{"bmp", fuzz::FuzzBmp, {"bmp", "dib"}},
                                            Target{"ico", fuzz::FuzzIco, {"ico", "cur"}},
                                            Target{"dib", fuzz::FuzzDib, {"bmp", "dib"}},
-                                           Target{"icondata", fuzz::FuzzIconData, {"ico", "cur"}}),
+                                           Target{"icondata", fuzz::FuzzIconData, {"ico", "cur"}},
+                                           Target{"wmf", fuzz::FuzzWmf, {"wmf"}},
+                                           Target{"emf", fuzz::FuzzEmf, {"emf"}}),
                          [](const auto& info) { return std::string(info.param.name); });
 
 // What each kept finding gives once fixed; nullopt: it reads.

@@ -1,6 +1,7 @@
 #include "platform/codecs/MetafileCanvas.h"
 
 #include <QFontMetricsF>
+#include <QGuiApplication>
 #include <algorithm>
 #include <cmath>
 #include <numbers>
@@ -270,6 +271,8 @@ void MetafileCanvas::FillRegion(const QPainterPath& region, const QTransform& to
 }
 
 void MetafileCanvas::DrawText(const Text& text) {
+  // Fonts come from the application's font database: a program without one draws no text.
+  if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance())) return;
   if (text.text.isEmpty() && !text.box) return;
   const QTransform toOutput = LogicalToOutput();
   const double scaleX = std::hypot(toOutput.m11(), toOutput.m12());

@@ -20,6 +20,7 @@ int Pixels(double length) {
 
 Expected<ImageInfo> ProbeMetafile(std::span<const uint8_t> bytes) {
   ImageInfo info;
+  info.hasAlpha = true;  // what the records leave undrawn stays transparent
   if (const auto emf = ReadEmfFrame(bytes)) {
     info.format = Format::kEmf;
     // The frame at the reference device's resolution; 96 dots per inch when it gives none.
