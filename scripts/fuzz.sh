@@ -36,6 +36,7 @@ dir=build-fuzz
 cmake --build "$dir" -j "$(nproc)" --target "${targets[@]/#/fuzz_}"
 
 export ASAN_OPTIONS=detect_leaks=1
+export LSAN_OPTIONS=suppressions=$PWD/scripts/lsan.supp
 export UBSAN_OPTIONS=print_stacktrace=1
 for target in "${targets[@]}"; do
   seeds=$dir/seeds/$target corpus=$dir/corpus/$target findings=$dir/findings/$target
