@@ -1,5 +1,6 @@
 #include "platform/codecs/EmfPlayer.h"
 
+#include <cmath>
 #include <vector>
 
 #include "platform/codecs/ByteReader.h"
@@ -339,6 +340,11 @@ void EmfPlayer::Play(const Params& p, uint32_t type) {
     }
     case 54:
       canvas_.LineTo(Point32(p, 8));
+      break;
+    case 41:
+      if (std::isfinite(p.F32(20)) && std::isfinite(p.F32(24))) {
+        canvas_.AngleArc(Point32(p, 8), p.U32(16), p.F32(20), p.F32(24));
+      }
       break;
     case 57:
       dc.clockwiseArcs = p.U32(8) == 2;

@@ -258,6 +258,17 @@ void MetafileCanvas::Arc(ArcKind kind, const QRectF& rawBox, QPointF start, QPoi
   Emit(shape, closed, true);
 }
 
+void MetafileCanvas::AngleArc(QPointF centre, double radius, double start, double sweep) {
+  const QRectF box(centre.x() - radius, centre.y() - radius, 2 * radius, 2 * radius);
+  QPainterPath arc(dc_.position);
+  QPainterPath startOfArc;
+  startOfArc.arcMoveTo(box, start);
+  arc.lineTo(startOfArc.currentPosition());
+  arc.arcTo(box, start, sweep);
+  dc_.position = arc.currentPosition();
+  Emit(arc, false, true);
+}
+
 void MetafileCanvas::SetPixel(QPointF at, QColor color) {
   painter_.resetTransform();
   const QPointF pixel = LogicalToOutput().map(at);

@@ -66,6 +66,9 @@ class MetafileCanvas {
   void Ellipse(const QRectF& box);
   enum class ArcKind { kArc, kChord, kPie, kArcTo };
   void Arc(ArcKind kind, const QRectF& box, QPointF start, QPointF end);
+  // A line from the current position to the start of the arc, then the arc; degrees
+  // counter-clockwise.
+  void AngleArc(QPointF centre, double radius, double start, double sweep);
   void SetPixel(QPointF at, QColor color);
   // Fills `region` (in the units of `toOutput`) with `brush`.
   void FillRegion(const QPainterPath& region, const QTransform& toOutput, const QBrush& brush);
