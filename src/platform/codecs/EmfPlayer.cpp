@@ -132,21 +132,7 @@ class EmfPlayer {
 void EmfPlayer::Select(uint32_t index) {
   const GdiObject stock = index & kStockObject ? StockObject(index & ~kStockObject) : GdiObject{};
   const GdiObject* object = index & kStockObject ? &stock : objects_.Get(index);
-  if (!object) return;
-  DcState& dc = canvas_.dc();
-  switch (object->kind) {
-    case GdiObject::Kind::kPen:
-      dc.pen = object->pen;
-      break;
-    case GdiObject::Kind::kBrush:
-      dc.brush = object->brush;
-      break;
-    case GdiObject::Kind::kFont:
-      dc.font = object->font;
-      break;
-    default:
-      break;
-  }
+  if (object) canvas_.Select(*object);
 }
 
 void EmfPlayer::Text(const Params& p, bool wide) {

@@ -89,7 +89,21 @@ void MetafileCanvas::RestoreDc(int which) {
   ApplyClip();
 }
 
-void MetafileCanvas::ClipChanged() { ApplyClip(); }
+void MetafileCanvas::Select(const GdiObject& object) {
+  switch (object.kind) {
+    case GdiObject::Kind::kPen:
+      dc_.pen = object.pen;
+      break;
+    case GdiObject::Kind::kBrush:
+      dc_.brush = object.brush;
+      break;
+    case GdiObject::Kind::kFont:
+      dc_.font = object.font;
+      break;
+    default:
+      break;
+  }
+}
 
 QTransform MetafileCanvas::LogicalToDevice() const {
   double sx = 1, sy = 1;
@@ -145,7 +159,14 @@ void MetafileCanvas::Emit(const QPainterPath& shape, bool fill, bool stroke) {
   if (fill && hatched && dc_.opaqueBackground) painter_.fillPath(filled, dc_.bkColor);
   painter_.setPen(stroke ? OutputPen() : QPen(Qt::NoPen));
   painter_.setBrush(fill ? dc_.brush : QBrush(Qt::NoBrush));
+  // Qt's anti-aliasing rasteriser takes seconds over edges that run far beyond the picture;
+  // such shapes are drawn without it.
+  const QRectF reach = LogicalToOutput().mapRect(filled.controlPointRect());
+  const double limit = 16.0 * std::max(painter_.device()->width(), painter_.device()->height());
+  const bool farReaching = reach.width() > limit || reach.height() > limit;
+  painter_.setRenderHint(QPainter::Antialiasing, !farReaching);
   painter_.drawPath(filled);
+  painter_.setRenderHint(QPainter::Antialiasing, true);
 }
 
 void MetafileCanvas::LineTo(QPointF to) {

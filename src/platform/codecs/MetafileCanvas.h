@@ -47,7 +47,8 @@ class MetafileCanvas {
   void SaveDc();
   // Restores the state saved `which` levels back (negative) or at that depth (positive).
   void RestoreDc(int which);
-  void ClipChanged();
+  // Makes a pen, brush or font the current one; other kinds change nothing.
+  void Select(const GdiObject& object);
 
   QTransform LogicalToDevice() const;
   QTransform LogicalToOutput() const { return LogicalToDevice() * deviceToOutput_; }

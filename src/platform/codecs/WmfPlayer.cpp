@@ -95,23 +95,11 @@ class WmfPlayer {
 void WmfPlayer::Select(uint16_t index) {
   const GdiObject* object = objects_.Get(index);
   if (!object) return;
-  DcState& dc = canvas_.dc();
-  switch (object->kind) {
-    case GdiObject::Kind::kPen:
-      dc.pen = object->pen;
-      break;
-    case GdiObject::Kind::kBrush:
-      dc.brush = object->brush;
-      break;
-    case GdiObject::Kind::kFont:
-      dc.font = object->font;
-      break;
-    case GdiObject::Kind::kRegion:
-      canvas_.SelectClip(canvas_.LogicalToDevice().map(object->region),
-                         MetafileCanvas::RegionMode::kCopy);
-      break;
-    default:
-      break;
+  if (object->kind == GdiObject::Kind::kRegion) {
+    canvas_.SelectClip(canvas_.LogicalToDevice().map(object->region),
+                       MetafileCanvas::RegionMode::kCopy);
+  } else {
+    canvas_.Select(*object);
   }
 }
 
