@@ -24,8 +24,8 @@ std::optional<gdi::Surface> PackedBitmap(const Params& record, uint64_t at) {
 }
 
 QBrush PatternBrush(const gdi::Surface& pattern) {
-  QImage image = pattern.View().convertToFormat(QImage::Format_RGB32);
-  return QBrush(image);
+  // A deep copy: the view borrows the surface's pixels, and the brush outlives it.
+  return QBrush(pattern.View().convertToFormat(QImage::Format_RGB32).copy());
 }
 
 QBrush StyledBrush(uint32_t style, QColor color, uint32_t hatch) {
