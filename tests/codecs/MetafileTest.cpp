@@ -1,6 +1,6 @@
 // The metafile player: natural sizes from the headers, the device context's effect on where
-// records draw, the limits on hostile files, and the corpus drawn and compared with references
-// rendered by Windows.
+// records draw, the limits on hostile files, and the corpus drawn and compared with their reference
+// renderings.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -256,7 +256,7 @@ Likeness Compare(const gdi::Surface& a, const gdi::Surface& b) {
   return likeness;
 }
 
-TEST(MetafileTest, DrawingsResembleTheReferencesOfWindows) {
+TEST(MetafileTest, DrawingsResembleTheirReferenceRenderings) {
   fuzz::EnsureFontDatabase();
   for (const char* name :
        {"wmf2svg/src/test/data/wmf/fulltest", "wmf2svg/src/test/data/emf/fulltest"}) {
