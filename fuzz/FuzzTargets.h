@@ -19,6 +19,8 @@ int FuzzBmp(const uint8_t* data, size_t size);
 int FuzzIco(const uint8_t* data, size_t size);
 int FuzzDib(const uint8_t* data, size_t size);
 int FuzzIconData(const uint8_t* data, size_t size);
+int FuzzWmf(const uint8_t* data, size_t size);
+int FuzzEmf(const uint8_t* data, size_t size);
 int FuzzLinkList(const uint8_t* data, size_t size);
 int FuzzGifFile(const uint8_t* data, size_t size);
 int FuzzGifStrip(const uint8_t* data, size_t size);

@@ -9,7 +9,7 @@ cd "$(dirname "$0")/.."
 seconds=${1:-600}
 shift || true
 targets=("$@")
-[ ${#targets[@]} -gt 0 ] || targets=(probe jpeg png tiff gif bmp ico dib icondata linklist giffile gifstrip)
+[ ${#targets[@]} -gt 0 ] || targets=(probe jpeg png tiff gif bmp ico dib icondata linklist giffile gifstrip wmf emf)
 
 # The corpus files each target starts from, by extension; probe takes every format.
 extensions() {
@@ -21,8 +21,10 @@ extensions() {
     gif | giffile | gifstrip) echo gif ;;
     bmp | dib) echo bmp dib ;;
     ico | icondata) echo ico cur ;;
+    wmf) echo wmf ;;
+    emf) echo emf ;;
     linklist) echo txt ;;
-    *) echo "unknown target: $1 (probe jpeg png tiff gif bmp ico dib icondata linklist giffile gifstrip)" >&2 && exit 2 ;;
+    *) echo "unknown target: $1 (probe jpeg png tiff gif bmp ico dib icondata linklist giffile gifstrip wmf emf)" >&2 && exit 2 ;;
   esac
 }
 for target in "${targets[@]}"; do extensions "$target" >/dev/null; done
@@ -34,6 +36,7 @@ dir=build-fuzz
 cmake --build "$dir" -j "$(nproc)" --target "${targets[@]/#/fuzz_}"
 
 export ASAN_OPTIONS=detect_leaks=1
+export LSAN_OPTIONS=suppressions=$PWD/scripts/lsan.supp
 export UBSAN_OPTIONS=print_stacktrace=1
 for target in "${targets[@]}"; do
   seeds=$dir/seeds/$target corpus=$dir/corpus/$target findings=$dir/findings/$target

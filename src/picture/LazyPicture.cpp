@@ -35,6 +35,18 @@ gdi::Picture FittedPicture(PictureServices& services, std::unique_ptr<gdi::Scale
       services.twipsPerPixel());
 }
 
+gdi::Picture MetafilePicture(PictureServices& services, const PictureOrigin& origin,
+                             const codecs::ImageInfo& info, std::optional<gdi::Size> size) {
+  const gdi::Size natural = size.value_or(gdi::Size{info.width, info.height});
+  if (natural.width <= 0 || natural.height <= 0) return {};
+  auto decoder = std::make_unique<FittedDecoder>(MakeSourceDecoder(origin, info), natural);
+  const auto type = info.format == codecs::Format::kEmf ? gdi::PictureType::kEnhancedMetafile
+                                                        : gdi::PictureType::kMetafile;
+  return gdi::Picture::FromMetafile(
+      std::make_shared<gdi::LazyPixels>(std::move(decoder), services.cache()), type,
+      services.twipsPerPixel());
+}
+
 }  // namespace
 
 gdi::Picture MakeDibPicture(PictureServices& services, const PictureOrigin& origin,
@@ -56,6 +68,9 @@ gdi::Picture MakeLazyPicture(PictureServices& services, const PictureOrigin& ori
       break;
     case codecs::Format::kEmf:
     case codecs::Format::kWmf:
+      // Flattened, a metafile is a bitmap of its drawing; else a picture of its own kind.
+      if (!background) return MetafilePicture(services, origin, info, size);
+      break;
     case codecs::Format::kUnknown:
       return {};
     default:

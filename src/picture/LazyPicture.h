@@ -24,8 +24,9 @@ struct PictureOrigin {
 // A picture of the first image of `origin` at its natural size. Bitmaps (JPEG, PNG, TIFF, GIF,
 // BMP) decode lazily, cached at the size they are drawn; with `background` (0x00BBGGRR) they come
 // out opaque over that colour, and `size` gives them another natural size than the image's own.
-// Icons and cursors that aren't flattened are decoded at once, their default entry. Metafiles and
-// anything unreadable give an empty picture.
+// Icons and cursors that aren't flattened are decoded at once, their default entry. Metafiles that
+// aren't flattened are metafile pictures (WMF type 2, EMF type 4) played when drawn. Anything
+// unreadable gives an empty picture.
 gdi::Picture MakeLazyPicture(PictureServices& services, const PictureOrigin& origin,
                              const codecs::ImageInfo& info,
                              std::optional<uint32_t> background = std::nullopt,

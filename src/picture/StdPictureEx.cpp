@@ -221,7 +221,7 @@ gdi::Picture StdPictureEx::LoadThroughGdiPlus(const Stream& stream, const std::s
     case kKindPng:
       break;
     default:
-      // Metafiles have no road of their own yet.
+      // Metafiles: the platform loader reads every one this road would, so none arrives here.
       record.Flags = 0;
       return {};
   }

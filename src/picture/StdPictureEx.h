@@ -125,7 +125,7 @@ class StdPictureEx {
   // the file again when it decodes, unless the bytes are kept.
   gdi::Picture LoadFromBytes(const Stream& stream, const std::string& path, Arguments& args,
                              PictureRecord& record);
-  // The platform's loader: BMP, JPEG, GIF, icons and cursors (metafiles once they draw).
+  // The platform's loader: BMP, JPEG, GIF, icons, cursors and metafiles.
   gdi::Picture PictureFromStream(const Stream& stream, const std::string& path,
                                  bool KeepOriginalFormat);
   // The full decoders' road: PNG, TIFF, GIF, JPEG, BMP, with the kind and sub-images in Flags.

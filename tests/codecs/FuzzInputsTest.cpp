@@ -69,7 +69,9 @@ INSTANTIATE_TEST_SUITE_P(Targets, FuzzInputs,
                                            Target{"dib", fuzz::FuzzDib, {"bmp", "dib"}},
                                            Target{"icondata", fuzz::FuzzIconData, {"ico", "cur"}},
                                            Target{"giffile", fuzz::FuzzGifFile, {"gif"}},
-                                           Target{"gifstrip", fuzz::FuzzGifStrip, {"gif"}}),
+                                           Target{"gifstrip", fuzz::FuzzGifStrip, {"gif"}},
+                                           Target{"wmf", fuzz::FuzzWmf, {"wmf"}},
+                                           Target{"emf", fuzz::FuzzEmf, {"emf"}}),
                          [](const auto& info) { return std::string(info.param.name); });
 
 // What each kept finding gives once fixed; nullopt: it reads.
@@ -83,6 +85,8 @@ const Finding kFindings[] = {
     {"tiff/BitsTimesSamplesOverflow.tif", Error::kCorrupt, Error::kCorrupt},
     {"ico/PngTextChunkLength.ico", std::nullopt, Error::kTruncated},
     {"giffile/ApplicationOfNoBytes.gif", std::nullopt, Error::kTruncated},
+    // A polygon reaching millions of pixels beyond the picture took seconds to anti-alias.
+    {"emf/FarReachingPolygon.emf", std::nullopt, std::nullopt},
 };
 
 class FuzzFindings : public ::testing::TestWithParam<Finding> {};

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "codecs/TestImages.h"
+#include "codecs/TestMetafiles.h"
 #include "picture/Module1.h"
 #include "picture/PictureServices.h"
 #include "picture/PictureTestSupport.h"
@@ -27,7 +28,7 @@ class Module1Test : public ::testing::Test {
 TEST_F(Module1Test, FailuresRaiseNumberedErrorsNamingTheFile) {
   const std::string bad = folder.Write("not a picture.png", {'n', 'o', 'p', 'e', '!'});
   const std::string missing = folder.Path("missing.tif");
-  const std::vector<uint8_t> emf = {1, 0, 0, 0, 108, 0, 0, 0};  // metafiles have no decoder yet
+  const std::vector<uint8_t> emf = {1, 0, 0, 0, 108, 0, 0, 0};  // a header record cut short
   struct Case {
     GdiSource source;
     int number;
@@ -163,6 +164,21 @@ TEST_F(Module1Test, TransparencyShowsTheGridColour) {
   gridColor = 0x00FFFFFF;
   module1.ShowPictureGdi(path, box, true);
   EXPECT_EQ(box.Picture().Pixels()->Pixel(8, 2) & 0xFFFFFF, 0xFFFFFFu);
+}
+
+TEST_F(Module1Test, AnEmfIsFlattenedOverTheGridColour) {
+  const std::string path = folder.Write(
+      "a.emf",
+      Emf(40, {EmfBrush(1, 0x0000FF), EmfSelect(1), kEmfNullPen, EmfRectangle(0, 0, 20, 40)}));
+  module1.ShowPictureGdi(path, box, true);
+  const gdi::Picture picture = box.Picture();
+  ASSERT_TRUE(picture);
+  EXPECT_EQ(picture.Type(), gdi::PictureType::kBitmap);
+  EXPECT_EQ(picture.PixelSize(), (gdi::Size{40, 40}));
+  const auto out = picture.Pixels();
+  ASSERT_TRUE(out);
+  EXPECT_EQ(out->Pixel(10, 20) & 0xFFFFFF, 0xFF0000u);
+  EXPECT_EQ(out->Pixel(30, 20) & 0xFFFFFF, 0x102040u);  // undrawn: the grid colour
 }
 
 TEST_F(Module1Test, FirstPageOfATiff) {

@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "codecs/TestImages.h"
+#include "codecs/TestMetafiles.h"
 #include "picture/PictureServices.h"
 #include "picture/PictureTestSupport.h"
 #include "picture/PlainLoader.h"
@@ -34,9 +35,8 @@ TEST_F(PlainLoaderTest, MissingAndUnreadableFilesRaise) {
   EXPECT_EQ(Raised(folder.Path("")), 53);  // a folder is no file
   EXPECT_EQ(Raised(folder.Write("empty.jpg", {})), 481);
   EXPECT_EQ(Raised(folder.Write("text.gif", {'G', 'I', 'F', '8', '9', 'a'})), 481);
-  // A placeable metafile is known but not drawn yet.
-  std::vector<uint8_t> wmf = {0xD7, 0xCD, 0xC6, 0x9A, 0,    0, 0, 0, 0, 0, 100,
-                              0,    100,  0,    0xA0, 0x05, 0, 0, 0, 0, 0, 0};
+  // A placeable metafile whose header stops short.
+  std::vector<uint8_t> wmf = {0xD7, 0xCD, 0xC6, 0x9A, 0, 0, 0, 0, 0, 0, 100, 0, 100, 0};
   EXPECT_EQ(Raised(folder.Write("a.wmf", wmf)), 481);
 }
 
@@ -69,6 +69,32 @@ TEST_F(PlainLoaderTest, ReadsTheOtherFormats) {
   ASSERT_TRUE(fromCur);
   EXPECT_EQ(fromCur.Type(), gdi::PictureType::kIcon);
   EXPECT_EQ(fromCur.PixelSize(), (gdi::Size{2, 2}));
+}
+
+}  // namespace
+}  // namespace vellumry
+
+namespace vellumry {
+namespace {
+
+using namespace codecs::testing;
+
+TEST(PlainLoaderMetafileTest, AWmfIsAMetafileDrawnOverWhatLiesBeneath) {
+  PictureServices services{15, 16u << 20, 1};
+  testsupport::TempFolder folder;
+  const std::string path =
+      folder.Write("a.wmf", Wmf(2, {WindowExtent(100, 100), SolidBrush(0x0000FF), Select(0),
+                                    NullPen(), Select(1), Rectangle(0, 0, 50, 100)}));
+  const gdi::Picture picture = LoadPicture(services, path);
+  ASSERT_TRUE(picture);
+  EXPECT_EQ(picture.Type(), gdi::PictureType::kMetafile);
+  EXPECT_EQ(picture.PixelSize(), (gdi::Size{100, 100}));
+  // Drawn at half its size onto white: red where the records drew, white where they didn't.
+  gdi::Surface target(50, 50, gdi::AlphaMode::kOpaque);
+  for (uint32_t& p : target.Pixels()) p = 0xFFFFFFFF;
+  picture.Render(target, 0, 0, 50, 50, 0, picture.Height(), picture.Width(), -picture.Height());
+  EXPECT_EQ(target.Pixel(10, 25) & 0xFFFFFF, 0xFF0000u);
+  EXPECT_EQ(target.Pixel(40, 25) & 0xFFFFFF, 0xFFFFFFu);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include "platform/codecs/IcoCodec.h"
 #include "platform/codecs/JpegCodec.h"
 #include "platform/codecs/Limits.h"
+#include "platform/codecs/MetafileCodec.h"
 #include "platform/codecs/MetafileProbe.h"
 #include "platform/codecs/PngCodec.h"
 #include "platform/codecs/TiffCodec.h"
@@ -65,6 +66,8 @@ std::vector<gdi::Size> NativeSizes(const ImageInfo& info) {
 gdi::Size NativeSizeFor(const ImageInfo& info, gdi::Size wanted) {
   const gdi::Size full{info.width, info.height};
   if (wanted.width <= 0 || wanted.height <= 0) return full;
+  // Metafiles draw at any size.
+  if (info.format == Format::kEmf || info.format == Format::kWmf) return wanted;
   for (const gdi::Size size : NativeSizes(info)) {
     if (size.width >= wanted.width && size.height >= wanted.height) return size;
   }
@@ -105,7 +108,7 @@ Expected<Decoded> Decode(std::span<const uint8_t> bytes, int wantedWidth, int wa
       return DecodeIcon(bytes, leniency);
     case Format::kEmf:
     case Format::kWmf:
-      return Error::kUnsupported;
+      return DecodeMetafile(bytes, *info, wantedWidth, wantedHeight);
     case Format::kUnknown:
       break;
   }

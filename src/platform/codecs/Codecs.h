@@ -38,8 +38,8 @@ Expected<ImageInfo> Probe(std::span<const uint8_t> bytes);
 
 // Decodes the first image (frame, page, default icon entry) at the smallest size its format
 // produces directly that covers wantedWidth x wantedHeight (0, 0: full size). JPEG scales
-// natively in eighths and PNG in halves; the others come back at full size. EMF and WMF are refused
-// (kUnsupported). Pictures whose header asks for more than kMaxPixelBytes are refused
+// natively in eighths and PNG in halves; EMF and WMF are drawn at the wanted size; the others come
+// back at full size. Pictures whose header asks for more than kMaxPixelBytes are refused
 // (kTooLarge) before anything is allocated.
 Expected<Decoded> Decode(std::span<const uint8_t> bytes, int wantedWidth = 0, int wantedHeight = 0,
                          const Leniency& leniency = {});
@@ -48,8 +48,8 @@ Expected<Decoded> Decode(std::span<const uint8_t> bytes, int wantedWidth = 0, in
 // is the full size. Empty for formats Decode refuses.
 std::vector<gdi::Size> NativeSizes(const ImageInfo& info);
 
-// The smallest of NativeSizes covering `wanted` in both directions, else the full size. A 0 in
-// `wanted` means full size.
+// The smallest of NativeSizes covering `wanted` in both directions, else the full size; for
+// metafiles, which draw at any size, `wanted` itself. A 0 in `wanted` means full size.
 gdi::Size NativeSizeFor(const ImageInfo& info, gdi::Size wanted);
 
 }  // namespace vellumry::codecs

@@ -1,46 +1,51 @@
 #include "platform/codecs/MetafileProbe.h"
 
-#include "platform/codecs/ByteReader.h"
+#include <cmath>
+#include <cstdlib>
+
+#include "platform/codecs/MetafileHeader.h"
 
 namespace vellumry::codecs {
 
 namespace {
-constexpr uint32_t kEmfHeaderRecord = 1;
-constexpr uint32_t kEmfSignature = 0x464D4520;  // " EMF"
-constexpr uint32_t kPlaceableKey = 0x9AC6CDD7;
+
+constexpr double kHimetricPerInch = 2540;
+
+// A length as a pixel count, 0 when it isn't a sensible one.
+int Pixels(double length) {
+  return std::isfinite(length) && length >= 1 && length < (1 << 30) ? static_cast<int>(length) : 0;
+}
+
 }  // namespace
 
 Expected<ImageInfo> ProbeMetafile(std::span<const uint8_t> bytes) {
-  const ByteReader in(bytes);
   ImageInfo info;
-  if (in.Le32(0) == kEmfHeaderRecord && in.Le32(40) == kEmfSignature) {
-    const auto left = in.Le32(8), top = in.Le32(12), right = in.Le32(16), bottom = in.Le32(20);
+  info.hasAlpha = true;  // what the records leave undrawn stays transparent
+  if (const auto emf = ReadEmfFrame(bytes)) {
     info.format = Format::kEmf;
-    const int64_t w = int64_t{static_cast<int32_t>(*right)} - static_cast<int32_t>(*left) + 1;
-    const int64_t h = int64_t{static_cast<int32_t>(*bottom)} - static_cast<int32_t>(*top) + 1;
-    info.width = w > 0 && w < (1 << 30) ? static_cast<int>(w) : 0;
-    info.height = h > 0 && h < (1 << 30) ? static_cast<int>(h) : 0;
-    return info;
-  }
-  if (in.Le32(0) == kPlaceableKey) {
-    const auto left = in.Le16(6), top = in.Le16(8), right = in.Le16(10), bottom = in.Le16(12);
-    const auto inch = in.Le16(14);
-    if (!inch) return Error::kTruncated;
-    info.format = Format::kWmf;
-    if (*inch > 0) {
-      const int w = static_cast<int16_t>(*right) - static_cast<int16_t>(*left);
-      const int h = static_cast<int16_t>(*bottom) - static_cast<int16_t>(*top);
-      info.width = w > 0 ? w * 96 / *inch : 0;
-      info.height = h > 0 ? h * 96 / *inch : 0;
+    // The frame at the reference device's resolution; 96 dots per inch when it gives none.
+    const IntBox& frame = emf->frame;
+    double perHimetricX = 96 / kHimetricPerInch, perHimetricY = 96 / kHimetricPerInch;
+    if (emf->deviceWidthMm > 0 && emf->deviceHeightMm > 0 && emf->deviceWidth > 0 &&
+        emf->deviceHeight > 0) {
+      perHimetricX = emf->deviceWidth / (emf->deviceWidthMm * 100.0);
+      perHimetricY = emf->deviceHeight / (emf->deviceHeightMm * 100.0);
+    }
+    info.width = Pixels(std::round(static_cast<double>(frame.Width()) * perHimetricX));
+    info.height = Pixels(std::round(static_cast<double>(frame.Height()) * perHimetricY));
+    if (info.width == 0 || info.height == 0) {
+      info.width = Pixels(static_cast<double>(emf->bounds.Width()) + 1);
+      info.height = Pixels(static_cast<double>(emf->bounds.Height()) + 1);
     }
     return info;
   }
-  const auto type = in.Le16(0), headerWords = in.Le16(2), version = in.Le16(4);
-  if ((type == 1 || type == 2) && headerWords == 9 && (version == 0x100 || version == 0x300)) {
-    info.format = Format::kWmf;
-    return info;
-  }
-  return Error::kUnknownFormat;
+  const auto wmf = ReadWmfFrame(bytes);
+  if (!wmf) return IsPlaceableWmf(bytes) ? Error::kTruncated : Error::kUnknownFormat;
+  info.format = Format::kWmf;
+  const double perUnit = wmf->unitsPerInch > 0 ? 96.0 / wmf->unitsPerInch : 1;
+  info.width = Pixels(std::floor(std::abs(static_cast<double>(wmf->box.Width())) * perUnit));
+  info.height = Pixels(std::floor(std::abs(static_cast<double>(wmf->box.Height())) * perUnit));
+  return info;
 }
 
 }  // namespace vellumry::codecs

@@ -100,6 +100,13 @@ Picture Picture::FromLazyPixels(std::shared_ptr<LazyPixels> pixels, double twips
   return Picture(std::move(object));
 }
 
+Picture Picture::FromMetafile(std::shared_ptr<LazyPixels> drawing, PictureType type,
+                              double twipsPerPixel) {
+  Picture picture = FromLazyPixels(std::move(drawing), twipsPerPixel);
+  if (picture) picture.object_->type = type;
+  return picture;
+}
+
 Picture Picture::FromIcon(IconImage icon, double twipsPerPixel) {
   if (icon.colour.Empty()) return {};
   auto object = NewObject(PictureType::kIcon, icon.colour.Dimensions(), twipsPerPixel);
@@ -196,7 +203,7 @@ void Picture::Draw(Surface& target, const RenderArgs& a, bool smooth) const {
     DrawIcon(target, dest, *object_->icon);
     return;
   }
-  if (object_->type != PictureType::kBitmap || object_->himetricWidth == 0 ||
+  if (object_->type == PictureType::kNone || object_->himetricWidth == 0 ||
       object_->himetricHeight == 0) {
     return;
   }
@@ -245,6 +252,7 @@ bool Picture::SaveAsFile(std::vector<uint8_t>& out) const {
     out = EncodeIco(*object_->icon);
     return true;
   }
+  if (object_->type != PictureType::kBitmap) return false;
   const auto pixels = Pixels();
   if (!pixels) return false;
   out = EncodeBmp(*pixels);

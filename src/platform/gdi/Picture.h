@@ -61,6 +61,10 @@ class Picture {
   // A bitmap picture whose pixels are decoded when first drawn, at the size they are drawn.
   static Picture FromLazyPixels(std::shared_ptr<LazyPixels> pixels, double twipsPerPixel = 15);
   static Picture FromIcon(IconImage icon, double twipsPerPixel = 15);
+  // A metafile (kMetafile or kEnhancedMetafile) whose drawing is played when first drawn, at the
+  // size it is drawn, by `drawing`.
+  static Picture FromMetafile(std::shared_ptr<LazyPixels> drawing, PictureType type,
+                              double twipsPerPixel = 15);
 
   bool IsNothing() const { return object_ == nullptr; }
   explicit operator bool() const { return object_ != nullptr; }
@@ -78,8 +82,8 @@ class Picture {
 
   // Natural size in pixels.
   Size PixelSize() const;
-  // Bitmap pixels covering at least `wanted` (0 x 0: full size); null for non-bitmaps or when the
-  // file can't be decoded.
+  // Bitmap pixels covering at least `wanted` (0 x 0: full size), a metafile's drawing at that
+  // size; null for icons or when the file can't be decoded.
   std::shared_ptr<const Surface> Pixels(Size wanted = {}) const;
   // The icon image of an icon picture, else null.
   const IconImage* Icon() const;
@@ -95,7 +99,7 @@ class Picture {
 
   // Draws the picture (see RenderArgs). Through the manager when it has one that accepts; else
   // bitmaps are stretched with halftone quality (blended when they carry alpha) and icons drawn
-  // with their mask or alpha. Metafiles draw nothing for now.
+  // with their mask or alpha, and metafiles played at the size drawn, over what lies beneath.
   void Render(Surface& target, int x, int y, int cx, int cy, int32_t xSrc, int32_t ySrc,
               int32_t cxSrc, int32_t cySrc) const;
   // Draws into an 8-bit target: each drawn colour becomes the first table index of exactly that

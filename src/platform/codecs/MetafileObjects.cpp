@@ -1,0 +1,30 @@
+#include "platform/codecs/MetafileObjects.h"
+
+namespace vellumry::codecs {
+
+int ObjectTable::AddToFreeSlot(GdiObject object) {
+  for (size_t i = 0; i < slots_.size(); ++i) {
+    if (slots_[i].kind == GdiObject::Kind::kEmpty) {
+      slots_[i] = std::move(object);
+      return static_cast<int>(i);
+    }
+  }
+  return -1;
+}
+
+bool ObjectTable::Put(uint32_t index, GdiObject object) {
+  if (index >= slots_.size()) return false;
+  slots_[index] = std::move(object);
+  return true;
+}
+
+const GdiObject* ObjectTable::Get(uint32_t index) const {
+  if (index >= slots_.size() || slots_[index].kind == GdiObject::Kind::kEmpty) return nullptr;
+  return &slots_[index];
+}
+
+void ObjectTable::Delete(uint32_t index) {
+  if (index < slots_.size()) slots_[index] = GdiObject{};
+}
+
+}  // namespace vellumry::codecs

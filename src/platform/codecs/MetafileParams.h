@@ -1,0 +1,34 @@
+#pragma once
+
+#include <bit>
+#include <cstdint>
+#include <span>
+
+#include "platform/codecs/ByteReader.h"
+
+namespace vellumry::codecs {
+
+// The parameters of one metafile record. Reads past the record's end give 0, so a short record
+// draws with zeros instead of reading its neighbour's bytes.
+class Params {
+ public:
+  explicit Params(std::span<const uint8_t> bytes) : in_(bytes) {}
+
+  size_t size() const { return in_.size(); }
+  bool Has(uint64_t at, uint64_t length) const { return in_.Has(at, length); }
+  int16_t S16(uint64_t at) const { return static_cast<int16_t>(in_.Le16(at).value_or(0)); }
+  uint16_t U16(uint64_t at) const { return in_.Le16(at).value_or(0); }
+  int32_t S32(uint64_t at) const { return static_cast<int32_t>(in_.Le32(at).value_or(0)); }
+  uint32_t U32(uint64_t at) const { return in_.Le32(at).value_or(0); }
+  uint8_t U8(uint64_t at) const { return in_.U8(at).value_or(0); }
+  float F32(uint64_t at) const { return std::bit_cast<float>(U32(at)); }
+  std::span<const uint8_t> Slice(uint64_t at, uint64_t length) const {
+    return in_.Slice(at, length);
+  }
+  const ByteReader& reader() const { return in_; }
+
+ private:
+  ByteReader in_;
+};
+
+}  // namespace vellumry::codecs
