@@ -72,13 +72,15 @@ void frmSet::placeControls() {
       {2, 0, 0, 120, 3495, 195, "** (Changes will appear when reloading images!)"},
       {3, 1, 4320, 360, 2340, 195, "**Grid preview background color:"},
       {4, 1, 3720, 0, 2970, 195, "**Color of the frame of the selected image:"}};
-  for (const Caption& c : labels) {
-    tk::Label& label = c.index == 0 ? Label1(0) : Label1.Load(c.index);
-    label.setVisible(true);
-    label.setContainer(&FrameList1(c.page));
-    label.Move(c.left, c.top, c.width, c.height);
-    label.setCaption(c.text);
-  }
+  // Element 0 stands in the form already; the others are loaded onto their page.
+  const auto place = [this](auto& array, const Caption& c) {
+    auto& control = c.index == 0 ? array(0) : array.Load(c.index);
+    control.setVisible(true);
+    control.setContainer(&FrameList1(c.page));
+    control.Move(c.left, c.top, c.width, c.height);
+    control.setCaption(c.text);
+  };
+  for (const Caption& c : labels) place(Label1, c);
   // The seconds list stands in the gap of its caption; the caption's text is drawn large enough
   // for its blanks to leave that gap.
   Label1(1).setFontSize(11);
@@ -92,13 +94,7 @@ void frmSet::placeControls() {
       {4, 1, 0, 840, 6255, 495, "**Frame of images to screen proportion"},
       {6, 2, 0, 1200, 3855, 375, "Beep at the end of the file list"},
       {7, 2, 0, 1680, 4935, 375, "Stop scrolling at the end of the file list"}};
-  for (const Caption& c : checks) {
-    tk::CheckBox& box = c.index == 0 ? Check(0) : Check.Load(c.index);
-    box.setVisible(true);
-    box.setContainer(&FrameList1(c.page));
-    box.Move(c.left, c.top, c.width, c.height);
-    box.setCaption(c.text);
-  }
+  for (const Caption& c : checks) place(Check, c);
 
   cbo(0).setContainer(&FrameList1(1));
   cbo(0).Move(1920, 240, 735, 405);
