@@ -1,9 +1,9 @@
 #pragma once
 
-// The bodies of the fuzz targets, one per decoder entry point and one for the link list file.
-// libFuzzer reaches each through FuzzEntry.cpp; the tests run them over the kept findings and the
-// corpus. They take any bytes, borrowed for the call, and return 0 (libFuzzer's "keep this input");
-// a fault shows as a crash or a sanitizer report.
+// The bodies of the fuzz targets, one per decoder entry point and one each for the link list and
+// the settings file. libFuzzer reaches each through FuzzEntry.cpp; the tests run them over the kept
+// findings and the corpus. They take any bytes, borrowed for the call, and return 0 (libFuzzer's
+// "keep this input"); a fault shows as a crash or a sanitizer report.
 
 #include <cstddef>
 #include <cstdint>
@@ -22,6 +22,7 @@ int FuzzIconData(const uint8_t* data, size_t size);
 int FuzzWmf(const uint8_t* data, size_t size);
 int FuzzEmf(const uint8_t* data, size_t size);
 int FuzzLinkList(const uint8_t* data, size_t size);
+int FuzzSettings(const uint8_t* data, size_t size);
 int FuzzGifFile(const uint8_t* data, size_t size);
 int FuzzGifStrip(const uint8_t* data, size_t size);
 

@@ -9,7 +9,7 @@ cd "$(dirname "$0")/.."
 seconds=${1:-600}
 shift || true
 targets=("$@")
-[ ${#targets[@]} -gt 0 ] || targets=(probe jpeg png tiff gif bmp ico dib icondata linklist giffile gifstrip wmf emf)
+[ ${#targets[@]} -gt 0 ] || targets=(probe jpeg png tiff gif bmp ico dib icondata linklist settings giffile gifstrip wmf emf)
 
 # The corpus files each target starts from, by extension; probe takes every format.
 extensions() {
@@ -24,7 +24,8 @@ extensions() {
     wmf) echo wmf ;;
     emf) echo emf ;;
     linklist) echo txt ;;
-    *) echo "unknown target: $1 (probe jpeg png tiff gif bmp ico dib icondata linklist giffile gifstrip wmf emf)" >&2 && exit 2 ;;
+    settings) echo ini txt ;;
+    *) echo "unknown target: $1 (probe jpeg png tiff gif bmp ico dib icondata linklist settings giffile gifstrip wmf emf)" >&2 && exit 2 ;;
   esac
 }
 for target in "${targets[@]}"; do extensions "$target" >/dev/null; done

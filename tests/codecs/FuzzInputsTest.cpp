@@ -55,24 +55,24 @@ TEST_P(FuzzInputs, KeptFindingsAndCorpusFilesRunCleanly) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Targets, FuzzInputs,
-                         ::testing::Values(Target{"probe",
-                                                  fuzz::FuzzProbe,
-                                                  {"jpg", "jpeg", "png", "tif", "tiff", "gif",
-                                                   "bmp", "dib", "ico", "cur", "emf", "wmf"}},
-                                           Target{"jpeg", fuzz::FuzzJpeg, {"jpg", "jpeg"}},
-                                           Target{"png", fuzz::FuzzPng, {"png"}},
-                                           Target{"tiff", fuzz::FuzzTiff, {"tif", "tiff"}},
-                                           Target{"gif", fuzz::FuzzGif, {"gif"}},
-                                           Target{"bmp", fuzz::FuzzBmp, {"bmp", "dib"}},
-                                           Target{"ico", fuzz::FuzzIco, {"ico", "cur"}},
-                                           Target{"dib", fuzz::FuzzDib, {"bmp", "dib"}},
-                                           Target{"icondata", fuzz::FuzzIconData, {"ico", "cur"}},
-                                           Target{"giffile", fuzz::FuzzGifFile, {"gif"}},
-                                           Target{"gifstrip", fuzz::FuzzGifStrip, {"gif"}},
-                                           Target{"wmf", fuzz::FuzzWmf, {"wmf"}},
-                                           Target{"emf", fuzz::FuzzEmf, {"emf"}}),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(
+    Targets, FuzzInputs,
+    ::testing::Values(
+        Target{
+            "probe",
+            fuzz::FuzzProbe,
+            {"jpg", "jpeg", "png", "tif", "tiff", "gif", "bmp", "dib", "ico", "cur", "emf", "wmf"}},
+        Target{"jpeg", fuzz::FuzzJpeg, {"jpg", "jpeg"}}, Target{"png", fuzz::FuzzPng, {"png"}},
+        Target{"tiff", fuzz::FuzzTiff, {"tif", "tiff"}}, Target{"gif", fuzz::FuzzGif, {"gif"}},
+        Target{"bmp", fuzz::FuzzBmp, {"bmp", "dib"}}, Target{"ico", fuzz::FuzzIco, {"ico", "cur"}},
+        Target{"dib", fuzz::FuzzDib, {"bmp", "dib"}},
+        Target{"icondata", fuzz::FuzzIconData, {"ico", "cur"}},
+        Target{"linklist", fuzz::FuzzLinkList, {}},  // its seed only
+        Target{"settings", fuzz::FuzzSettings, {}},  // its seed only
+        Target{"giffile", fuzz::FuzzGifFile, {"gif"}},
+        Target{"gifstrip", fuzz::FuzzGifStrip, {"gif"}}, Target{"wmf", fuzz::FuzzWmf, {"wmf"}},
+        Target{"emf", fuzz::FuzzEmf, {"emf"}}),
+    [](const auto& info) { return std::string(info.param.name); });
 
 // What each kept finding gives once fixed; nullopt: it reads.
 struct Finding {
