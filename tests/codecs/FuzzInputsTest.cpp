@@ -107,6 +107,7 @@ INSTANTIATE_TEST_SUITE_P(Kept, FuzzFindings, ::testing::ValuesIn(kFindings), [](
 
 TEST(FuzzFindings, EachKeptFileHasItsAnswer) {
   for (const auto& path : FilesBelow(kKept)) {
+    if (path.stem() == "Seed") continue;  // found nothing, so has no answer to keep
     const std::string file = path.lexically_relative(kKept).generic_string();
     EXPECT_TRUE(std::any_of(std::begin(kFindings), std::end(kFindings),
                             [&](const Finding& f) { return file == f.file; }))
