@@ -34,10 +34,7 @@ void place(gdi::Surface& target, gdi::Rect rect, const gdi::Surface& pixels, boo
            gdi::RasterOp op) {
   const gdi::Rect whole{0, 0, pixels.Width(), pixels.Height()};
   if (!stretch) return gdi::Blit(target, rect.x, rect.y, pixels, whole, op);
-  if (op == gdi::RasterOp::kCopy) return gdi::StretchHalftone(target, rect, pixels, whole);
-  gdi::Surface scaled(rect.width, rect.height, gdi::AlphaMode::kOpaque);
-  gdi::StretchHalftone(scaled, {0, 0, rect.width, rect.height}, pixels, whole);
-  gdi::Blit(target, rect.x, rect.y, scaled, {0, 0, rect.width, rect.height}, op);
+  gdi::StretchHalftone(target, rect, pixels, whole, op);
 }
 }  // namespace
 

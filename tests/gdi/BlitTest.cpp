@@ -62,6 +62,21 @@ TEST(Blit, HalftoneStretchAveragesAndMirrors) {
   EXPECT_EQ(mirrored.Pixel(1, 0), 0xFF000000u);
 }
 
+// The mask passes of a transparent frame: AND keeps what lies under white, OR paints the rest;
+// a target reaching past the surface's edge is clipped.
+TEST(Blit, HalftoneStretchCombinesByItsOperation) {
+  Surface mask(4, 1, AlphaMode::kOpaque), colour(4, 1, AlphaMode::kOpaque);
+  for (int x = 0; x < 4; ++x) {
+    mask.SetPixel(x, 0, x < 2 ? 0xFF000000u : 0xFFFFFFFFu);
+    colour.SetPixel(x, 0, x < 2 ? 0xFF00FF00u : 0xFF000000u);
+  }
+  Surface dst = Filled(5, 1, 0xFF0000FFu);
+  StretchHalftone(dst, {-2, 0, 8, 1}, mask, {0, 0, 4, 1}, RasterOp::kAnd);
+  StretchHalftone(dst, {-2, 0, 8, 1}, colour, {0, 0, 4, 1}, RasterOp::kOr);
+  EXPECT_EQ(dst.Pixel(0, 0), 0xFF00FF00u);  // the frame's own pixel
+  EXPECT_EQ(dst.Pixel(4, 0), 0xFF0000FFu);  // what lay beneath shows through
+}
+
 TEST(Blit, AlphaBlendOfPremultipliedSourceWithConstantAlpha) {
   Surface dst = Filled(2, 2, Argb(255, 0, 0, 200));
   const Surface halfRed = Filled(1, 1, Argb(128, 128, 0, 0), AlphaMode::kPremultiplied);

@@ -76,7 +76,8 @@ QImage Prepared(const Surface& src, Rect source, Rect target, Qt::Transformation
   Rect s = source;
   if (s.width < 0) s = {s.x + s.width, s.y, -s.width, s.height};
   if (s.height < 0) s = {s.x, s.y + s.height, s.width, -s.height};
-  QImage part = src.View().copy(s.x, s.y, s.width, s.height);
+  const bool whole = s.x == 0 && s.y == 0 && s.width == src.Width() && s.height == src.Height();
+  QImage part = whole ? src.View() : src.View().copy(s.x, s.y, s.width, s.height);
   if (mirrorX || mirrorY) part = part.mirrored(mirrorX, mirrorY);
   return part.scaled(std::abs(target.width), std::abs(target.height), Qt::IgnoreAspectRatio, mode);
 }
@@ -116,8 +117,23 @@ void Fill(Surface& dst, Rect area, uint32_t argb) { FillAny(dst, area, argb); }
 
 void Fill(IndexedSurface& dst, Rect area, uint8_t index) { FillAny(dst, area, index); }
 
-void StretchHalftone(Surface& dst, Rect target, const Surface& src, Rect source) {
-  Stretch(dst, target, src, source, Qt::SmoothTransformation);
+void StretchHalftone(Surface& dst, Rect target, const Surface& src, Rect source, RasterOp op) {
+  if (op == RasterOp::kCopy) return Stretch(dst, target, src, source, Qt::SmoothTransformation);
+  if (dst.Empty() || src.Empty() || target.width == 0 || target.height == 0 || source.width == 0 ||
+      source.height == 0) {
+    return;
+  }
+  // Combined straight from the scaled image, in `dst`'s format, without a surface in between.
+  const QImage scaled =
+      Prepared(src, source, target, Qt::SmoothTransformation).convertToFormat(dst.View().format());
+  const Rect t = Normalised(target);
+  int dx = t.x, dy = t.y;
+  const Rect s =
+      ClipCopy({0, 0, t.width, t.height}, t.width, t.height, dx, dy, dst.Width(), dst.Height());
+  for (int y = 0; y < s.height; ++y) {
+    const auto* in = reinterpret_cast<const uint32_t*>(scaled.constScanLine(s.y + y)) + s.x;
+    Combine(dst.Row(dy + y) + dx, in, s.width, op);
+  }
 }
 
 void StretchNearest(Surface& dst, Rect target, const Surface& src, Rect source) {

@@ -22,10 +22,11 @@ void Blit(IndexedSurface& dst, int dx, int dy, const IndexedSurface& src, Rect s
 void Fill(Surface& dst, Rect area, uint32_t argb);
 void Fill(IndexedSurface& dst, Rect area, uint8_t index);
 
-// Scales `source` of `src` into `target` of `dst`, replacing what was there, with an area-
-// averaging (halftone quality) filter. A negative target or source width/height mirrors that
-// axis. Colours are carried over in `dst`'s alpha mode.
-void StretchHalftone(Surface& dst, Rect target, const Surface& src, Rect source);
+// Scales `source` of `src` into `target` of `dst` with an area-averaging (halftone quality)
+// filter, combining by `op` with what was there. A negative target or source width/height mirrors
+// that axis. Colours are carried over in `dst`'s alpha mode.
+void StretchHalftone(Surface& dst, Rect target, const Surface& src, Rect source,
+                     RasterOp op = RasterOp::kCopy);
 
 // The same with nearest-neighbour sampling: each target pixel is one source pixel, unchanged.
 void StretchNearest(Surface& dst, Rect target, const Surface& src, Rect source);
