@@ -134,7 +134,7 @@ namespace {
 // The decode proper. Kept apart from the objects it fills, which live in the caller, so that a
 // jump back out of libjpeg leaves no local of this frame half-modified and in use.
 bool RunDecode(Decompressor& d, std::span<const uint8_t> bytes, int eighths, Decoded& out,
-               std::vector<JSAMPLE>& row) {
+               std::vector<JSAMPLE>& row, int& orientation) {
   jpeg_decompress_struct& cinfo = d.info();
   if (setjmp(d.errors().jump)) return false;
   d.Create(bytes);
@@ -143,6 +143,8 @@ bool RunDecode(Decompressor& d, std::span<const uint8_t> bytes, int eighths, Dec
     return false;
   }
   out.info = InfoOf(cinfo);
+  // Read now: finishing the decode frees the saved markers.
+  orientation = OrientationOf(cinfo);
   if (!FitsPixelBudget(cinfo.image_width, cinfo.image_height)) {
     d.errors().error = Error::kTooLarge;
     return false;
@@ -183,9 +185,10 @@ Expected<Decoded> DecodeJpeg(std::span<const uint8_t> bytes, int eighths,
   Decompressor d(!leniency.jpegDataWarnings);
   Decoded out;
   std::vector<JSAMPLE> row;
-  if (!RunDecode(d, bytes, eighths, out, row)) return d.errors().error;
+  int orientation = 1;
+  if (!RunDecode(d, bytes, eighths, out, row, orientation)) return d.errors().error;
   // Turned after scaling, so that a photo on its side costs no full-size copy.
-  TurnUpright(out.surface, OrientationOf(d.info()));
+  TurnUpright(out.surface, orientation);
   return out;
 }
 
