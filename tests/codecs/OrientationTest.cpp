@@ -54,55 +54,24 @@ TEST(Orientation, TurnedFilesMatchTheUprightOne) {
   }
 }
 
-TEST(Orientation, JpegOnItsSideReportsTheUprightSize) {
-  const auto path = Corpus("pillow/Tests/images/orientation_rectangle.jpg");
-  SKIP_WITHOUT(path);
-  // Stored 2 wide and 1 high, turned a quarter.
-  const auto info = Probe(ReadFile(path));
-  ASSERT_TRUE(info);
-  EXPECT_EQ((gdi::Size{info->width, info->height}), (gdi::Size{1, 2}));
-  EXPECT_EQ(Decode(ReadFile(path))->surface.Dimensions(), (gdi::Size{1, 2}));
-}
-
-// An EXIF block of one directory entry: its tag, type and value, in either byte order.
-std::vector<uint8_t> Exif(bool bigEndian, uint16_t tag, uint16_t type, uint16_t value) {
-  std::vector<uint8_t> b;
-  const auto put16 = [&](uint16_t v) {
-    b.push_back(static_cast<uint8_t>(bigEndian ? v >> 8 : v));
-    b.push_back(static_cast<uint8_t>(bigEndian ? v : v >> 8));
-  };
-  const auto put32 = [&](uint32_t v) {
-    put16(static_cast<uint16_t>(bigEndian ? v >> 16 : v));
-    put16(static_cast<uint16_t>(bigEndian ? v : v >> 16));
-  };
-  b.push_back(bigEndian ? 'M' : 'I');
-  b.push_back(bigEndian ? 'M' : 'I');
-  put16(42);
-  put32(8);
-  put16(1);
-  put16(tag);
-  put16(type);
-  put32(1);
-  put16(value);
-  put16(0);
-  return b;
+// A little-endian EXIF block of one entry with a count of 1. The corpus files above carry both
+// byte orders; these are the entries the reader must refuse.
+std::vector<uint8_t> Exif(uint8_t tag, uint8_t type, uint8_t value) {
+  return {'I', 'I', 42, 0, 8, 0, 0, 0, 1, 0, tag, 0x01, type, 0, 1, 0, 0, 0, value, 0, 0, 0};
 }
 
 TEST(Orientation, ExifReaderTakesOnlyAShortFromOneToEight) {
   struct Case {
-    bool bigEndian;
-    uint16_t tag, type, value;
+    uint8_t tag, type, value;
     int expected;
   };
   const Case cases[] = {
-      {false, 0x0112, 3, 6, 6}, {true, 0x0112, 3, 8, 8},  {true, 0x0112, 3, 0, 1},
-      {false, 0x0112, 3, 9, 1}, {false, 0x0112, 4, 6, 1}, {false, 0x0110, 3, 6, 1},
-  };
+      {0x12, 3, 6, 6}, {0x12, 3, 0, 1}, {0x12, 3, 9, 1}, {0x12, 4, 6, 1}, {0x10, 3, 6, 1}};
   for (const Case& c : cases) {
-    EXPECT_EQ(ExifOrientation(Exif(c.bigEndian, c.tag, c.type, c.value)), c.expected)
-        << c.bigEndian << " " << c.tag << " " << c.type << " " << c.value;
+    EXPECT_EQ(ExifOrientation(Exif(c.tag, c.type, c.value)), c.expected)
+        << int{c.tag} << " " << int{c.type} << " " << int{c.value};
   }
-  auto cut = Exif(false, 0x0112, 3, 6);
+  auto cut = Exif(0x12, 3, 6);
   cut.resize(cut.size() - 4);
   EXPECT_EQ(ExifOrientation(cut), 1);
 }
