@@ -25,5 +25,6 @@ int FuzzLinkList(const uint8_t* data, size_t size);
 int FuzzSettings(const uint8_t* data, size_t size);
 int FuzzGifFile(const uint8_t* data, size_t size);
 int FuzzGifStrip(const uint8_t* data, size_t size);
+int FuzzExif(const uint8_t* data, size_t size);
 
 }  // namespace vellumry::fuzz

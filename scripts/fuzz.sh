@@ -9,7 +9,7 @@ cd "$(dirname "$0")/.."
 seconds=${1:-600}
 shift || true
 targets=("$@")
-[ ${#targets[@]} -gt 0 ] || targets=(probe jpeg png tiff gif bmp ico dib icondata linklist settings giffile gifstrip wmf emf)
+[ ${#targets[@]} -gt 0 ] || targets=(probe jpeg png tiff gif bmp ico dib icondata linklist settings giffile gifstrip wmf emf exif)
 
 # The corpus files each target starts from, by extension; probe takes every format.
 extensions() {
@@ -17,7 +17,7 @@ extensions() {
     probe) echo jpg jpeg png tif tiff gif bmp dib ico cur emf wmf ;;
     jpeg) echo jpg jpeg ;;
     png) echo png ;;
-    tiff) echo tif tiff ;;
+    tiff | exif) echo tif tiff ;;
     gif | giffile | gifstrip) echo gif ;;
     bmp | dib) echo bmp dib ;;
     ico | icondata) echo ico cur ;;
@@ -25,7 +25,7 @@ extensions() {
     emf) echo emf ;;
     linklist) echo txt ;;
     settings) echo ini txt ;;
-    *) echo "unknown target: $1 (probe jpeg png tiff gif bmp ico dib icondata linklist settings giffile gifstrip wmf emf)" >&2 && exit 2 ;;
+    *) echo "unknown target: $1 (probe jpeg png tiff gif bmp ico dib icondata linklist settings giffile gifstrip wmf emf exif)" >&2 && exit 2 ;;
   esac
 }
 for target in "${targets[@]}"; do extensions "$target" >/dev/null; done

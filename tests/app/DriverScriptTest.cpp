@@ -106,6 +106,14 @@ TEST_F(DriverScriptTest, EveryKindOfPictureOfTheEngine) {
   expectScript("engine", 0);
 }
 
+TEST_F(DriverScriptTest, PhotosOnTheirSideStandUpright) {
+  const std::filesystem::path images = "../shared/corpus/pillow/Tests/images";
+  if (!std::filesystem::exists(images / "g4_orientation_6.tif")) GTEST_SKIP() << "no corpus";
+  std::filesystem::copy_file(images / "g4_orientation_6.tif", pictures / "a.tif");
+  std::filesystem::copy_file(images / "orientation_rectangle.jpg", pictures / "b.jpg");
+  expectScript("upright", 0);
+}
+
 // The link list's whole life in the driver, with the file checked byte for byte after each step.
 TEST_F(DriverScriptTest, LinksScenarioKeepsTheFileInStep) {
   for (const char* folder : {"pictures", "Alps 2019", "beach", "City"}) makeFiles(2, root / folder);

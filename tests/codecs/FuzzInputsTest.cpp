@@ -71,7 +71,7 @@ INSTANTIATE_TEST_SUITE_P(
         Target{"settings", fuzz::FuzzSettings, {}},  // its seed only
         Target{"giffile", fuzz::FuzzGifFile, {"gif"}},
         Target{"gifstrip", fuzz::FuzzGifStrip, {"gif"}}, Target{"wmf", fuzz::FuzzWmf, {"wmf"}},
-        Target{"emf", fuzz::FuzzEmf, {"emf"}}),
+        Target{"emf", fuzz::FuzzEmf, {"emf"}}, Target{"exif", fuzz::FuzzExif, {"tif", "tiff"}}),
     [](const auto& info) { return std::string(info.param.name); });
 
 // What each kept finding gives once fixed; nullopt: it reads.

@@ -29,6 +29,10 @@ class ByteReader {
     return uint32_t{bytes_[at]} | uint32_t{bytes_[at + 1]} << 8 | uint32_t{bytes_[at + 2]} << 16 |
            uint32_t{bytes_[at + 3]} << 24;
   }
+  std::optional<uint16_t> Be16(uint64_t at) const {
+    if (!Has(at, 2)) return std::nullopt;
+    return static_cast<uint16_t>(bytes_[at] << 8 | bytes_[at + 1]);
+  }
   std::optional<uint32_t> Be32(uint64_t at) const {
     if (!Has(at, 4)) return std::nullopt;
     return uint32_t{bytes_[at]} << 24 | uint32_t{bytes_[at + 1]} << 16 |

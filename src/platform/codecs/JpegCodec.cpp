@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <csetjmp>
 #include <cstdio>
+#include <cstring>
 
 #include "platform/codecs/Limits.h"
+#include "platform/codecs/Orientation.h"
 
 // jpeglib.h needs size_t and FILE declared first.
 #include <jerror.h>
@@ -33,6 +35,8 @@ void OnMessage(j_common_ptr cinfo, int level) {
   if (mgr->refuseWarnings) std::longjmp(mgr->jump, 1);
 }
 
+constexpr int kExifMarker = JPEG_APP0 + 1;
+
 // A decompressor whose errors jump back to the caller instead of ending the process. The memory
 // manager is capped so that a header can't make libjpeg allocate more than the pixel budget.
 class Decompressor {
@@ -53,6 +57,7 @@ class Decompressor {
     created_ = true;
     cinfo_.mem->max_memory_to_use = static_cast<long>(kMaxPixelBytes);
     jpeg_mem_src(&cinfo_, bytes.data(), static_cast<unsigned long>(bytes.size()));
+    jpeg_save_markers(&cinfo_, kExifMarker, 0xFFFF);
   }
 
  private:
@@ -65,11 +70,27 @@ bool IsJpeg(std::span<const uint8_t> bytes) {
   return bytes.size() >= 3 && bytes[0] == 0xFF && bytes[1] == 0xD8 && bytes[2] == 0xFF;
 }
 
+// The orientation of the first APP1 segment that holds EXIF, else 1.
+int OrientationOf(const jpeg_decompress_struct& cinfo) {
+  static constexpr char kExifHeader[] = "Exif\0";  // six bytes with the closing zero
+  for (jpeg_saved_marker_ptr m = cinfo.marker_list; m; m = m->next) {
+    if (m->marker != kExifMarker || m->data_length < sizeof kExifHeader ||
+        std::memcmp(m->data, kExifHeader, sizeof kExifHeader) != 0) {
+      continue;
+    }
+    return ExifOrientation(
+        std::span<const uint8_t>(m->data, m->data_length).subspan(sizeof kExifHeader));
+  }
+  return 1;
+}
+
+// The size is that of the upright picture.
 ImageInfo InfoOf(const jpeg_decompress_struct& cinfo) {
   ImageInfo info;
   info.format = Format::kJpeg;
-  info.width = static_cast<int>(cinfo.image_width);
-  info.height = static_cast<int>(cinfo.image_height);
+  const bool swap = SwapsSides(OrientationOf(cinfo));
+  info.width = static_cast<int>(swap ? cinfo.image_height : cinfo.image_width);
+  info.height = static_cast<int>(swap ? cinfo.image_width : cinfo.image_height);
   info.bitsPerPixel = cinfo.num_components * 8;
   return info;
 }
@@ -113,7 +134,7 @@ namespace {
 // The decode proper. Kept apart from the objects it fills, which live in the caller, so that a
 // jump back out of libjpeg leaves no local of this frame half-modified and in use.
 bool RunDecode(Decompressor& d, std::span<const uint8_t> bytes, int eighths, Decoded& out,
-               std::vector<JSAMPLE>& row) {
+               std::vector<JSAMPLE>& row, int& orientation) {
   jpeg_decompress_struct& cinfo = d.info();
   if (setjmp(d.errors().jump)) return false;
   d.Create(bytes);
@@ -122,6 +143,8 @@ bool RunDecode(Decompressor& d, std::span<const uint8_t> bytes, int eighths, Dec
     return false;
   }
   out.info = InfoOf(cinfo);
+  // Read now: finishing the decode frees the saved markers.
+  orientation = OrientationOf(cinfo);
   if (!FitsPixelBudget(cinfo.image_width, cinfo.image_height)) {
     d.errors().error = Error::kTooLarge;
     return false;
@@ -162,7 +185,10 @@ Expected<Decoded> DecodeJpeg(std::span<const uint8_t> bytes, int eighths,
   Decompressor d(!leniency.jpegDataWarnings);
   Decoded out;
   std::vector<JSAMPLE> row;
-  if (!RunDecode(d, bytes, eighths, out, row)) return d.errors().error;
+  int orientation = 1;
+  if (!RunDecode(d, bytes, eighths, out, row, orientation)) return d.errors().error;
+  // Turned after scaling, so that a photo on its side costs no full-size copy.
+  TurnUpright(out.surface, orientation);
   return out;
 }
 

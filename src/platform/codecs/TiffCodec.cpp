@@ -4,8 +4,10 @@
 
 #include <cstring>
 #include <memory>
+#include <utility>
 
 #include "platform/codecs/Limits.h"
+#include "platform/codecs/Orientation.h"
 
 namespace vellumry::codecs {
 
@@ -104,6 +106,18 @@ Expected<ImageInfo> InfoOf(TIFF* tif) {
   return info;
 }
 
+uint16_t OrientationOf(TIFF* tif) {
+  uint16_t orientation = ORIENTATION_TOPLEFT;
+  TIFFGetFieldDefaulted(tif, TIFFTAG_ORIENTATION, &orientation);
+  return orientation >= ORIENTATION_TOPLEFT && orientation <= ORIENTATION_LEFTBOT
+             ? orientation
+             : ORIENTATION_TOPLEFT;
+}
+
+void MakeUpright(ImageInfo& info, int orientation) {
+  if (SwapsSides(orientation)) std::swap(info.width, info.height);
+}
+
 }  // namespace
 
 Expected<ImageInfo> ProbeTiff(std::span<const uint8_t> bytes) {
@@ -115,6 +129,7 @@ Expected<ImageInfo> ProbeTiff(std::span<const uint8_t> bytes) {
   if (!info) return info;
   if (info->width == 0 || info->height == 0) return Error::kCorrupt;
   info->frameCount = static_cast<int>(std::min<tdir_t>(TIFFNumberOfDirectories(tif.get()), 0xFFFF));
+  MakeUpright(*info, OrientationOf(tif.get()));
   return info;
 }
 
@@ -140,15 +155,20 @@ Expected<Decoded> DecodeTiff(std::span<const uint8_t> bytes, int page, const Len
       gdi::Surface(out.info.width, out.info.height,
                    out.info.hasAlpha ? gdi::AlphaMode::kPremultiplied : gdi::AlphaMode::kOpaque);
   const int stopOnError = leniency.tiffDamagedStrips ? 0 : 1;
+  // Asking for the file's own orientation gives the rows as stored; TurnUpright does the rest,
+  // which libtiff can't for pictures on their side.
+  const uint16_t orientation = OrientationOf(tif.get());
   if (!TIFFReadRGBAImageOriented(tif.get(), static_cast<uint32_t>(out.info.width),
                                  static_cast<uint32_t>(out.info.height),
-                                 out.surface.Pixels().data(), ORIENTATION_TOPLEFT, stopOnError)) {
+                                 out.surface.Pixels().data(), orientation, stopOnError)) {
     return Error::kCorrupt;
   }
   // libtiff packs R in the low byte; our pixels keep B there.
   for (uint32_t& p : out.surface.Pixels()) {
     p = (p & 0xFF00FF00u) | ((p & 0xFFu) << 16) | ((p >> 16) & 0xFFu);
   }
+  TurnUpright(out.surface, orientation);
+  MakeUpright(out.info, orientation);
   return out;
 }
 
