@@ -1,15 +1,17 @@
-// tomeview: the help program. Opens the help page that lies beside it with the desktop's
-// browser and ends; the program that started it doesn't wait for it.
+// tomeview: the help program. Opens the program's help page with the desktop's browser and
+// ends; the program that started it doesn't wait for it.
 #include <unistd.h>
 
 #include <cstdio>
 #include <filesystem>
 
+#include "platform/os/Folders.h"
+
 int main() {
-  std::error_code error;
-  const std::filesystem::path self = std::filesystem::read_symlink("/proc/self/exe", error);
-  const std::filesystem::path page = self.parent_path() / "help" / "index.html";
-  if (error || !std::filesystem::is_regular_file(page)) {
+  const std::string folder = vellumry::os::ExecutableFolder();
+  const std::filesystem::path page =
+      std::filesystem::path(vellumry::os::DataFolderFor(folder)) / "help" / "index.html";
+  if (folder.empty() || !std::filesystem::is_regular_file(page)) {
     std::fprintf(stderr, "tomeview: no help page at %s\n", page.c_str());
     return 1;
   }

@@ -24,6 +24,7 @@ Program::Program(tk::Host& host, tk::EventLoop::Clock clock, tk::Screen screen, 
   pictures.setPoster([this](PictureServices::Call call) { runtime.loop().post(std::move(call)); });
   fields.add("sIniPath", shell.sIniPath);
   fields.add("sInstallDir", shell.sInstallDir);
+  fields.add("sDataDir", shell.sDataDir);
   fields.add("sDest", shell.sDest);
   fields.add("vScreenPxW", shell.vScreenPxW);
   fields.add("vScreenPxH", shell.vScreenPxH);

@@ -10,8 +10,10 @@
 namespace vellumry {
 
 // The shell: where the settings file and the install folder are, the start folder, the screen.
+// `sDataDir` holds the stored pictures (ui/) and the help page (help/).
 struct ShellState {
   std::string sIniPath, sInstallDir, sDest;
+  std::string sDataDir;
   int32_t vScreenPxW = 0, vScreenPxH = 0;
 };
 

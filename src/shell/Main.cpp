@@ -2,6 +2,7 @@
 
 #include "gif/Form3.h"
 #include "links/frmEdit.h"
+#include "platform/os/Folders.h"
 #include "platform/os/SettingsFile.h"
 #include "program/Program.h"
 #include "shell/Form0.h"
@@ -26,6 +27,7 @@ void Main(Program& program) {
   program.shell.sIniPath = program.places.programFolder + "/" + std::string(os::kSettingsFileName);
   os::CreateSettingsFileIfMissing(program.shell.sIniPath);
   program.shell.sInstallDir = program.places.installFolder;
+  program.shell.sDataDir = os::DataFolderFor(program.places.installFolder);
   give(program, program.Form0);
   give(program, program.Form1);
   give(program, program.Form2);

@@ -65,6 +65,14 @@ TEST_F(Folders, SettingsFolderFallsBackToTheUsersConfigFolder) {
   EXPECT_TRUE(os::FolderExists(Path("xdg") + "/vellumry"));
 }
 
+TEST_F(Folders, DataLiesBesideABuiltProgramElseInTheSharedFolderOfItsPrefix) {
+  std::filesystem::create_directories(Path("build/ui"));
+  std::filesystem::create_directories(Path("prefix/bin"));
+  std::filesystem::create_directories(Path("prefix/share/vellumry/ui"));
+  EXPECT_EQ(os::DataFolderFor(Path("build")), Path("build"));
+  EXPECT_EQ(os::DataFolderFor(Path("prefix/bin")), Path("prefix/share/vellumry"));
+}
+
 TEST_F(Folders, PicturesFolderIsTheUsersOrElseHome) {
   const ScopedEnv home("HOME", Path("home"));
   const ScopedEnv config("XDG_CONFIG_HOME", Path("home/.config"));

@@ -31,6 +31,12 @@ std::string ExecutableFolder() {
 
 std::string InstallFolder() { return ExecutableFolder(); }
 
+std::string DataFolderFor(const std::string& executableFolder) {
+  if (FolderExists(executableFolder + "/ui")) return executableFolder;
+  const auto prefix = std::filesystem::path(executableFolder).parent_path();
+  return (prefix / "share" / "vellumry").string();
+}
+
 std::string PicturesFolder() {
   const QString pictures = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
   if (!pictures.isEmpty() && FolderExists(pictures.toStdString())) return pictures.toStdString();

@@ -15,6 +15,10 @@ std::string ExecutableFolder();
 // the executable's folder.
 std::string InstallFolder();
 
+// Where the stored pictures (ui/) and the help page (help/) lie: beside the executable in the
+// build tree, else in share/vellumry of the prefix that the executable's bin/ belongs to.
+std::string DataFolderFor(const std::string& executableFolder);
+
 // The user's pictures folder, or the home folder when there is none.
 std::string PicturesFolder();
 
