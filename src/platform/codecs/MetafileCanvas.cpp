@@ -309,17 +309,17 @@ void MetafileCanvas::DrawText(const Text& text) {
   const QTransform toOutput = LogicalToOutput();
   const double scaleX = std::hypot(toOutput.m11(), toOutput.m12());
   const double scaleY = std::hypot(toOutput.m21(), toOutput.m22());
-  const FontSpec& spec = dc_.font;
-  QFont font(spec.face);
-  font.setItalic(spec.italic);
-  font.setUnderline(spec.underline);
-  font.setStrikeOut(spec.strikeOut);
+  const FontSpec& asked = dc_.font;
+  QFont font(asked.face);
+  font.setItalic(asked.italic);
+  font.setUnderline(asked.underline);
+  font.setStrikeOut(asked.strikeOut);
   font.setWeight(
-      static_cast<QFont::Weight>(std::clamp(spec.weight == 0 ? 400 : spec.weight, 1, 1000)));
-  double pixels = (spec.height == 0 ? 12 : std::abs(spec.height)) * scaleY;
+      static_cast<QFont::Weight>(std::clamp(asked.weight == 0 ? 400 : asked.weight, 1, 1000)));
+  double pixels = (asked.height == 0 ? 12 : std::abs(asked.height)) * scaleY;
   if (pixels > kMaxTextPixels || !std::isfinite(pixels)) return;
   font.setPixelSize(std::max(1, static_cast<int>(std::lround(pixels))));
-  if (spec.height > 0) {
+  if (asked.height > 0) {
     // A positive height is the cell: ascent and descent together.
     const QFontMetricsF cell(font);
     const double em = pixels * pixels / std::max(1.0, cell.ascent() + cell.descent());
@@ -362,7 +362,7 @@ void MetafileCanvas::DrawText(const Text& text) {
   const QPointF origin = toOutput.map(anchor);
   const double flip = toOutput.m22() < 0 ? -1 : 1;
   painter_.setTransform(QTransform::fromTranslate(origin.x(), origin.y()));
-  painter_.rotate(-spec.escapement / 10.0 * flip);
+  painter_.rotate(-asked.escapement / 10.0 * flip);
   if (dc_.opaqueBackground && !(text.options & 2)) {
     painter_.fillRect(QRectF(x, y - metrics.ascent(), width, metrics.height()), dc_.bkColor);
   }
