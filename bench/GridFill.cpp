@@ -1,33 +1,22 @@
-// How fast the grid's pictures fill the cache, against libjpeg-turbo alone, and what a folder of
-// a thousand 12 MP JPEGs costs in memory. Run by hand: grid_fill [folder for the made files].
-// (b) drives the picture roads directly; (d) runs the whole program headless on the real clock.
+// How fast the grid fills with each format's pictures, against the format's decoder alone, and
+// the peak memory of each folder's fill. Run by hand: grid_fill [folder for the made files].
 //
-// The cells are loaded as the grid's ticks load them, one after the other on one thread: the
-// plain loader for JPEG, Module1 at native size for PNG, each followed by decoding ahead at the
-// cell's fitted size. The folder is made once and kept for later runs.
-#include <QImage>
+// A row's decoder alone reads each file and decodes it on every core at the size the decoder
+// gives for a cell. The program's fill runs the whole program headless on the real clock, in a
+// process of its own, so that its peak memory is that folder's alone. The folders are made once
+// and kept for later runs.
 #include <algorithm>
-#include <atomic>
 #include <chrono>
 #include <cmath>
-#include <cstddef>
 #include <cstdio>
-#include <cstdlib>
-#include <cstring>
 #include <filesystem>
-#include <fstream>
 #include <string>
 #include <thread>
-#include <vector>
-// jpeglib.h needs size_t and FILE declared first.
-#include <jpeglib.h>
 
+#include "FillFolders.h"
 #include "HeadlessProgram.h"
-#include "codecs/TestImages.h"
-#include "picture/Module1.h"
-#include "picture/PictureServices.h"
-#include "picture/PlainLoader.h"
-#include "platform/toolkit/Error.h"
+#include "platform/codecs/Codecs.h"
+#include "platform/os/FileSystem.h"
 #include "shell/Form1.h"
 
 using namespace vellumry;
@@ -37,204 +26,87 @@ using Clock = std::chrono::steady_clock;
 
 namespace {
 
-constexpr int kJpegs = 200, kPngs = 100, kCopies = 5;
 constexpr int kCellW = 180, kCellH = 135;  // a cell's inner size in pixels at 6 rows on 1080p
-
-// Some picture content: soft gradients, rings and a little noise, so the coder has work to do.
-QImage Scene(int width, int height, int seed) {
-  QImage image(width, height, QImage::Format_RGB32);
-  uint32_t noise = 2463534242u + static_cast<uint32_t>(seed);
-  for (int y = 0; y < height; ++y) {
-    auto* row = reinterpret_cast<uint32_t*>(image.scanLine(y));
-    for (int x = 0; x < width; ++x) {
-      noise ^= noise << 13, noise ^= noise >> 17, noise ^= noise << 5;
-      const double d = std::hypot(x - width * 0.4, y - height * 0.6) / (20 + seed % 7);
-      const int ring = static_cast<int>(127 + 100 * std::sin(d));
-      const int n = static_cast<int>(noise & 15);
-      row[x] = qRgb((x * 255 / width + n) & 255, (ring + n) & 255, (y * 255 / height + seed) & 255);
-    }
-  }
-  return image;
-}
-
-void WriteJpeg(const QImage& image, const std::string& path) {
-  gdi::Surface pixels(image.width(), image.height(), gdi::AlphaMode::kOpaque);
-  for (int y = 0; y < image.height(); ++y)
-    std::memcpy(pixels.Row(y), image.constScanLine(y), static_cast<size_t>(image.width()) * 4);
-  const std::vector<uint8_t> bytes = codecs::testing::MakeJpeg(pixels, 85);
-  std::ofstream(path, std::ios::binary)
-      .write(reinterpret_cast<const char*>(bytes.data()),
-             static_cast<std::streamsize>(bytes.size()));
-}
-
-// Runs job(i) for i in [0, count) on every core.
-template <typename Job>
-void OnAllCores(int count, Job job) {
-  std::atomic<int> next{0};
-  std::vector<std::jthread> threads;
-  for (unsigned t = 0; t < std::max(1u, std::thread::hardware_concurrency()); ++t) {
-    threads.emplace_back([&] {
-      for (int i = next++; i < count; i = next++) job(i);
-    });
-  }
-}
-
-std::string Name(const fs::path& dir, const char* stem, int i, const char* ext) {
-  char name[32];
-  std::snprintf(name, sizeof name, "%s%04d.%s", stem, i, ext);
-  return (dir / name).string();
-}
-
-// The folders, made once: jpeg/ (200), png/ (100), many/ (the JPEGs linked five times).
-void MakeFolders(const fs::path& root) {
-  if (fs::exists(root / "done")) return;
-  std::printf("making the pictures in %s ...\n", root.c_str());
-  for (const char* dir : {"jpeg", "png", "many"}) fs::create_directories(root / dir);
-  OnAllCores(kJpegs,
-             [&](int i) { WriteJpeg(Scene(4000, 3000, i), Name(root / "jpeg", "p", i, "jpg")); });
-  OnAllCores(kPngs, [&](int i) {
-    Scene(1632, 1224, i).save(QString::fromStdString(Name(root / "png", "p", i, "png")));
-  });
-  for (int copy = 0; copy < kCopies; ++copy) {
-    for (int i = 0; i < kJpegs; ++i) {
-      const std::string link = Name(root / "many", ("c" + std::to_string(copy)).c_str(), i, "jpg");
-      fs::create_hard_link(Name(root / "jpeg", "p", i, "jpg"), link);
-    }
-  }
-  std::ofstream(root / "done") << "ok\n";
-}
-
-std::vector<std::string> Files(const fs::path& dir) {
-  std::vector<std::string> files;
-  for (const auto& entry : fs::directory_iterator(dir)) files.push_back(entry.path().string());
-  std::sort(files.begin(), files.end());
-  return files;
-}
+constexpr double kCadence = 1000.0 / 12;   // cells a second at one cell a 12 ms tick
+constexpr double kPeakLimitMb = 400;
 
 double Seconds(Clock::time_point since) {
   return std::chrono::duration<double>(Clock::now() - since).count();
 }
 
-// (a) libjpeg-turbo alone: read each file and decode it at the eighth that covers the cell.
-double BaselineRate(const std::vector<std::string>& files) {
+// The size a picture takes in a cell: fitted, never enlarged.
+gdi::Size Fitted(int width, int height) {
+  const double scale =
+      std::min({1.0, static_cast<double>(kCellW) / width, static_cast<double>(kCellH) / height});
+  return {static_cast<int>(std::lround(width * scale)),
+          static_cast<int>(std::lround(height * scale))};
+}
+
+// Files a second that the format's decoder alone reads and decodes for a cell on every core.
+double DecoderRate(const std::vector<std::string>& files) {
   const auto start = Clock::now();
-  OnAllCores(static_cast<int>(files.size()), [&](int i) {
-    std::ifstream in(files[static_cast<size_t>(i)], std::ios::binary | std::ios::ate);
-    std::vector<unsigned char> bytes(static_cast<size_t>(in.tellg()));
-    in.seekg(0);
-    in.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-    jpeg_decompress_struct cinfo{};
-    jpeg_error_mgr errors{};
-    cinfo.err = jpeg_std_error(&errors);
-    jpeg_create_decompress(&cinfo);
-    jpeg_mem_src(&cinfo, bytes.data(), bytes.size());
-    jpeg_read_header(&cinfo, TRUE);
-    int eighths = 1;
-    while (eighths < 8 && (static_cast<int>(cinfo.image_width) * eighths + 7) / 8 < kCellW)
-      ++eighths;
-    cinfo.scale_num = static_cast<unsigned>(eighths);
-    cinfo.scale_denom = 8;
-    cinfo.out_color_space = JCS_EXT_BGRA;
-    jpeg_start_decompress(&cinfo);
-    std::vector<unsigned char> row(cinfo.output_width * 4u);
-    JSAMPROW rows[1] = {row.data()};
-    while (cinfo.output_scanline < cinfo.output_height) jpeg_read_scanlines(&cinfo, rows, 1);
-    jpeg_finish_decompress(&cinfo);
-    jpeg_destroy_decompress(&cinfo);
+  bench::OnAllCores(static_cast<int>(files.size()), [&](int i) {
+    const std::string& file = files[static_cast<size_t>(i)];
+    const auto bytes = os::ReadWholeFile(file);
+    if (!bytes) return;
+    const auto info = codecs::Probe(*bytes);
+    if (!info) return;
+    const gdi::Size cell = Fitted(info->width, info->height);
+    if (!codecs::Decode(*bytes, cell.width, cell.height)) std::printf("%s failed\n", file.c_str());
   });
   return static_cast<double>(files.size()) / Seconds(start);
 }
 
-// The fitted size of a picture in a cell: rules of the grid reduced to "fit, never enlarge".
-gdi::Size Fitted(gdi::Size natural) {
-  const double scale = std::min({1.0, static_cast<double>(kCellW) / natural.width,
-                                 static_cast<double>(kCellH) / natural.height});
-  return {static_cast<int>(std::lround(natural.width * scale)),
-          static_cast<int>(std::lround(natural.height * scale))};
-}
-
-// (b) The grid's fill: each cell loaded in order on this thread, then decoded ahead; done when
-// every cell's pixels are in the cache. Keeps the pictures, as the grid does.
-double FillRate(vellumry::PictureServices& services, const std::vector<std::string>& files,
-                bool module1Road, std::vector<gdi::Picture>& cells) {
-  vellumry::Module1 module1(services, [] { return 0x00404040u; });
-  const auto start = Clock::now();
-  for (const std::string& file : files) {
-    gdi::Picture picture;
-    if (module1Road) {
-      int32_t w = -1, h = -1;
-      picture = module1.LoadGdiPicture(file, w, h, 0xFFFFFF, false);
-    } else {
-      picture = vellumry::LoadPicture(services, file);
-    }
-    services.prefetch(picture, Fitted(picture.PixelSize()));
-    cells.push_back(std::move(picture));
-  }
-  services.drain();
-  return static_cast<double>(files.size()) / Seconds(start);
-}
-
-// (d) The whole program on the real clock, counted from the first tick.
-double ProgramFillRate(const fs::path& folder, const fs::path& home) {
-  vellumry::bench::HeadlessProgram run(folder, home);
+// The child's part: the whole program's fill of `folder`, printed as its rate and peak memory.
+int FillRun(const fs::path& folder, const fs::path& home) {
+  bench::HeadlessProgram run(folder, home);
   const double seconds = run.LoadSeconds();
-  return run.program.Form1().nCount / seconds;
+  std::printf("%f %ld\n", run.program.Form1().nCount / seconds, bench::PeakKilobytes());
+  return 0;
 }
 
-// (c) In a process of its own, so that nothing else has raised its peak.
-int MemoryRun(const fs::path& root) {
-  vellumry::PictureServices services(15);
-  std::vector<gdi::Picture> cells;
-  const auto files = Files(root / "many");
-  const double rate = FillRate(services, files, false, cells);
-  std::printf(
-      "(c) %zu JPEGs of 12 MP: filled at %.1f cells/s, cache %.1f MB, peak memory %.1f MB"
-      " (target under 400)\n",
-      files.size(), rate, services.cache()->BytesInUse() / 1048576.0,
-      vellumry::bench::PeakKilobytes() / 1024.0);
-  return 0;
+struct Fill {
+  double rate = 0;
+  double peakMb = 0;
+};
+
+// The program's fill of `folder` in a process of its own.
+Fill ProgramFill(const fs::path& folder, const fs::path& home) {
+  const std::string self = fs::canonical("/proc/self/exe").string();
+  const std::string command =
+      "'" + self + "' --fill '" + folder.string() + "' '" + home.string() + "'";
+  Fill fill;
+  if (FILE* child = popen(command.c_str(), "r")) {
+    long peakKb = 0;
+    if (std::fscanf(child, "%lf %ld", &fill.rate, &peakKb) == 2) fill.peakMb = peakKb / 1024.0;
+    pclose(child);
+  }
+  return fill;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc == 3 && std::string(argv[1]) == "--memory") return MemoryRun(argv[2]);
+  if (argc == 4 && std::string(argv[1]) == "--fill") return FillRun(argv[2], argv[3]);
   const fs::path root =
       argc > 1 ? fs::path(argv[1]) : fs::temp_directory_path() / "vellumry-grid-fill";
-  MakeFolders(root);
-  const auto jpegs = Files(root / "jpeg");
-  const auto pngs = Files(root / "png");
-  std::printf("%u cores; cell %d x %d pixels\n", std::thread::hardware_concurrency(), kCellW,
-              kCellH);
-
-  BaselineRate(jpegs);  // once to warm the page cache
-  const double baseline = BaselineRate(jpegs);
-  std::printf("(a) libjpeg-turbo alone, %d JPEGs of 12 MP at 1/8: %.1f files/s\n", kJpegs,
-              baseline);
-
-  const double target = std::min(0.8 * baseline, 1000.0 / 12);
-  {
-    vellumry::PictureServices services(15);
-    std::vector<gdi::Picture> cells;
-    const double rate = FillRate(services, jpegs, false, cells);
-    std::printf("(b) grid fill, JPEG: %.1f cells/s = %.0f %% of (a); target %.1f cells/s: %s\n",
-                rate, 100 * rate / baseline, target, rate >= target ? "met" : "MISSED");
+  bench::MakeFillFolders(root);
+  std::printf(
+      "%u cores; cell %d x %d pixels; goal: ratio >= 0.8 or %.1f cells/s, whichever is"
+      " slower; peak < %.0f MB\n\n",
+      std::thread::hardware_concurrency(), kCellW, kCellH, kCadence, kPeakLimitMb);
+  std::printf("%-22s %6s %14s %14s %7s %10s  %s\n", "format", "files", "decoder/s", "program/s",
+              "ratio", "peak MB", "goal");
+  for (const bench::FillFolder& row : bench::FillFolders()) {
+    const auto files = bench::PictureFiles(root / row.folder);
+    DecoderRate(files);  // once to warm the page cache
+    const double decoder = DecoderRate(files);
+    const Fill fill = ProgramFill(root / row.folder, root / "home");
+    const double goal = std::min(0.8 * decoder, kCadence);
+    const bool met = fill.rate >= goal && fill.peakMb > 0 && fill.peakMb < kPeakLimitMb;
+    std::printf("%-22s %6zu %14.1f %14.1f %7.2f %10.1f  %s\n", row.title.c_str(), files.size(),
+                decoder, fill.rate, fill.rate / decoder, fill.peakMb, met ? "met" : "MISSED");
+    std::fflush(stdout);
   }
-  {
-    vellumry::PictureServices services(15);
-    std::vector<gdi::Picture> cells;
-    const double rate = FillRate(services, pngs, true, cells);
-    std::printf("    grid fill, PNG of 2 MP through Module1: %.1f cells/s (%.1f ms a cell)\n", rate,
-                1000 / rate);
-  }
-  {
-    const double rate = ProgramFillRate(root / "jpeg", root / "home");
-    std::printf(
-        "(d) the program on the real clock, JPEG: %.1f cells/s = %.0f %% of (a); target %.1f\n",
-        rate, 100 * rate / baseline, target);
-    const double pngRate = ProgramFillRate(root / "png", root / "home");
-    std::printf("    the program on the real clock, PNG: %.1f cells/s\n", pngRate);
-  }
-  const std::string self = fs::canonical("/proc/self/exe").string();
-  return std::system(("'" + self + "' --memory '" + root.string() + "'").c_str());
+  return 0;
 }

@@ -2,10 +2,9 @@
 
 #include <cstdlib>
 
+#include "picture/DibSectionDecoder.h"
 #include "picture/LazyPicture.h"
 #include "picture/PictureServices.h"
-#include "platform/codecs/BmpCodec.h"
-#include "platform/codecs/ClassifyAlpha.h"
 #include "platform/codecs/Codecs.h"
 #include "platform/os/FileSystem.h"
 
@@ -146,26 +145,12 @@ gdi::Picture StdPictureEx::LoadFromBytes(const Stream& stream, const std::string
 
 gdi::Picture StdPictureEx::LoadFromDib(const Stream& stream, const std::string& path,
                                        PictureRecord& record) {
-  const auto section = codecs::DecodeDibSection(*stream);
+  // The pixels are decoded later, at the size they are drawn, on whichever thread draws them.
+  const auto section = ProbeDibSection(*stream);
   if (!section) return {};
-  const gdi::Surface& pixels = section->surface;
-  // The fourth byte of 32-bit pixels may be alpha; nowhere else is it.
-  gdi::AlphaMode stored = gdi::AlphaMode::kOpaque;
-  if (section->info.bitsPerPixel == 32) {
-    switch (codecs::ClassifyAlpha(pixels.Pixels(), pixels.Width(), pixels.Height())) {
-      case codecs::kPixelFormat32bppARGB:
-        stored = gdi::AlphaMode::kStraight;
-        break;
-      case codecs::kPixelFormat32bppPARGB:
-        stored = gdi::AlphaMode::kPremultiplied;
-        break;
-      default:
-        stored = gdi::AlphaMode::kUnknown;
-        break;
-    }
-  }
+  const gdi::AlphaMode stored = section->stored;
   gdi::Picture picture =
-      MakeDibPicture(services_, OriginOf(stream, path, false), pixels.Dimensions(), stored);
+      MakeDibPicture(services_, OriginOf(stream, path, false), section->natural, stored);
   const bool alpha =
       stored == gdi::AlphaMode::kStraight || stored == gdi::AlphaMode::kPremultiplied;
   if (picture && alpha) record.Flags = FlagsOf(kKindBitmap);

@@ -51,6 +51,16 @@ Expected<Decoded> DecodeBmp(std::span<const uint8_t> bytes, const Leniency& leni
 }
 
 Expected<Decoded> DecodeDibSection(std::span<const uint8_t> bytes) {
+  auto section = ReadDibSection(bytes);
+  if (!section) return section.error();
+  Leniency strict;
+  strict.bmpShortPixels = false;
+  auto pixels = ReadDibPixels(section->header, section->data, strict);
+  if (!pixels) return pixels.error();
+  return Decoded{std::move(*pixels), InfoOf(section->header)};
+}
+
+Expected<DibSection> ReadDibSection(std::span<const uint8_t> bytes) {
   if (!IsBmp(bytes)) return Error::kUnknownFormat;
   const ByteReader in(bytes);
   const auto headerSize = in.Le32(kFileHeaderSize);
@@ -64,12 +74,13 @@ Expected<Decoded> DecodeDibSection(std::span<const uint8_t> bytes) {
   if (*bitCount < 1 || *compression > kBiBitFields) return Error::kUnsupported;
   auto header = ParseDibHeader(in, kFileHeaderSize, false);
   if (!header) return header.error();
-  Leniency strict;
-  strict.bmpShortPixels = false;
-  auto pixels =
-      ReadDibPixels(*header, in.Slice(header->tableEnd, bytes.size() - header->tableEnd), strict);
-  if (!pixels) return pixels.error();
-  return Decoded{std::move(*pixels), InfoOf(*header)};
+  const auto data = in.Slice(header->tableEnd, bytes.size() - header->tableEnd);
+  const bool rle = header->compression == kBiRle8 || header->compression == kBiRle4;
+  if (!rle && data.size() / DibRowBytes(header->bitsPerPixel, header->width) <
+                  static_cast<uint64_t>(header->height)) {
+    return Error::kTruncated;
+  }
+  return DibSection{std::move(*header), data};
 }
 
 }  // namespace vellumry::codecs

@@ -4,6 +4,7 @@
 #include <span>
 
 #include "platform/codecs/Codecs.h"
+#include "platform/codecs/Dib.h"
 
 namespace vellumry::codecs {
 
@@ -20,5 +21,16 @@ Expected<Decoded> DecodeBmp(std::span<const uint8_t> bytes, const Leniency& leni
 // the masks and colour table, whatever the file header's offset says; data that ends early is
 // refused. Same pixel layout as DecodeBmp. Anything refused here is left to DecodeBmp.
 Expected<Decoded> DecodeDibSection(std::span<const uint8_t> bytes);
+
+// A "BM" file as DecodeDibSection reads it, before its pixels are decoded.
+struct DibSection {
+  DibHeader header;
+  std::span<const uint8_t> data;  // the pixels and whatever follows them, borrowed from the file
+};
+
+// The header and pixel data of a "BM" file that DecodeDibSection would take, refusing what it
+// refuses without decoding: the header, and uncompressed data that ends early. Whether RLE data
+// decodes is found out only by decoding it.
+Expected<DibSection> ReadDibSection(std::span<const uint8_t> bytes);
 
 }  // namespace vellumry::codecs

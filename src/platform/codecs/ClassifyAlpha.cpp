@@ -29,32 +29,42 @@ bool HasAlphaChannel(uint32_t pixelFormat) {
 
 uint32_t ClassifyAlpha(std::span<const uint32_t> Pixels, int Width, int Height) {
   const uint64_t wanted = Width > 0 && Height > 0 ? uint64_t(Width) * uint64_t(Height) : 0;
-  const auto pixels = Pixels.first(std::min<uint64_t>(wanted, Pixels.size()));
-  if (pixels.empty()) return 0;
-  uint32_t seen = 0;
+  AlphaClassifier classifier;
+  classifier.Add(Pixels.first(std::min<uint64_t>(wanted, Pixels.size())));
+  return classifier.Result();
+}
+
+void AlphaClassifier::Add(std::span<const uint32_t> pixels) {
+  if (straight_ || pixels.empty()) return;
   // Runs of one value are looked at once; the start differs from the first pixel.
-  uint32_t last = pixels[0] ^ 1u;
+  if (!any_) last_ = pixels[0] ^ 1u;
+  any_ = true;
   for (const uint32_t pixel : pixels) {
-    if (pixel == last) continue;
-    last = pixel;
+    if (pixel == last_) continue;
+    last_ = pixel;
     const uint32_t alpha = pixel >> 24;
     if (pixel == 0) {
-      seen |= kSeenZero;
+      seen_ |= kSeenZero;
     } else if (alpha == 0) {
-      if ((seen & ~kSeenZero) > 2) return kPixelFormat32bppARGB;
-      seen |= kSeenTransparentColour;
+      if ((seen_ & ~kSeenZero) > 2) straight_ = true;
+      seen_ |= kSeenTransparentColour;
     } else if (alpha == 255) {
-      if (seen & kSeenTransparentColour) return kPixelFormat32bppARGB;
-      seen |= kSeenOpaque;
+      if (seen_ & kSeenTransparentColour) straight_ = true;
+      seen_ |= kSeenOpaque;
     } else {
       // No premultiplied pixel has a channel above its alpha.
       const uint32_t blue = pixel & 0xFF, green = (pixel >> 8) & 0xFF, red = (pixel >> 16) & 0xFF;
-      if (blue > alpha || green > alpha || red > alpha) return kPixelFormat32bppARGB;
-      seen |= kSeenPartial;
+      if (blue > alpha || green > alpha || red > alpha) straight_ = true;
+      seen_ |= kSeenPartial;
     }
+    if (straight_) return;
   }
-  if (seen == (kSeenZero | kSeenOpaque)) return kAlphaOnlyZeroHoles;
-  if (seen & kSeenPartial) return kPixelFormat32bppPARGB;
+}
+
+uint32_t AlphaClassifier::Result() const {
+  if (straight_) return kPixelFormat32bppARGB;
+  if (seen_ == (kSeenZero | kSeenOpaque)) return kAlphaOnlyZeroHoles;
+  if (seen_ & kSeenPartial) return kPixelFormat32bppPARGB;
   return 0;
 }
 

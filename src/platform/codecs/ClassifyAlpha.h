@@ -24,4 +24,19 @@ bool HasAlphaChannel(uint32_t pixelFormat);
 // byte is no alpha at all (all 0, or all 255). Reads at most Width x Height pixels of `Pixels`.
 uint32_t ClassifyAlpha(std::span<const uint32_t> Pixels, int Width, int Height);
 
+// ClassifyAlpha over pixels given a piece at a time, in the order ClassifyAlpha reads them: the
+// rows of a picture stored apart, without gathering them first.
+class AlphaClassifier {
+ public:
+  void Add(std::span<const uint32_t> pixels);
+  // What ClassifyAlpha says of every pixel added so far.
+  uint32_t Result() const;
+
+ private:
+  uint32_t seen_ = 0;
+  uint32_t last_ = 0;
+  bool any_ = false;
+  bool straight_ = false;  // settled: nothing further changes the answer
+};
+
 }  // namespace vellumry::codecs
