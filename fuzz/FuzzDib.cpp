@@ -1,15 +1,23 @@
-// A BMP file as a DIB section takes it, then what its fourth bytes mean.
+// A BMP file as a DIB section takes it, then what its fourth bytes mean; what is known of it
+// before decoding must agree with that.
 #include "fuzz/FuzzTargets.h"
 #include "platform/codecs/BmpCodec.h"
 #include "platform/codecs/ClassifyAlpha.h"
+#include "platform/codecs/DibSectionProbe.h"
 
 namespace vellumry::fuzz {
 
 int FuzzDib(const uint8_t* data, size_t size) {
   const auto section = codecs::DecodeDibSection({data, size});
+  const auto probed = codecs::ProbeDibSection({data, size});
+  if (probed.has_value() != static_cast<bool>(section)) __builtin_trap();
   if (section) {
     const gdi::Surface& pixels = section->surface;
-    codecs::ClassifyAlpha(pixels.Pixels(), pixels.Width(), pixels.Height());
+    const uint32_t kind = codecs::ClassifyAlpha(pixels.Pixels(), pixels.Width(), pixels.Height());
+    if (probed->natural != pixels.Dimensions()) __builtin_trap();
+    if (section->info.bitsPerPixel == 32 && probed->stored != codecs::AlphaModeOf(kind)) {
+      __builtin_trap();
+    }
   }
   return 0;
 }

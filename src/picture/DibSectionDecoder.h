@@ -1,10 +1,7 @@
 #pragma once
 // The decoder behind a picture of the DIB road: a BMP read as a DIB section takes it.
 
-#include <cstdint>
 #include <memory>
-#include <optional>
-#include <span>
 
 #include "picture/LazyPicture.h"
 #include "platform/gdi/PixelSource.h"
@@ -28,15 +25,5 @@ class DibSectionDecoder : public gdi::ScaledDecoder {
   gdi::Size natural_;
   gdi::AlphaMode stored_;
 };
-
-// What the DIB road makes of a BMP file before decoding it: its size, and what the fourth byte of
-// its pixels means (kOpaque below 32 bits). Null when the road refuses the file. Only RLE data,
-// which shows whether it decodes only when decoded, and 32-bit bit fields are decoded here; the
-// fourth bytes of plain 32-bit pixels are read where they are stored.
-struct DibSectionInfo {
-  gdi::Size natural;
-  gdi::AlphaMode stored;
-};
-std::optional<DibSectionInfo> ProbeDibSection(std::span<const uint8_t> bytes);
 
 }  // namespace vellumry

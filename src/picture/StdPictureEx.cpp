@@ -2,10 +2,10 @@
 
 #include <cstdlib>
 
-#include "picture/DibSectionDecoder.h"
 #include "picture/LazyPicture.h"
 #include "picture/PictureServices.h"
 #include "platform/codecs/Codecs.h"
+#include "platform/codecs/DibSectionProbe.h"
 #include "platform/os/FileSystem.h"
 
 namespace vellumry {
@@ -146,7 +146,7 @@ gdi::Picture StdPictureEx::LoadFromBytes(const Stream& stream, const std::string
 gdi::Picture StdPictureEx::LoadFromDib(const Stream& stream, const std::string& path,
                                        PictureRecord& record) {
   // The pixels are decoded later, at the size they are drawn, on whichever thread draws them.
-  const auto section = ProbeDibSection(*stream);
+  const auto section = codecs::ProbeDibSection(*stream);
   if (!section) return {};
   const gdi::AlphaMode stored = section->stored;
   gdi::Picture picture =

@@ -5,10 +5,10 @@
 #include <optional>
 #include <vector>
 
-#include "picture/DibSectionDecoder.h"
+#include "platform/codecs/DibSectionProbe.h"
 #include "platform/gdi/FileWriters.h"
 
-namespace vellumry {
+namespace vellumry::codecs {
 namespace {
 
 using gdi::AlphaMode;
@@ -73,4 +73,4 @@ TEST(DibSectionProbe, SizeAndMeaningOfTheFourthByteWithoutDecoding) {
 }
 
 }  // namespace
-}  // namespace vellumry
+}  // namespace vellumry::codecs

@@ -1,0 +1,58 @@
+#include "platform/codecs/DibSectionProbe.h"
+
+#include <cstring>
+#include <vector>
+
+#include "platform/codecs/BmpCodec.h"
+#include "platform/codecs/ClassifyAlpha.h"
+
+namespace vellumry::codecs {
+
+namespace {
+
+// The stored 32-bit rows classified top row first, as their decoded pixels would be.
+gdi::AlphaMode StoredRowsAlpha(const DibSection& section) {
+  const DibHeader& header = section.header;
+  const size_t rowBytes = static_cast<size_t>(header.width) * 4;
+  std::vector<uint32_t> row(static_cast<size_t>(header.width));
+  AlphaClassifier classifier;
+  for (int y = 0; y < header.height; ++y) {
+    const size_t stored = static_cast<size_t>(header.topDown ? y : header.height - 1 - y);
+    std::memcpy(row.data(), section.data.data() + stored * rowBytes, rowBytes);
+    classifier.Add(row);
+  }
+  return AlphaModeOf(classifier.Result());
+}
+
+}  // namespace
+
+gdi::AlphaMode AlphaModeOf(uint32_t pixelFormat) {
+  switch (pixelFormat) {
+    case kPixelFormat32bppARGB:
+      return gdi::AlphaMode::kStraight;
+    case kPixelFormat32bppPARGB:
+      return gdi::AlphaMode::kPremultiplied;
+    default:
+      return gdi::AlphaMode::kUnknown;
+  }
+}
+
+std::optional<DibSectionInfo> ProbeDibSection(std::span<const uint8_t> bytes) {
+  const auto section = ReadDibSection(bytes);
+  if (!section) return std::nullopt;
+  const DibHeader& header = section->header;
+  const gdi::Size natural{header.width, header.height};
+  const bool rle = header.compression == kBiRle8 || header.compression == kBiRle4;
+  const bool wide = header.bitsPerPixel == 32;
+  if (rle || (wide && header.compression != kBiRgb)) {
+    const auto decoded = DecodeDibSection(bytes);
+    if (!decoded) return std::nullopt;
+    if (!wide) return DibSectionInfo{natural, gdi::AlphaMode::kOpaque};
+    const gdi::Surface& pixels = decoded->surface;
+    return DibSectionInfo{
+        natural, AlphaModeOf(ClassifyAlpha(pixels.Pixels(), pixels.Width(), pixels.Height()))};
+  }
+  return DibSectionInfo{natural, wide ? StoredRowsAlpha(*section) : gdi::AlphaMode::kOpaque};
+}
+
+}  // namespace vellumry::codecs
