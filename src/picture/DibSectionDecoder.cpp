@@ -21,7 +21,7 @@ std::optional<gdi::Surface> DibSectionDecoder::Decode(gdi::Size) const {
   gdi::Surface pixels = std::move(section->surface);
   pixels.SetAlpha(stored_);
   if (stored_ == gdi::AlphaMode::kStraight) {
-    return gdi::ConvertAlpha(pixels, gdi::AlphaMode::kPremultiplied);
+    return gdi::ConvertAlpha(std::move(pixels), gdi::AlphaMode::kPremultiplied);
   }
   return pixels;
 }

@@ -28,6 +28,9 @@ uint32_t StraightPixel(uint32_t p, AlphaMode mode) {
 
 uint32_t Premultiply(uint32_t p) {
   const uint32_t a = AlphaOf(p);
+  // Most pixels of most pictures are wholly opaque or wholly clear.
+  if (a == 255) return p;
+  if (a == 0) return 0;
   auto scale = [a](uint32_t c) { return (c * a + 127) / 255; };
   return Argb(a, scale(RedOf(p)), scale(GreenOf(p)), scale(BlueOf(p)));
 }
@@ -39,15 +42,15 @@ uint32_t Unpremultiply(uint32_t p) {
   return Argb(a, scale(RedOf(p)), scale(GreenOf(p)), scale(BlueOf(p)));
 }
 
-Surface ConvertAlpha(const Surface& src, AlphaMode to) {
-  Surface out = src;
-  out.SetAlpha(to);
-  if (src.Alpha() == to || !HasAlpha(to)) return out;
-  for (uint32_t& p : out.Pixels()) {
-    p = StraightPixel(p, src.Alpha());
+Surface ConvertAlpha(Surface src, AlphaMode to) {
+  const AlphaMode from = src.Alpha();
+  src.SetAlpha(to);
+  if (from == to || !HasAlpha(to)) return src;
+  for (uint32_t& p : src.Pixels()) {
+    p = StraightPixel(p, from);
     if (to == AlphaMode::kPremultiplied) p = Premultiply(p);
   }
-  return out;
+  return src;
 }
 
 LockedPixels LockBits(const Surface& src, LockFormat format) {
