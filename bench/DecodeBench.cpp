@@ -1,6 +1,7 @@
 // Decode speed of the two formats the grid meets most: a 12 MP JPEG at full size and at 1/8 (the
 // thumbnail road), and a 2 MP PNG; and of a 2 MP 32-bit BMP through a DIB section, with the scan
-// that finds what its fourth byte means. The files are made at start-up, as the tests make theirs.
+// that finds what its fourth byte means; a 6 MP LZW TIFF and 6 MP BMPs of 24 and 32 bits, whole
+// and halved while read to a cell. The files are made at start-up, as the tests make theirs.
 #include <benchmark/benchmark.h>
 
 #include <vector>
@@ -42,6 +43,22 @@ const std::vector<uint8_t>& Bmp32Premultiplied2Mp() {
   return bytes;
 }
 
+const std::vector<uint8_t>& Tiff6Mp() {
+  static const std::vector<uint8_t> bytes =
+      codecs::testing::MakeTiff(codecs::testing::Gradient(3000, 2000), {.rowsPerStrip = 16});
+  return bytes;
+}
+
+const std::vector<uint8_t>& Bmp6Mp(gdi::AlphaMode alpha) {
+  static const std::vector<uint8_t> opaque = gdi::EncodeBmp(codecs::testing::Gradient(3000, 2000));
+  static const std::vector<uint8_t> withAlpha = [] {
+    gdi::Surface pixels = codecs::testing::Gradient(3000, 2000);
+    pixels.SetAlpha(gdi::AlphaMode::kStraight);
+    return gdi::EncodeBmp(pixels);
+  }();
+  return alpha == gdi::AlphaMode::kOpaque ? opaque : withAlpha;
+}
+
 void DecodeAt(benchmark::State& state, const std::vector<uint8_t>& bytes, int width, int height) {
   for (auto _ : state) {
     auto decoded = codecs::Decode(bytes, width, height);
@@ -59,6 +76,21 @@ void BM_Png2MpHalvedToACell(benchmark::State& state) { DecodeAt(state, Png2Mp(),
 void BM_LargestPngHalvedToACell(benchmark::State& state) {
   static const auto bytes = codecs::testing::LargestPng().bytes;
   DecodeAt(state, bytes, 180, 135);
+}
+
+void BM_Tiff6MpFull(benchmark::State& state) { DecodeAt(state, Tiff6Mp(), 0, 0); }
+void BM_Tiff6MpHalvedToACell(benchmark::State& state) { DecodeAt(state, Tiff6Mp(), 180, 135); }
+void BM_Bmp24Bit6MpFull(benchmark::State& state) {
+  DecodeAt(state, Bmp6Mp(gdi::AlphaMode::kOpaque), 0, 0);
+}
+void BM_Bmp24Bit6MpHalvedToACell(benchmark::State& state) {
+  DecodeAt(state, Bmp6Mp(gdi::AlphaMode::kOpaque), 180, 135);
+}
+void BM_Bmp32Bit6MpFull(benchmark::State& state) {
+  DecodeAt(state, Bmp6Mp(gdi::AlphaMode::kStraight), 0, 0);
+}
+void BM_Bmp32Bit6MpHalvedToACell(benchmark::State& state) {
+  DecodeAt(state, Bmp6Mp(gdi::AlphaMode::kStraight), 180, 135);
 }
 
 void BM_Bmp32DibSection2Mp(benchmark::State& state) {
@@ -89,6 +121,12 @@ BENCHMARK(BM_Jpeg12MpEighth)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Png2Mp)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Png2MpHalvedToACell)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_LargestPngHalvedToACell)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_Tiff6MpFull)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_Tiff6MpHalvedToACell)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_Bmp24Bit6MpFull)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_Bmp24Bit6MpHalvedToACell)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_Bmp32Bit6MpFull)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_Bmp32Bit6MpHalvedToACell)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Bmp32DibSection2Mp)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_ClassifyAlpha2Mp)->Unit(benchmark::kMillisecond);
 

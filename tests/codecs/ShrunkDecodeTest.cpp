@@ -49,8 +49,8 @@ double Psnr(const gdi::Surface& a, const QImage& b) {
       const uint32_t p = a.Pixel(x, y);
       const QRgb q = b.pixel(x, y);
       for (const auto& [mine, theirs] : {std::pair{gdi::RedOf(p), qRed(q)},
-                                        {gdi::GreenOf(p), qGreen(q)},
-                                        {gdi::BlueOf(p), qBlue(q)}}) {
+                                         {gdi::GreenOf(p), qGreen(q)},
+                                         {gdi::BlueOf(p), qBlue(q)}}) {
         squares += (mine - theirs) * (mine - theirs);
       }
     }
@@ -152,6 +152,45 @@ TEST(ShrunkDecode, ThumbnailsMatchASmoothlyScaledFullDecode) {
     const QImage reference = Decode(bytes)->surface.View().scaled(180, 135, Qt::IgnoreAspectRatio,
                                                                   Qt::SmoothTransformation);
     EXPECT_GT(Psnr(thumbnail, reference), 40.0);
+  }
+}
+
+// A grey TIFF whose strips all share one stored strip, in which column x has grey x / 64: a
+// picture of any size in a file of one strip.
+std::vector<uint8_t> SharedStripTiff(uint32_t width, uint32_t height, uint32_t rowsPerStrip) {
+  const uint32_t strips = (height + rowsPerStrip - 1) / rowsPerStrip;
+  constexpr uint32_t kEntries = 9, kArraysAt = 8 + 2 + kEntries * 12 + 4;
+  const uint32_t stripAt = kArraysAt + strips * 8, stripBytes = width * rowsPerStrip;
+  std::vector<uint8_t> out;
+  const auto put = [&](uint32_t value, int bytes) {
+    for (int i = 0; i < bytes; ++i) out.push_back(static_cast<uint8_t>(value >> (8 * i)));
+  };
+  const auto entry = [&](uint16_t tag, uint16_t type, uint32_t count, uint32_t value) {
+    put(tag, 2), put(type, 2), put(count, 4), put(value, 4);
+  };
+  put('I' | 'I' << 8, 2), put(42, 2), put(8, 4), put(kEntries, 2);
+  entry(256, 4, 1, width), entry(257, 4, 1, height), entry(258, 3, 1, 8), entry(259, 3, 1, 1);
+  entry(262, 3, 1, 1), entry(273, 4, strips, kArraysAt), entry(277, 3, 1, 1);
+  entry(278, 4, 1, rowsPerStrip), entry(279, 4, strips, kArraysAt + strips * 4);
+  put(0, 4);
+  for (uint32_t i = 0; i < strips; ++i) put(stripAt, 4);
+  for (uint32_t i = 0; i < strips; ++i) put(stripBytes, 4);
+  for (uint32_t i = 0; i < stripBytes; ++i) put(i % width / 64, 1);
+  return out;
+}
+
+// Just over the budget whole: 16384 x 16385 x 4 bytes is more than 1 GiB.
+TEST(ShrunkDecode, TiffTooLargeWholeStillDecodesSmall) {
+  const auto tiff = SharedStripTiff(16384, 16385, 64);
+  ASSERT_TRUE(Probe(tiff));
+  EXPECT_EQ(Decode(tiff).error(), Error::kTooLarge);
+  EXPECT_EQ(Decode(tiff, 8193, 1).error(), Error::kTooLarge);  // halved, still too large
+  const auto small = Decode(tiff, 180, 135);
+  ASSERT_TRUE(small);
+  ASSERT_EQ(small->surface.Dimensions(), (gdi::Size{256, 257}));
+  for (const auto& [x, y] : {std::pair{0, 0}, {17, 1}, {255, 200}, {100, 256}}) {
+    const auto grey = static_cast<uint8_t>(x);
+    EXPECT_EQ(small->surface.Pixel(x, y), gdi::Argb(255, grey, grey, grey));
   }
 }
 
