@@ -17,10 +17,10 @@ std::vector<gdi::Size> HalvedSizes(int width, int height) {
 }
 
 int HalvingTo(int width, int height, gdi::Size size) {
-  for (int factor = 1; factor < 1 << 30; factor *= 2) {
+  for (int factor = 1;; factor *= 2) {
     if (Reduced(width, height, factor) == size) return factor;
+    if (factor == 1 << 30) return 1;
   }
-  return 1;
 }
 
 gdi::Surface Reduce(const gdi::Surface& full, int factor) {

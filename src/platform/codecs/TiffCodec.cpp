@@ -209,8 +209,9 @@ Expected<Decoded> DecodeTiff(std::span<const uint8_t> bytes, int page, const Len
   Decoded out;
   out.info = *info;
   if (out.info.width == 0 || out.info.height == 0) return Error::kCorrupt;
-  if (!FitsWhileShrinking(tif.get(), out.info, static_cast<uint64_t>(reduction)))
+  if (!FitsWhileShrinking(tif.get(), out.info, static_cast<uint64_t>(reduction))) {
     return Error::kTooLarge;
+  }
   char message[1024];
   if (!TIFFRGBAImageOK(tif.get(), message)) return Error::kUnsupported;
   RgbaImage rgba;
