@@ -1,6 +1,8 @@
 // Decode speed of the two formats the grid meets most: a 12 MP JPEG at full size and at 1/8 (the
 // thumbnail road), and a 2 MP PNG; and of a 2 MP 32-bit BMP through a DIB section, with the scan
-// that finds what its fourth byte means. The files are made at start-up, as the tests make theirs.
+// that finds what its fourth byte means; a 6 MP LZW TIFF and 6 MP BMPs of 24 and 32 bits made
+// into a cell, from a whole decode and from one halved while read. The files are made at start-up,
+// as the tests make theirs.
 #include <benchmark/benchmark.h>
 
 #include <vector>
@@ -10,6 +12,7 @@
 #include "platform/codecs/BmpCodec.h"
 #include "platform/codecs/ClassifyAlpha.h"
 #include "platform/codecs/Codecs.h"
+#include "platform/gdi/Blit.h"
 #include "platform/gdi/FileWriters.h"
 
 using namespace vellumry;
@@ -42,6 +45,22 @@ const std::vector<uint8_t>& Bmp32Premultiplied2Mp() {
   return bytes;
 }
 
+const std::vector<uint8_t>& Tiff6Mp() {
+  static const std::vector<uint8_t> bytes =
+      codecs::testing::MakeTiff(codecs::testing::Gradient(3000, 2000), {.rowsPerStrip = 16});
+  return bytes;
+}
+
+const std::vector<uint8_t>& Bmp6Mp(gdi::AlphaMode alpha) {
+  static const std::vector<uint8_t> opaque = gdi::EncodeBmp(codecs::testing::Gradient(3000, 2000));
+  static const std::vector<uint8_t> withAlpha = [] {
+    gdi::Surface pixels = codecs::testing::Gradient(3000, 2000);
+    pixels.SetAlpha(gdi::AlphaMode::kStraight);
+    return gdi::EncodeBmp(pixels);
+  }();
+  return alpha == gdi::AlphaMode::kOpaque ? opaque : withAlpha;
+}
+
 void DecodeAt(benchmark::State& state, const std::vector<uint8_t>& bytes, int width, int height) {
   for (auto _ : state) {
     auto decoded = codecs::Decode(bytes, width, height);
@@ -59,6 +78,37 @@ void BM_Png2MpHalvedToACell(benchmark::State& state) { DecodeAt(state, Png2Mp(),
 void BM_LargestPngHalvedToACell(benchmark::State& state) {
   static const auto bytes = codecs::testing::LargestPng().bytes;
   DecodeAt(state, bytes, 180, 135);
+}
+
+// A cell's pixels the way a picture makes them: decoded at `wanted` (0 x 0: whole), then
+// scaled to the cell with halftone quality.
+void DecodeToACell(benchmark::State& state, const std::vector<uint8_t>& bytes, gdi::Size wanted) {
+  const gdi::Rect cell{0, 0, 180, 120};
+  for (auto _ : state) {
+    auto decoded = codecs::Decode(bytes, wanted.width, wanted.height);
+    if (!decoded) state.SkipWithError("decode failed");
+    const gdi::Surface& pixels = decoded->surface;
+    gdi::Surface scaled(cell.width, cell.height, pixels.Alpha());
+    gdi::StretchHalftone(scaled, cell, pixels, {0, 0, pixels.Width(), pixels.Height()});
+    benchmark::DoNotOptimize(scaled);
+  }
+}
+
+void BM_Tiff6MpWholeToACell(benchmark::State& state) { DecodeToACell(state, Tiff6Mp(), {}); }
+void BM_Tiff6MpHalvedToACell(benchmark::State& state) {
+  DecodeToACell(state, Tiff6Mp(), {180, 120});
+}
+void BM_Bmp24Bit6MpWholeToACell(benchmark::State& state) {
+  DecodeToACell(state, Bmp6Mp(gdi::AlphaMode::kOpaque), {});
+}
+void BM_Bmp24Bit6MpHalvedToACell(benchmark::State& state) {
+  DecodeToACell(state, Bmp6Mp(gdi::AlphaMode::kOpaque), {180, 120});
+}
+void BM_Bmp32Bit6MpWholeToACell(benchmark::State& state) {
+  DecodeToACell(state, Bmp6Mp(gdi::AlphaMode::kStraight), {});
+}
+void BM_Bmp32Bit6MpHalvedToACell(benchmark::State& state) {
+  DecodeToACell(state, Bmp6Mp(gdi::AlphaMode::kStraight), {180, 120});
 }
 
 void BM_Bmp32DibSection2Mp(benchmark::State& state) {
@@ -89,6 +139,12 @@ BENCHMARK(BM_Jpeg12MpEighth)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Png2Mp)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Png2MpHalvedToACell)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_LargestPngHalvedToACell)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_Tiff6MpWholeToACell)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_Tiff6MpHalvedToACell)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_Bmp24Bit6MpWholeToACell)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_Bmp24Bit6MpHalvedToACell)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_Bmp32Bit6MpWholeToACell)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_Bmp32Bit6MpHalvedToACell)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Bmp32DibSection2Mp)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_ClassifyAlpha2Mp)->Unit(benchmark::kMillisecond);
 

@@ -1,4 +1,4 @@
-// Both ways of each tolerance.
+// Both ways of each tolerance, whole and shrunk.
 #include "fuzz/FuzzTargets.h"
 #include "platform/codecs/BmpCodec.h"
 
@@ -11,6 +11,8 @@ int FuzzBmp(const uint8_t* data, size_t size) {
   codecs::Leniency strict;
   strict.bmpShortPixels = false;
   codecs::DecodeBmp(bytes, strict);
+  codecs::DecodeBmp(bytes, {}, 4);
+  codecs::DecodeBmp(bytes, strict, 4);
   return 0;
 }
 

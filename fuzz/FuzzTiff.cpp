@@ -1,4 +1,4 @@
-// The first page and, when there is one, the second.
+// The first page whole and shrunk (leniently and strictly) and, when there is one, the second.
 #include "fuzz/FuzzTargets.h"
 #include "platform/codecs/TiffCodec.h"
 
@@ -8,6 +8,10 @@ int FuzzTiff(const uint8_t* data, size_t size) {
   const std::span<const uint8_t> bytes(data, size);
   const auto info = codecs::ProbeTiff(bytes);
   codecs::DecodeTiff(bytes, 0, {});
+  codecs::DecodeTiff(bytes, 0, {}, 4);
+  codecs::Leniency strict;
+  strict.tiffDamagedStrips = false;
+  codecs::DecodeTiff(bytes, 0, strict, 4);
   if (info && info->frameCount > 1) codecs::DecodeTiff(bytes, 1, {});
   return 0;
 }

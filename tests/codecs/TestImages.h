@@ -2,6 +2,7 @@
 
 // Small pictures made at run time with the encoders, so that tests need no stored files.
 #include <cstdint>
+#include <functional>
 #include <vector>
 
 #include "platform/gdi/Surface.h"
@@ -40,6 +41,20 @@ struct IconFileImage {
 };
 // An icon (type 1) or cursor (type 2) file of `images`, laid out end to end behind the directory.
 std::vector<uint8_t> IconFile(uint16_t type, const std::vector<IconFileImage>& images);
+
+// How MakeTiff lays out its RGB pixels.
+struct TiffLayout {
+  int rowsPerStrip = 0;  // 0: one strip
+  int tileSize = 0;      // a multiple of 16; 0: strips
+  int orientation = 1;   // stored as is: the pixels given are the stored ones
+  bool lzw = true;
+};
+// Writes row y (our pixels) into `row`.
+using TiffRowMaker = std::function<void(int y, uint32_t* row)>;
+// An RGB TIFF of rows made one at a time, so that a huge one needn't exist whole in memory.
+std::vector<uint8_t> MakeTiff(int width, int height, const TiffLayout& layout,
+                              const TiffRowMaker& rowAt);
+std::vector<uint8_t> MakeTiff(const gdi::Surface& pixels, const TiffLayout& layout);
 
 // A gradient surface like MakeJpeg's, opaque.
 gdi::Surface Gradient(int width, int height);

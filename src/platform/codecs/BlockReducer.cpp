@@ -16,6 +16,13 @@ std::vector<gdi::Size> HalvedSizes(int width, int height) {
   }
 }
 
+int HalvingTo(int width, int height, gdi::Size size) {
+  for (int factor = 1;; factor *= 2) {
+    if (Reduced(width, height, factor) == size) return factor;
+    if (factor == 1 << 30) return 1;
+  }
+}
+
 gdi::Surface Reduce(const gdi::Surface& full, int factor) {
   const gdi::Size size = Reduced(full.Width(), full.Height(), factor);
   gdi::Surface out(size.width, size.height, full.Alpha());

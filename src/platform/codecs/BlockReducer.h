@@ -18,6 +18,9 @@ gdi::Size Reduced(int width, int height, int factor);
 // first; the last is the full size.
 std::vector<gdi::Size> HalvedSizes(int width, int height);
 
+// The factor, a power of two, that shrinks width x height to `size`; 1 when none does.
+int HalvingTo(int width, int height, gdi::Size size);
+
 // `full` shrunk by `factor`, for decoders that can't help holding the full picture.
 gdi::Surface Reduce(const gdi::Surface& full, int factor);
 

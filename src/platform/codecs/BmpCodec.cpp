@@ -34,7 +34,8 @@ Expected<ImageInfo> ProbeBmp(std::span<const uint8_t> bytes) {
   return InfoOf(*header);
 }
 
-Expected<Decoded> DecodeBmp(std::span<const uint8_t> bytes, const Leniency& leniency) {
+Expected<Decoded> DecodeBmp(std::span<const uint8_t> bytes, const Leniency& leniency,
+                            int reduction) {
   if (!IsBmp(bytes)) return Error::kUnknownFormat;
   const ByteReader in(bytes);
   auto header = ParseDibHeader(in, kFileHeaderSize, false);
@@ -44,8 +45,8 @@ Expected<Decoded> DecodeBmp(std::span<const uint8_t> bytes, const Leniency& leni
   uint64_t pixelsAt = header->tableEnd;
   const uint32_t declared = *in.Le32(10);
   if (declared >= header->tableEnd && declared < bytes.size()) pixelsAt = declared;
-  auto pixels =
-      ReadDibPixels(*header, bytes.subspan(std::min<uint64_t>(pixelsAt, bytes.size())), leniency);
+  auto pixels = ReadDibPixels(*header, bytes.subspan(std::min<uint64_t>(pixelsAt, bytes.size())),
+                              leniency, reduction);
   if (!pixels) return pixels.error();
   return Decoded{std::move(*pixels), InfoOf(*header)};
 }

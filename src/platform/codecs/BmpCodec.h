@@ -11,10 +11,12 @@ namespace vellumry::codecs {
 // A "BM" file: its info header (12 to 124 bytes and the OS/2 variants).
 Expected<ImageInfo> ProbeBmp(std::span<const uint8_t> bytes);
 
-// Depths 1, 2, 4, 8, 16, 24 and 32; RLE4, RLE8 and bit fields; either row order. A 32-bit BMP
-// without bit fields keeps each pixel's fourth byte exactly and comes back with AlphaMode
-// kUnknown: whether that byte is alpha, and of which kind, is for the caller to find out.
-Expected<Decoded> DecodeBmp(std::span<const uint8_t> bytes, const Leniency& leniency);
+// Depths 1, 2, 4, 8, 16, 24 and 32; RLE4, RLE8 and bit fields; either row order; shrunk by
+// `reduction` (Reduced's size) while the rows are read. A 32-bit BMP without bit fields keeps
+// each pixel's fourth byte exactly and comes back with AlphaMode kUnknown: whether that byte is
+// alpha, and of which kind, is for the caller to find out.
+Expected<Decoded> DecodeBmp(std::span<const uint8_t> bytes, const Leniency& leniency,
+                            int reduction = 1);
 
 // The pixels of a "BM" file as a DIB section takes them from its info header alone: the header
 // must be 40 to 124 bytes, compression RGB, RLE8, RLE4 or bit fields; the pixels lie right behind

@@ -38,8 +38,9 @@ Expected<ImageInfo> Probe(std::span<const uint8_t> bytes) {
        {ProbeJpeg, ProbePng, ProbeGif, ProbeTiff, ProbeBmp, ProbeIcon, ProbeMetafile}) {
     auto info = probe(bytes);
     // A picture too large to ever be decoded is refused as soon as its header is read, so that
-    // nobody sizes a cell or a window for it.
-    if (info && info->width > 0 && info->height > 0 &&
+    // nobody sizes a cell or a window for it. A TIFF decodes small while holding only one band
+    // of its rows, so its probe judges that instead.
+    if (info && info->width > 0 && info->height > 0 && info->format != Format::kTiff &&
         !FitsPixelBudget(info->width, info->height)) {
       return Error::kTooLarge;
     }
@@ -57,6 +58,8 @@ std::vector<gdi::Size> NativeSizes(const ImageInfo& info) {
     case Format::kJpeg:
       return JpegNativeSizes(info.width, info.height);
     case Format::kPng:
+    case Format::kTiff:
+    case Format::kBmp:
       return HalvedSizes(info.width, info.height);
     default:
       return {{info.width, info.height}};
@@ -78,6 +81,10 @@ Expected<Decoded> Decode(std::span<const uint8_t> bytes, int wantedWidth, int wa
                          const Leniency& leniency) {
   auto info = Probe(bytes);
   if (!info) return info.error();
+  // For the formats that halve while they read.
+  const auto halving = [&] {
+    return HalvingTo(info->width, info->height, NativeSizeFor(*info, {wantedWidth, wantedHeight}));
+  };
   switch (info->format) {
     case Format::kJpeg: {
       const gdi::Size native = NativeSizeFor(*info, {wantedWidth, wantedHeight});
@@ -91,18 +98,14 @@ Expected<Decoded> Decode(std::span<const uint8_t> bytes, int wantedWidth, int wa
       }
       return DecodeJpeg(bytes, eighths, leniency);
     }
-    case Format::kPng: {
-      const gdi::Size native = NativeSizeFor(*info, {wantedWidth, wantedHeight});
-      int reduction = 1;
-      while (Reduced(info->width, info->height, reduction) != native) reduction *= 2;
-      return DecodePng(bytes, leniency, reduction);
-    }
+    case Format::kPng:
+      return DecodePng(bytes, leniency, halving());
     case Format::kTiff:
-      return DecodeTiff(bytes, 0, leniency);
+      return DecodeTiff(bytes, 0, leniency, halving());
     case Format::kGif:
       return DecodeGif(bytes, leniency);
     case Format::kBmp:
-      return DecodeBmp(bytes, leniency);
+      return DecodeBmp(bytes, leniency, halving());
     case Format::kIco:
     case Format::kCur:
       return DecodeIcon(bytes, leniency);

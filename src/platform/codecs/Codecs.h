@@ -33,14 +33,16 @@ struct Decoded {
 
 // Recognises the format from its first bytes and reads its header. Never touches pixel data.
 // Returns kUnknownFormat for anything it doesn't recognise, kTruncated/kCorrupt for a broken
-// header of a recognised format, kTooLarge for a picture of more than kMaxPixelBytes.
+// header of a recognised format, kTooLarge for a picture of more than kMaxPixelBytes (a TIFF: for
+// one that can't be decoded even small).
 Expected<ImageInfo> Probe(std::span<const uint8_t> bytes);
 
 // Decodes the first image (frame, page, default icon entry) at the smallest size its format
 // produces directly that covers wantedWidth x wantedHeight (0, 0: full size). JPEG scales
-// natively in eighths and PNG in halves; EMF and WMF are drawn at the wanted size; the others come
-// back at full size. Pictures whose header asks for more than kMaxPixelBytes are refused
-// (kTooLarge) before anything is allocated.
+// natively in eighths and PNG, TIFF and BMP in halves; EMF and WMF are drawn at the wanted size;
+// the others come back at full size. Pictures whose header asks for more than kMaxPixelBytes are
+// refused (kTooLarge) before anything is allocated; a TIFF only when what its decode holds at the
+// asked size (see DecodeTiff) is more.
 Expected<Decoded> Decode(std::span<const uint8_t> bytes, int wantedWidth = 0, int wantedHeight = 0,
                          const Leniency& leniency = {});
 

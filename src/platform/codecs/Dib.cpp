@@ -1,8 +1,10 @@
 #include "platform/codecs/Dib.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstdlib>
 
+#include "platform/codecs/BlockReducer.h"
 #include "platform/codecs/Limits.h"
 
 namespace vellumry::codecs {
@@ -34,6 +36,28 @@ class Channel {
 uint32_t PaletteColor(const DibHeader& h, uint32_t index) {
   // Indices beyond the table read as black.
   return index < h.palette.size() ? h.palette[index] : 0xFF000000u;
+}
+
+// A top-down surface of the picture shrunk by `reduction`, whose rows `readRow(y, row)` writes one
+// at a time: shrunk, only one full-width row is held.
+template <typename ReadRow>
+gdi::Surface AssembleRows(const DibHeader& h, gdi::AlphaMode alpha, int reduction,
+                          ReadRow readRow) {
+  if (reduction == 1) {
+    gdi::Surface out(h.width, h.height, alpha);
+    for (int y = 0; y < h.height; ++y) readRow(y, out.Row(y));
+    return out;
+  }
+  const gdi::Size size = Reduced(h.width, h.height, reduction);
+  gdi::Surface out(size.width, size.height, alpha);
+  std::vector<uint32_t> row(static_cast<size_t>(h.width));
+  BlockReducer reducer(out, h.width, reduction);
+  for (int y = 0; y < h.height; ++y) {
+    readRow(y, row.data());
+    reducer.AddRow(row.data());
+  }
+  reducer.Finish();
+  return out;
 }
 
 // Expands RLE8/RLE4 data into one palette index a pixel, bottom-up rows as stored. Pixels the
@@ -80,17 +104,15 @@ bool ExpandRle(const DibHeader& h, std::span<const uint8_t> data, std::vector<ui
   return false;
 }
 
+// Runs may jump anywhere, so the indices are expanded whole (a byte a pixel) before the colours.
 Expected<gdi::Surface> ReadRle(const DibHeader& h, std::span<const uint8_t> data,
-                               const Leniency& leniency) {
+                               const Leniency& leniency, int reduction) {
   std::vector<uint8_t> indices(static_cast<size_t>(h.width) * h.height, 0);
   if (!ExpandRle(h, data, indices) && !leniency.bmpShortPixels) return Error::kTruncated;
-  gdi::Surface out(h.width, h.height, gdi::AlphaMode::kOpaque);
-  for (int y = 0; y < h.height; ++y) {
+  return AssembleRows(h, gdi::AlphaMode::kOpaque, reduction, [&](int y, uint32_t* px) {
     const uint8_t* in = indices.data() + static_cast<size_t>(h.height - 1 - y) * h.width;
-    uint32_t* px = out.Row(y);
     for (int x = 0; x < h.width; ++x) px[x] = PaletteColor(h, in[x]);
-  }
-  return out;
+  });
 }
 
 void DecodeRow(const DibHeader& h, const uint8_t* in, uint32_t* px, const Channel (&ch)[4]) {
@@ -218,8 +240,10 @@ Expected<DibHeader> ParseDibHeader(const ByteReader& in, uint64_t at, bool iconI
 }
 
 Expected<gdi::Surface> ReadDibPixels(const DibHeader& h, std::span<const uint8_t> data,
-                                     const Leniency& leniency) {
-  if (h.compression == kBiRle8 || h.compression == kBiRle4) return ReadRle(h, data, leniency);
+                                     const Leniency& leniency, int reduction) {
+  if (h.compression == kBiRle8 || h.compression == kBiRle4) {
+    return ReadRle(h, data, leniency, reduction);
+  }
   const uint64_t stride = DibRowBytes(h.bitsPerPixel, h.width);
   const uint64_t rowsThere = std::min<uint64_t>(data.size() / stride, h.height);
   if (rowsThere < static_cast<uint64_t>(h.height) && !leniency.bmpShortPixels) {
@@ -231,12 +255,15 @@ Expected<gdi::Surface> ReadDibPixels(const DibHeader& h, std::span<const uint8_t
   if (fields && h.masks[3] != 0) alpha = gdi::AlphaMode::kStraight;
   const Channel channels[4] = {Channel(h.masks[0]), Channel(h.masks[1]), Channel(h.masks[2]),
                                Channel(h.masks[3])};
-  gdi::Surface out(h.width, h.height, alpha);
-  for (uint64_t r = 0; r < rowsThere; ++r) {
-    const int y = h.topDown ? static_cast<int>(r) : h.height - 1 - static_cast<int>(r);
-    DecodeRow(h, data.data() + r * stride, out.Row(y), channels);
-  }
-  return out;
+  // Rows past the end of short data stay clear.
+  return AssembleRows(h, alpha, reduction, [&](int y, uint32_t* px) {
+    const uint64_t r = h.topDown ? y : h.height - 1 - y;
+    if (r < rowsThere) {
+      DecodeRow(h, data.data() + r * stride, px, channels);
+    } else {
+      std::fill(px, px + h.width, 0);
+    }
+  });
 }
 
 }  // namespace vellumry::codecs

@@ -34,10 +34,11 @@ Expected<DibHeader> ParseDibHeader(const ByteReader& in, uint64_t at, bool iconI
 // Bytes of one stored row at this depth, padded to 4 bytes.
 uint64_t DibRowBytes(int bitsPerPixel, int width);
 
-// Decodes the pixels in `data` into a top-down surface. 32-bit pixels without bit fields keep
-// their fourth byte and come back kUnknown; bit fields with an alpha mask give straight alpha;
-// the rest is opaque. Data that ends early is refused unless leniency.bmpShortPixels.
+// Decodes the pixels in `data` into a top-down surface, shrunk by `reduction` (Reduced's size)
+// while the rows are read. 32-bit pixels without bit fields keep their fourth byte and come back
+// kUnknown; bit fields with an alpha mask give straight alpha; the rest is opaque. Data that ends
+// early is refused unless leniency.bmpShortPixels.
 Expected<gdi::Surface> ReadDibPixels(const DibHeader& header, std::span<const uint8_t> data,
-                                     const Leniency& leniency);
+                                     const Leniency& leniency, int reduction = 1);
 
 }  // namespace vellumry::codecs

@@ -5,7 +5,9 @@
 #include <cstring>
 #include <memory>
 #include <utility>
+#include <vector>
 
+#include "platform/codecs/BlockReducer.h"
 #include "platform/codecs/Limits.h"
 #include "platform/codecs/Orientation.h"
 
@@ -118,6 +120,64 @@ void MakeUpright(ImageInfo& info, int orientation) {
   if (SwapsSides(orientation)) std::swap(info.width, info.height);
 }
 
+// Rows that libtiff decodes in one piece: a strip, or a row of tiles.
+uint32_t BandRows(TIFF* tif, uint32_t height) {
+  uint32_t rows = 0;
+  if (TIFFIsTiled(tif)) {
+    TIFFGetField(tif, TIFFTAG_TILELENGTH, &rows);
+  } else {
+    TIFFGetFieldDefaulted(tif, TIFFTAG_ROWSPERSTRIP, &rows);
+  }
+  return rows == 0 || rows > height ? height : rows;
+}
+
+// A shrunk decode holds the shrunk picture and one band of full-width rows; a full one, the
+// picture alone.
+bool FitsWhileShrinking(TIFF* tif, const ImageInfo& info, uint64_t reduction) {
+  if (reduction == 1) return FitsPixelBudget(info.width, info.height);
+  const uint64_t width = static_cast<uint32_t>(info.width);
+  const uint64_t height = static_cast<uint32_t>(info.height);
+  const uint64_t shrunk =
+      (width + reduction - 1) / reduction * ((height + reduction - 1) / reduction);
+  const uint64_t band = width * BandRows(tif, static_cast<uint32_t>(height));
+  return width > 0 && height > 0 && shrunk + band <= kMaxPixelBytes / 4;
+}
+
+// libtiff packs R in the low byte; our pixels keep B there.
+void SwapRedAndBlue(std::span<uint32_t> pixels) {
+  for (uint32_t& p : pixels) p = (p & 0xFF00FF00u) | ((p & 0xFFu) << 16) | ((p >> 16) & 0xFFu);
+}
+
+struct RgbaImage {
+  TIFFRGBAImage image{};
+  bool begun = false;
+  ~RgbaImage() {
+    if (begun) TIFFRGBAImageEnd(&image);
+  }
+};
+
+// Reads the page band by band into a reducer, so that only one band of full-size rows is held.
+bool ReadShrinking(TIFFRGBAImage& image, int reduction, gdi::Surface& out) {
+  const uint32_t width = image.width, height = image.height;
+  const uint32_t bandRows = BandRows(image.tif, height);
+  std::vector<uint32_t> band(static_cast<size_t>(width) * bandRows);
+  BlockReducer reducer(out, static_cast<int>(width), reduction);
+  for (uint32_t top = 0; top < height; top += bandRows) {
+    const uint32_t rows = std::min(bandRows, height - top);
+    image.row_offset = static_cast<int>(top);
+    // libtiff gives up on a damaged strip at the start of a read even when told to go on; the
+    // band is then left clear.
+    if (!TIFFRGBAImageGet(&image, band.data(), width, rows)) {
+      if (image.stoponerr) return false;
+      std::fill(band.begin(), band.end(), 0);
+    }
+    SwapRedAndBlue({band.data(), static_cast<size_t>(width) * rows});
+    for (uint32_t y = 0; y < rows; ++y) reducer.AddRow(&band[static_cast<size_t>(y) * width]);
+  }
+  reducer.Finish();
+  return true;
+}
+
 }  // namespace
 
 Expected<ImageInfo> ProbeTiff(std::span<const uint8_t> bytes) {
@@ -128,12 +188,15 @@ Expected<ImageInfo> ProbeTiff(std::span<const uint8_t> bytes) {
   auto info = InfoOf(tif.get());
   if (!info) return info;
   if (info->width == 0 || info->height == 0) return Error::kCorrupt;
+  // Shrunk far enough, a page is within the budget unless one band of it isn't.
+  if (!FitsWhileShrinking(tif.get(), *info, uint64_t{1} << 31)) return Error::kTooLarge;
   info->frameCount = static_cast<int>(std::min<tdir_t>(TIFFNumberOfDirectories(tif.get()), 0xFFFF));
   MakeUpright(*info, OrientationOf(tif.get()));
   return info;
 }
 
-Expected<Decoded> DecodeTiff(std::span<const uint8_t> bytes, int page, const Leniency& leniency) {
+Expected<Decoded> DecodeTiff(std::span<const uint8_t> bytes, int page, const Leniency& leniency,
+                             int reduction) {
   if (!IsTiff(bytes)) return Error::kUnknownFormat;
   Input input{bytes};
   const TiffHandle tif = Open(input);
@@ -145,27 +208,33 @@ Expected<Decoded> DecodeTiff(std::span<const uint8_t> bytes, int page, const Len
   if (!info) return info.error();
   Decoded out;
   out.info = *info;
-  if (!FitsPixelBudget(out.info.width, out.info.height)) {
-    return out.info.width == 0 || out.info.height == 0 ? Error::kCorrupt : Error::kTooLarge;
+  if (out.info.width == 0 || out.info.height == 0) return Error::kCorrupt;
+  if (!FitsWhileShrinking(tif.get(), out.info, static_cast<uint64_t>(reduction))) {
+    return Error::kTooLarge;
   }
   char message[1024];
   if (!TIFFRGBAImageOK(tif.get(), message)) return Error::kUnsupported;
-
-  out.surface =
-      gdi::Surface(out.info.width, out.info.height,
-                   out.info.hasAlpha ? gdi::AlphaMode::kPremultiplied : gdi::AlphaMode::kOpaque);
+  RgbaImage rgba;
   const int stopOnError = leniency.tiffDamagedStrips ? 0 : 1;
+  rgba.begun = TIFFRGBAImageBegin(&rgba.image, tif.get(), stopOnError, message) != 0;
+  if (!rgba.begun) return Error::kUnsupported;
   // Asking for the file's own orientation gives the rows as stored; TurnUpright does the rest,
   // which libtiff can't for pictures on their side.
   const uint16_t orientation = OrientationOf(tif.get());
-  if (!TIFFReadRGBAImageOriented(tif.get(), static_cast<uint32_t>(out.info.width),
-                                 static_cast<uint32_t>(out.info.height),
-                                 out.surface.Pixels().data(), orientation, stopOnError)) {
+  rgba.image.req_orientation = orientation;
+
+  const gdi::Size size = Reduced(out.info.width, out.info.height, reduction);
+  out.surface =
+      gdi::Surface(size.width, size.height,
+                   out.info.hasAlpha ? gdi::AlphaMode::kPremultiplied : gdi::AlphaMode::kOpaque);
+  if (reduction == 1) {
+    if (!TIFFRGBAImageGet(&rgba.image, out.surface.Pixels().data(), rgba.image.width,
+                          rgba.image.height)) {
+      return Error::kCorrupt;
+    }
+    SwapRedAndBlue(out.surface.Pixels());
+  } else if (!ReadShrinking(rgba.image, reduction, out.surface)) {
     return Error::kCorrupt;
-  }
-  // libtiff packs R in the low byte; our pixels keep B there.
-  for (uint32_t& p : out.surface.Pixels()) {
-    p = (p & 0xFF00FF00u) | ((p & 0xFFu) << 16) | ((p >> 16) & 0xFFu);
   }
   TurnUpright(out.surface, orientation);
   MakeUpright(out.info, orientation);
