@@ -47,4 +47,8 @@ using WriteFault = std::function<bool(WriteStep)>;
 bool WriteFileAtomically(const std::string& path, std::string_view bytes,
                          const WriteFault& fault = {});
 
+// As WriteFileAtomically, for a file only its owner may read or write: mode 0600, whatever the
+// replaced file had.
+bool WritePrivateFileAtomically(const std::string& path, std::string_view bytes);
+
 }  // namespace vellumry::os
