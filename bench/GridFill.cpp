@@ -1,5 +1,6 @@
 // How fast the grid's pictures fill the cache, against libjpeg-turbo alone, and what a folder of
-// a thousand 12 MP JPEGs costs in memory. Run by hand: grid_fill [folder for the made files].
+// a thousand 12 MP JPEGs costs in memory. Run by hand: grid_fill [--thumbcache] [folder for the
+// made files]; --thumbcache runs (e), the shared thumbnail cache, alone.
 // (b) drives the picture roads directly; (d) runs the whole program headless on the real clock.
 //
 // The cells are loaded as the grid's ticks load them, one after the other on one thread: the
@@ -181,6 +182,21 @@ double ProgramFillRate(const fs::path& folder, const fs::path& home) {
   return run.program.Form1().nCount / seconds;
 }
 
+// (e) The shared thumbnail cache, on the real clock through the whole program: the folder with
+// the cache off, then its first visit (an empty cache, entries written) and its second (read).
+void ThumbnailCacheRates(const fs::path& folder, const fs::path& home, const char* what) {
+  fs::remove_all(home / "cache");
+  const auto rate = [&](bool cache) {
+    vellumry::bench::HeadlessProgram run(folder, home, cache);
+    return run.program.Form1().nCount / run.LoadSeconds();
+  };
+  const double off = rate(false), first = rate(true), second = rate(true);
+  std::printf(
+      "(e) thumbnail cache, %s: off %.1f, first visit %.1f (%+.0f %%; goal no worse than -10 %%),"
+      " second visit %.1f cells/s (goal 75)\n",
+      what, off, first, 100 * (first / off - 1), second);
+}
+
 // (c) In a process of its own, so that nothing else has raised its peak.
 int MemoryRun(const fs::path& root) {
   vellumry::PictureServices services(15);
@@ -199,9 +215,13 @@ int MemoryRun(const fs::path& root) {
 
 int main(int argc, char** argv) {
   if (argc == 3 && std::string(argv[1]) == "--memory") return MemoryRun(argv[2]);
-  const fs::path root =
-      argc > 1 ? fs::path(argv[1]) : fs::temp_directory_path() / "vellumry-grid-fill";
+  const bool cacheOnly = argc > 1 && std::string(argv[1]) == "--thumbcache";
+  const fs::path root = argc > 1 + cacheOnly ? fs::path(argv[1 + cacheOnly])
+                                             : fs::temp_directory_path() / "vellumry-grid-fill";
   MakeFolders(root);
+  ThumbnailCacheRates(root / "jpeg", root / "home-cache", "200 JPEGs of 12 MP");
+  ThumbnailCacheRates(root / "png", root / "home-cache", "100 PNGs of 2 MP");
+  if (cacheOnly) return 0;
   const auto jpegs = Files(root / "jpeg");
   const auto pngs = Files(root / "png");
   std::printf("%u cores; cell %d x %d pixels\n", std::thread::hardware_concurrency(), kCellW,

@@ -1,7 +1,9 @@
 #include "platform/codecs/PngText.h"
 
+#include <algorithm>
 #include <csetjmp>
 
+#include "platform/codecs/ByteReader.h"
 #include "platform/codecs/PngIo.h"
 #include "platform/gdi/LockBits.h"
 
@@ -10,6 +12,23 @@ namespace vellumry::codecs {
 namespace {
 
 constexpr size_t kSignatureBytes = 8;
+// libpng allocates a text chunk's stated length before it reads it. A compressed text may
+// unpack to more than the file holds, but no key we read comes near a mebibyte.
+constexpr size_t kMinChunkLimit = size_t{1} << 20;
+constexpr uint32_t kIdat = 0x49444154;  // "IDAT"
+
+// Whether every chunk before the image data lies wholly in `bytes`, so that libpng never
+// allocates for a length that the file doesn't hold.
+bool ChunksBeforeImageFit(std::span<const uint8_t> bytes) {
+  const ByteReader reader(bytes);
+  uint64_t at = kSignatureBytes;
+  while (true) {
+    const auto length = reader.Be32(at), type = reader.Be32(at + 4);
+    if (!length || !type || !reader.Has(at + 8, uint64_t{*length} + 4)) return false;
+    if (*type == kIdat) return true;
+    at += uint64_t{*length} + 12;
+  }
+}
 
 // Collects what libpng writes, in memory.
 void WriteToMemory(png_structp png, png_bytep data, size_t length) {
@@ -57,6 +76,7 @@ Expected<PngTextKeys> ReadPngText(std::span<const uint8_t> bytes) {
   if (bytes.size() < kSignatureBytes || png_sig_cmp(bytes.data(), 0, kSignatureBytes) != 0) {
     return Error::kUnknownFormat;
   }
+  if (!ChunksBeforeImageFit(bytes)) return Error::kTruncated;
   pngio::Reader reader;
   if (!reader.ok()) return Error::kCorrupt;
   png_structp png = reader.png();
@@ -64,6 +84,7 @@ Expected<PngTextKeys> ReadPngText(std::span<const uint8_t> bytes) {
   PngTextKeys keys;
   if (setjmp(png_jmpbuf(png))) return Error::kCorrupt;
   png_set_read_fn(png, &input, pngio::ReadFromMemory);
+  png_set_chunk_malloc_max(png, std::max(bytes.size(), kMinChunkLimit));
   png_read_info(png, reader.info());
   png_textp text = nullptr;
   const int count = png_get_text(png, reader.info(), &text, nullptr);

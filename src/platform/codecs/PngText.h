@@ -18,7 +18,8 @@ using PngTextKeys = std::map<std::string, std::string>;
 // The keys of the text chunks before the image data, each with its text as stored (Latin-1 or
 // UTF-8); of a key given twice, the first. Keys after the image data aren't read: the image would
 // have to be decoded to reach them, and writers put them first. kUnknownFormat for bytes that
-// aren't a PNG, kCorrupt for one that breaks before its image data.
+// aren't a PNG, kTruncated for one whose chunks before the image data don't all lie in `bytes`,
+// kCorrupt for one that breaks there otherwise.
 Expected<PngTextKeys> ReadPngText(std::span<const uint8_t> bytes);
 
 // `pixels` as an 8-bit RGBA PNG (straight alpha; opaque pixels get 255), with `keys` as tEXt
