@@ -176,8 +176,8 @@ double FillRate(vellumry::PictureServices& services, const std::vector<std::stri
 }
 
 // (d) The whole program on the real clock, counted from the first tick.
-double ProgramFillRate(const fs::path& folder, const fs::path& home) {
-  vellumry::bench::HeadlessProgram run(folder, home);
+double ProgramFillRate(const fs::path& folder, const fs::path& home, bool thumbnailCache = false) {
+  vellumry::bench::HeadlessProgram run(folder, home, thumbnailCache);
   const double seconds = run.LoadSeconds();
   return run.program.Form1().nCount / seconds;
 }
@@ -186,11 +186,9 @@ double ProgramFillRate(const fs::path& folder, const fs::path& home) {
 // the cache off, then its first visit (an empty cache, entries written) and its second (read).
 void ThumbnailCacheRates(const fs::path& folder, const fs::path& home, const char* what) {
   fs::remove_all(home / "cache");
-  const auto rate = [&](bool cache) {
-    vellumry::bench::HeadlessProgram run(folder, home, cache);
-    return run.program.Form1().nCount / run.LoadSeconds();
-  };
-  const double off = rate(false), first = rate(true), second = rate(true);
+  const double off = ProgramFillRate(folder, home, false);
+  const double first = ProgramFillRate(folder, home, true);
+  const double second = ProgramFillRate(folder, home, true);
   std::printf(
       "(e) thumbnail cache, %s: off %.1f, first visit %.1f (%+.0f %%; goal no worse than -10 %%),"
       " second visit %.1f cells/s (goal 75)\n",

@@ -23,7 +23,7 @@ using PngTextKeys = std::map<std::string, std::string>;
 Expected<PngTextKeys> ReadPngText(std::span<const uint8_t> bytes);
 
 // `pixels` as an 8-bit RGBA PNG (straight alpha; opaque pixels get 255), with `keys` as tEXt
-// chunks before the image data. Empty when libpng fails.
+// chunks before the image data, compressed for speed. Empty when libpng fails.
 std::vector<uint8_t> EncodePng(const gdi::Surface& pixels, const PngTextKeys& keys);
 
 }  // namespace vellumry::codecs

@@ -139,7 +139,7 @@ std::optional<std::vector<uint8_t>> ReadFileStart(const std::string& path, size_
 namespace {
 
 bool ReplaceFile(const std::string& path, std::string_view bytes, const WriteFault& fault,
-                 std::optional<mode_t> mode) {
+                 std::optional<mode_t> mode, bool durable) {
   auto proceed = [&](WriteStep step) { return !fault || fault(step); };
   if (!proceed(WriteStep::Open)) return false;
   ReplacingFile out(path, mode);
@@ -149,18 +149,18 @@ bool ReplaceFile(const std::string& path, std::string_view bytes, const WriteFau
     return false;
   }
   if (!out.Write(bytes.data(), bytes.size())) return false;
-  if (!proceed(WriteStep::Flush) || !out.Flush()) return false;
+  if (!proceed(WriteStep::Flush) || (durable && !out.Flush())) return false;
   return proceed(WriteStep::Rename) && out.Commit();
 }
 
 }  // namespace
 
 bool WriteFileAtomically(const std::string& path, std::string_view bytes, const WriteFault& fault) {
-  return ReplaceFile(path, bytes, fault, std::nullopt);
+  return ReplaceFile(path, bytes, fault, std::nullopt, true);
 }
 
 bool WritePrivateFileAtomically(const std::string& path, std::string_view bytes) {
-  return ReplaceFile(path, bytes, {}, 0600);
+  return ReplaceFile(path, bytes, {}, 0600, false);
 }
 
 }  // namespace vellumry::os
