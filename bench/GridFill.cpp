@@ -1,5 +1,6 @@
 // How fast the grid fills with each format's pictures, against the format's decoder alone, and
-// the peak memory of each folder's fill. Run by hand: grid_fill [folder for the made files].
+// the peak memory of each folder's fill. Run by hand: grid_fill [--thumbcache] [folder for the
+// made files]; --thumbcache measures the shared thumbnail cache alone.
 //
 // A row's decoder alone reads each file and decodes it on every core at the size the decoder
 // gives for a cell. The program's fill runs the whole program headless on the real clock, in a
@@ -59,8 +60,8 @@ double DecoderRate(const std::vector<std::string>& files) {
 }
 
 // The child's part: the whole program's fill of `folder`, printed as its rate and peak memory.
-int FillRun(const fs::path& folder, const fs::path& home) {
-  bench::HeadlessProgram run(folder, home);
+int FillRun(const fs::path& folder, const fs::path& home, bool thumbnailCache) {
+  bench::HeadlessProgram run(folder, home, thumbnailCache);
   const double seconds = run.LoadSeconds();
   std::printf("%f %ld\n", run.program.Form1().nCount / seconds, bench::PeakKilobytes());
   return 0;
@@ -72,10 +73,10 @@ struct Fill {
 };
 
 // The program's fill of `folder` in a process of its own.
-Fill ProgramFill(const fs::path& folder, const fs::path& home) {
+Fill ProgramFill(const fs::path& folder, const fs::path& home, bool thumbnailCache = false) {
   const std::string self = fs::canonical("/proc/self/exe").string();
-  const std::string command =
-      "'" + self + "' --fill '" + folder.string() + "' '" + home.string() + "'";
+  const std::string command = "'" + self + "' --fill '" + folder.string() + "' '" +
+                              home.string() + "' " + (thumbnailCache ? "1" : "0");
   Fill fill;
   if (FILE* child = popen(command.c_str(), "r")) {
     long peakKb = 0;
@@ -85,13 +86,36 @@ Fill ProgramFill(const fs::path& folder, const fs::path& home) {
   return fill;
 }
 
+// The shared thumbnail cache through the whole program: the folder with the cache off, then its
+// first visit (an empty cache, entries written) and its second (entries read).
+void ThumbnailCacheRates(const fs::path& folder, const fs::path& home, const std::string& title) {
+  fs::remove_all(home / "cache");
+  const double off = ProgramFill(folder, home).rate;
+  const double first = ProgramFill(folder, home, true).rate;
+  const double second = ProgramFill(folder, home, true).rate;
+  std::printf(
+      "thumbnail cache, %s: off %.1f, first visit %.1f (%+.0f %%; goal no worse than -10 %%),"
+      " second visit %.1f cells/s (goal %.0f)\n",
+      title.c_str(), off, first, 100 * (first / off - 1), second, kCadence);
+  std::fflush(stdout);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc == 4 && std::string(argv[1]) == "--fill") return FillRun(argv[2], argv[3]);
-  const fs::path root =
-      argc > 1 ? fs::path(argv[1]) : fs::temp_directory_path() / "vellumry-grid-fill";
+  if (argc == 5 && std::string(argv[1]) == "--fill")
+    return FillRun(argv[2], argv[3], std::string(argv[4]) == "1");
+  const bool cacheOnly = argc > 1 && std::string(argv[1]) == "--thumbcache";
+  const fs::path root = argc > 1 + cacheOnly ? fs::path(argv[1 + cacheOnly])
+                                             : fs::temp_directory_path() / "vellumry-grid-fill";
   bench::MakeFillFolders(root);
+  if (cacheOnly) {
+    for (const bench::FillFolder& row : bench::FillFolders()) {
+      if (row.folder == "jpeg" || row.folder == "png")
+        ThumbnailCacheRates(root / row.folder, root / "home-cache", row.title);
+    }
+    return 0;
+  }
   std::printf(
       "%u cores; cell %d x %d pixels; goal: ratio >= 0.8 or %.1f cells/s, whichever is"
       " slower; peak < %.0f MB\n\n",

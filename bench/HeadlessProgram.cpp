@@ -1,6 +1,7 @@
 #include "HeadlessProgram.h"
 
 #include <chrono>
+#include <cstdlib>
 #include <fstream>
 #include <string>
 #include <thread>
@@ -24,18 +25,20 @@ long PeakKilobytes() {
 }
 
 namespace {
-const fs::path& SettingsIn(const fs::path& home) {
+const fs::path& SettingsIn(const fs::path& home, bool thumbnailCache) {
   fs::create_directories(home);
   const std::string ini = (home / "OstrelWorks.INI").string();
   os::CreateSettingsFileIfMissing(ini);
   WriteIni(ini, "Settings", "rows", "6");
+  WriteIni(ini, "Settings", "thumbcache", thumbnailCache ? "1" : "0");
+  ::setenv("XDG_CACHE_HOME", (home / "cache").c_str(), 1);
   return home;
 }
 }  // namespace
 
-HeadlessProgram::HeadlessProgram(const fs::path& folder, const fs::path& home)
+HeadlessProgram::HeadlessProgram(const fs::path& folder, const fs::path& home, bool thumbnailCache)
     : program(host, tk::EventLoop::Clock::Real, tk::Screen::ofPixels(1920, 1080),
-              {SettingsIn(home).string(), home.string(), folder.string()}) {
+              {SettingsIn(home, thumbnailCache).string(), home.string(), folder.string()}) {
   Main(program);
 }
 

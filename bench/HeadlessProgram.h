@@ -12,8 +12,11 @@ namespace vellumry::bench {
 long PeakKilobytes();
 
 // The program on a 1920 x 1080 screen with six rows, its settings in `home`, opening `folder`.
+// The shared thumbnail cache is `home`/cache, used only with `thumbnailCache`, so that runs
+// measure decoding unless they ask for the cache.
 struct HeadlessProgram {
-  HeadlessProgram(const std::filesystem::path& folder, const std::filesystem::path& home);
+  HeadlessProgram(const std::filesystem::path& folder, const std::filesystem::path& home,
+                  bool thumbnailCache = false);
   // Runs the start, then Timer1's ticks and pres on each file until the grid is loaded and
   // every cell's pixels are decoded. Seconds from the first tick.
   double LoadSeconds();

@@ -26,5 +26,6 @@ int FuzzSettings(const uint8_t* data, size_t size);
 int FuzzGifFile(const uint8_t* data, size_t size);
 int FuzzGifStrip(const uint8_t* data, size_t size);
 int FuzzExif(const uint8_t* data, size_t size);
+int FuzzPngText(const uint8_t* data, size_t size);
 
 }  // namespace vellumry::fuzz

@@ -14,6 +14,7 @@ export ASAN_OPTIONS=detect_leaks=1:abort_on_error=1
 export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
 home=$(mktemp -d)
 trap 'rm -rf "$home"' EXIT
+export XDG_CACHE_HOME="$home/cache"  # thumbnails of the run go with it
 
 failures=0
 printf '| suite | folders | files | shown | refused | failed |\n|---|---:|---:|---:|---:|---:|\n'

@@ -35,6 +35,8 @@ class ProgramFixture : public ::testing::Test {
     std::filesystem::create_directories(pictures);
     // Files that the program discards go to a trash of the test's own.
     ::setenv("XDG_DATA_HOME", (root / "data").c_str(), 1);
+    // And thumbnails to a cache of its own.
+    ::setenv("XDG_CACHE_HOME", (root / "cache").c_str(), 1);
     vellumry::os::CreateSettingsFileIfMissing(iniPath());
   }
   void TearDown() override {

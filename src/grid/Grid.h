@@ -50,6 +50,8 @@ class Grid {
 
   // Geometry (GridGeometry.cpp).
   void pSizeCell();
+  // Turns the shared thumbnail cache on for cells of this size, or off (CellThumbnails.cpp).
+  void pThumbnailCache();
   void pMeasure();
   void pCentre();
   // Places Image1(i) after Image1(i - 1); true when a wrapped row doesn't fit the screen.

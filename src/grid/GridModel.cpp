@@ -17,6 +17,7 @@ using tk::resumeNext;
 void Grid::pAct() {
   bSwitching = false;
   pSizeCell();
+  pThumbnailCache();
   form_.Image1(0).setLeft(-form_.Image1(0).Width());
   form_.Frame1.setBackColor(static_cast<uint32_t>(program_.ReadSettingNumber("gformc")));
   form_.Frame3(0).setBorderColor(static_cast<uint32_t>(program_.ReadSettingNumber("gselfrc")));

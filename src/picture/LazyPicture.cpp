@@ -4,6 +4,7 @@
 #include "picture/FittedDecoder.h"
 #include "picture/PictureServices.h"
 #include "picture/SourceDecoder.h"
+#include "picture/ThumbnailCache.h"
 #include "platform/codecs/IcoCodec.h"
 
 namespace vellumry {
@@ -78,7 +79,9 @@ gdi::Picture MakeLazyPicture(PictureServices& services, const PictureOrigin& ori
   }
   const gdi::Size natural = size.value_or(gdi::Size{info.width, info.height});
   if (natural.width <= 0 || natural.height <= 0) return {};
-  return FittedPicture(services, MakeSourceDecoder(origin, info), natural, background);
+  auto decoder = MakeSourceDecoder(origin, info);
+  if (!origin.bytes) decoder = services.thumbnails().Wrap(std::move(decoder), origin.path);
+  return FittedPicture(services, std::move(decoder), natural, background);
 }
 
 }  // namespace vellumry

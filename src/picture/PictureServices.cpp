@@ -1,11 +1,15 @@
 #include "picture/PictureServices.h"
 
 #include "picture/StdPictureEx.h"
+#include "picture/ThumbnailCache.h"
+#include "platform/os/ThumbnailStore.h"
 
 namespace vellumry {
 
 PictureServices::PictureServices(double twipsPerPixel, size_t cacheBudgetBytes, unsigned workers)
-    : twipsPerPixel_(twipsPerPixel), cache_(std::make_shared<gdi::PixelCache>(cacheBudgetBytes)) {
+    : twipsPerPixel_(twipsPerPixel),
+      cache_(std::make_shared<gdi::PixelCache>(cacheBudgetBytes)),
+      thumbnails_(std::make_shared<ThumbnailCache>(os::ThumbnailRoot())) {
   if (workers == 0) workers = std::max(1u, std::thread::hardware_concurrency());
   for (unsigned i = 0; i < workers; ++i) workers_.emplace_back([this] { work(); });
 }
@@ -33,6 +37,8 @@ void PictureServices::prefetch(const gdi::Picture& picture, gdi::Size pixels) {
 void PictureServices::drain() {
   std::unique_lock lock(mutex_);
   idle_.wait(lock, [this] { return jobs_.empty() && running_ == 0; });
+  lock.unlock();
+  thumbnails_->drain();
 }
 
 StdPictureEx& PictureServices::stdPictureEx() {

@@ -17,6 +17,7 @@
 namespace vellumry {
 
 class StdPictureEx;
+class ThumbnailCache;
 
 // Owned by the Program, one per program. Everything but prefetch's decoding runs on the caller's
 // thread.
@@ -36,8 +37,11 @@ class PictureServices {
   // picture without lazy pixels is ignored, and so is one whose last reference goes before a
   // worker gets to it.
   void prefetch(const gdi::Picture& picture, gdi::Size pixels);
-  // Waits until every prefetch queued so far has finished (tests, benchmarks).
+  // Waits until every prefetch queued so far has finished, and the thumbnail entries they
+  // wrote (tests, benchmarks).
   void drain();
+  // The desktop's shared thumbnail cache, off until the grid turns it on.
+  ThumbnailCache& thumbnails() { return *thumbnails_; }
   // The one shared StdPictureEx, made on first use.
   StdPictureEx& stdPictureEx();
 
@@ -58,6 +62,7 @@ class PictureServices {
   std::shared_ptr<gdi::PixelCache> cache_;
   std::function<void(Call)> poster_;
   std::unique_ptr<StdPictureEx> stdPictureEx_;
+  std::shared_ptr<ThumbnailCache> thumbnails_;
 
   std::mutex mutex_;
   std::condition_variable wake_;  // a job came, or the end

@@ -71,7 +71,8 @@ INSTANTIATE_TEST_SUITE_P(
         Target{"settings", fuzz::FuzzSettings, {}},  // its seed only
         Target{"giffile", fuzz::FuzzGifFile, {"gif"}},
         Target{"gifstrip", fuzz::FuzzGifStrip, {"gif"}}, Target{"wmf", fuzz::FuzzWmf, {"wmf"}},
-        Target{"emf", fuzz::FuzzEmf, {"emf"}}, Target{"exif", fuzz::FuzzExif, {"tif", "tiff"}}),
+        Target{"emf", fuzz::FuzzEmf, {"emf"}}, Target{"exif", fuzz::FuzzExif, {"tif", "tiff"}},
+        Target{"pngtext", fuzz::FuzzPngText, {"png"}}),
     [](const auto& info) { return std::string(info.param.name); });
 
 // What each kept finding gives once fixed; nullopt: it reads.
@@ -87,6 +88,7 @@ const Finding kFindings[] = {
     {"giffile/ApplicationOfNoBytes.gif", std::nullopt, Error::kTruncated},
     // A polygon reaching millions of pixels beyond the picture took seconds to anti-alias.
     {"emf/FarReachingPolygon.emf", std::nullopt, std::nullopt},
+    {"pngtext/TextChunkLength.png", std::nullopt, Error::kCorrupt},
 };
 
 class FuzzFindings : public ::testing::TestWithParam<Finding> {};

@@ -22,7 +22,7 @@ TEST_F(SettingsFile, ANewFileHoldsEveryKeyAtItsDefaultInOrder) {
       {"rows", "4"},  {"frameprop", "0"}, {"gformc", "4210752"}, {"gselfrc", "33023"},
       {"slsh", "5"},  {"anigifp", "1"},   {"showmb", "1"},       {"dest", ""},
       {"Inw", "<"},   {"showll", "1"},    {"lnvar", "1"},        {"beeps", "1"},
-      {"sautor", "0"}};
+      {"sautor", "0"}, {"thumbcache", "1"}};
   ASSERT_TRUE(os::CreateSettingsFileIfMissing(file_));
   std::string expected = "[Settings]\n";
   for (const auto& [key, value] : defaults) {

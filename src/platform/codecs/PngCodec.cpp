@@ -10,43 +10,19 @@
 #include "platform/codecs/BlockReducer.h"
 #include "platform/codecs/ByteReader.h"
 #include "platform/codecs/Limits.h"
+#include "platform/codecs/PngIo.h"
 
 namespace vellumry::codecs {
 
 namespace {
 
+using pngio::Input;
+using pngio::OnError;
+using pngio::OnWarning;
+using pngio::Reader;
+using pngio::ReadFromMemory;
+
 constexpr uint8_t kSignature[8] = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
-
-struct Input {
-  std::span<const uint8_t> bytes;
-  size_t position = 0;
-};
-
-void ReadFromMemory(png_structp png, png_bytep out, size_t length) {
-  auto* input = static_cast<Input*>(png_get_io_ptr(png));
-  if (length > input->bytes.size() - input->position) png_error(png, "truncated");
-  std::memcpy(out, input->bytes.data() + input->position, length);
-  input->position += length;
-}
-
-void OnError(png_structp png, png_const_charp) { png_longjmp(png, 1); }
-void OnWarning(png_structp, png_const_charp) {}
-
-class Reader {
- public:
-  Reader() {
-    png_ = png_create_read_struct(PNG_LIBPNG_VER_STRING, nullptr, OnError, OnWarning);
-    if (png_) info_ = png_create_info_struct(png_);
-  }
-  ~Reader() { png_destroy_read_struct(&png_, info_ ? &info_ : nullptr, nullptr); }
-  bool ok() const { return png_ && info_; }
-  png_structp png() { return png_; }
-  png_infop info() { return info_; }
-
- private:
-  png_structp png_ = nullptr;
-  png_infop info_ = nullptr;
-};
 
 int Channels(int colorType) {
   switch (colorType) {

@@ -27,12 +27,18 @@ constexpr size_t kCopyChunkBytes = size_t{1} << 20;
 // Names are passed to the system as the bytes they are, so no name is ever mangled.
 class ReplacingFile {
  public:
-  explicit ReplacingFile(const std::string& path) : path_(path) {
+  // With `mode` the new file gets it; without, it takes the mode of the file it replaces.
+  explicit ReplacingFile(const std::string& path, std::optional<mode_t> mode = std::nullopt)
+      : path_(path) {
     static std::atomic<unsigned> serial{0};
     temporary_ = path + ".tmp-" + std::to_string(::getpid()) + "-" + std::to_string(serial++);
-    fd_ = ::open(temporary_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    fd_ = ::open(temporary_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode.value_or(0666));
     struct stat old {};
-    if (fd_ >= 0 && ::stat(path.c_str(), &old) == 0) ::fchmod(fd_, old.st_mode & 07777);
+    if (mode) {
+      if (fd_ >= 0) ::fchmod(fd_, *mode);
+    } else if (fd_ >= 0 && ::stat(path.c_str(), &old) == 0) {
+      ::fchmod(fd_, old.st_mode & 07777);
+    }
   }
   ~ReplacingFile() {
     if (fd_ >= 0) ::close(fd_);
@@ -130,18 +136,31 @@ std::optional<std::vector<uint8_t>> ReadFileStart(const std::string& path, size_
   return bytes;
 }
 
-bool WriteFileAtomically(const std::string& path, std::string_view bytes, const WriteFault& fault) {
+namespace {
+
+bool ReplaceFile(const std::string& path, std::string_view bytes, const WriteFault& fault,
+                 std::optional<mode_t> mode, bool durable) {
   auto proceed = [&](WriteStep step) { return !fault || fault(step); };
   if (!proceed(WriteStep::Open)) return false;
-  ReplacingFile out(path);
+  ReplacingFile out(path, mode);
   if (!out.opened()) return false;
   if (!proceed(WriteStep::Write)) {
     out.Write(bytes.data(), bytes.size() / 2);  // a disk that fills up midway
     return false;
   }
   if (!out.Write(bytes.data(), bytes.size())) return false;
-  if (!proceed(WriteStep::Flush) || !out.Flush()) return false;
+  if (!proceed(WriteStep::Flush) || (durable && !out.Flush())) return false;
   return proceed(WriteStep::Rename) && out.Commit();
+}
+
+}  // namespace
+
+bool WriteFileAtomically(const std::string& path, std::string_view bytes, const WriteFault& fault) {
+  return ReplaceFile(path, bytes, fault, std::nullopt, true);
+}
+
+bool WritePrivateFileAtomically(const std::string& path, std::string_view bytes) {
+  return ReplaceFile(path, bytes, {}, 0600, false);
 }
 
 }  // namespace vellumry::os

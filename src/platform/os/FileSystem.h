@@ -47,4 +47,9 @@ using WriteFault = std::function<bool(WriteStep)>;
 bool WriteFileAtomically(const std::string& path, std::string_view bytes,
                          const WriteFault& fault = {});
 
+// As WriteFileAtomically, for a file only its owner may read or write (mode 0600, whatever the
+// replaced file had) and that can be made again: it isn't flushed to disk before the rename, so
+// a crash may leave it empty, as its readers must expect of any file.
+bool WritePrivateFileAtomically(const std::string& path, std::string_view bytes);
+
 }  // namespace vellumry::os

@@ -16,8 +16,8 @@ struct SettingDefault {
   std::string_view value;
 };
 
-// The thirteen keys of the section, in the order a new file lists them. Colours are 0x00BBGGRR.
-inline constexpr std::array<SettingDefault, 13> kSettingDefaults{{
+// The fourteen keys of the section, in the order a new file lists them. Colours are 0x00BBGGRR.
+inline constexpr std::array<SettingDefault, 14> kSettingDefaults{{
     {"rows", "4"},
     {"frameprop", "0"},
     {"gformc", "4210752"},  // 0x404040, dark grey
@@ -31,6 +31,7 @@ inline constexpr std::array<SettingDefault, 13> kSettingDefaults{{
     {"lnvar", "1"},
     {"beeps", "1"},
     {"sautor", "0"},
+    {"thumbcache", "1"},
 }};
 
 // The default of `key` (case-blind), or nullopt for a key that isn't one of the settings.

@@ -1,0 +1,12 @@
+// The text keys of a PNG, as the shared thumbnail cache reads them from its entries.
+#include "fuzz/FuzzTargets.h"
+#include "platform/codecs/PngText.h"
+
+namespace vellumry::fuzz {
+
+int FuzzPngText(const uint8_t* data, size_t size) {
+  codecs::ReadPngText({data, size});
+  return 0;
+}
+
+}  // namespace vellumry::fuzz

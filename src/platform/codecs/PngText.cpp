@@ -1,0 +1,132 @@
+#include "platform/codecs/PngText.h"
+
+#include <algorithm>
+#include <csetjmp>
+
+#include "platform/codecs/ByteReader.h"
+#include "platform/codecs/PngIo.h"
+#include "platform/gdi/LockBits.h"
+
+namespace vellumry::codecs {
+
+namespace {
+
+constexpr size_t kSignatureBytes = 8;
+// libpng allocates a text chunk's stated length before it reads it. A compressed text may
+// unpack to more than the file holds, but no key we read comes near a mebibyte.
+constexpr size_t kMinChunkLimit = size_t{1} << 20;
+constexpr uint32_t kIdat = 0x49444154;  // "IDAT"
+
+// Whether every chunk before the image data lies wholly in `bytes`, so that libpng never
+// allocates for a length that the file doesn't hold.
+bool ChunksBeforeImageFit(std::span<const uint8_t> bytes) {
+  const ByteReader reader(bytes);
+  uint64_t at = kSignatureBytes;
+  while (true) {
+    const auto length = reader.Be32(at), type = reader.Be32(at + 4);
+    if (!length || !type || !reader.Has(at + 8, uint64_t{*length} + 4)) return false;
+    if (*type == kIdat) return true;
+    at += uint64_t{*length} + 12;
+  }
+}
+
+// Collects what libpng writes, in memory.
+void WriteToMemory(png_structp png, png_bytep data, size_t length) {
+  auto* out = static_cast<std::vector<uint8_t>*>(png_get_io_ptr(png));
+  out->insert(out->end(), data, data + length);
+}
+void FlushNothing(png_structp) {}
+
+class Writer {
+ public:
+  Writer() {
+    png_ =
+        png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, pngio::OnError, pngio::OnWarning);
+    if (png_) info_ = png_create_info_struct(png_);
+  }
+  ~Writer() { png_destroy_write_struct(&png_, info_ ? &info_ : nullptr); }
+  bool ok() const { return png_ && info_; }
+  png_structp png() { return png_; }
+  png_infop info() { return info_; }
+
+ private:
+  png_structp png_ = nullptr;
+  png_infop info_ = nullptr;
+};
+
+// One row of `pixels` as R, G, B, A bytes with straight alpha.
+void RgbaRow(const gdi::Surface& pixels, int y, std::vector<uint8_t>& row) {
+  const uint32_t* in = pixels.Row(y);
+  const gdi::AlphaMode alpha = pixels.Alpha();
+  for (int x = 0; x < pixels.Width(); ++x) {
+    uint32_t p = in[x];
+    if (alpha == gdi::AlphaMode::kPremultiplied) p = gdi::Unpremultiply(p);
+    const bool opaque = alpha == gdi::AlphaMode::kOpaque || alpha == gdi::AlphaMode::kUnknown;
+    uint8_t* out = row.data() + static_cast<size_t>(x) * 4;
+    out[0] = gdi::RedOf(p);
+    out[1] = gdi::GreenOf(p);
+    out[2] = gdi::BlueOf(p);
+    out[3] = opaque ? 255 : gdi::AlphaOf(p);
+  }
+}
+
+}  // namespace
+
+Expected<PngTextKeys> ReadPngText(std::span<const uint8_t> bytes) {
+  if (bytes.size() < kSignatureBytes || png_sig_cmp(bytes.data(), 0, kSignatureBytes) != 0) {
+    return Error::kUnknownFormat;
+  }
+  if (!ChunksBeforeImageFit(bytes)) return Error::kTruncated;
+  pngio::Reader reader;
+  if (!reader.ok()) return Error::kCorrupt;
+  png_structp png = reader.png();
+  pngio::Input input{bytes, 0};
+  PngTextKeys keys;
+  if (setjmp(png_jmpbuf(png))) return Error::kCorrupt;
+  png_set_read_fn(png, &input, pngio::ReadFromMemory);
+  png_set_chunk_malloc_max(png, std::max(bytes.size(), kMinChunkLimit));
+  png_read_info(png, reader.info());
+  png_textp text = nullptr;
+  const int count = png_get_text(png, reader.info(), &text, nullptr);
+  for (int i = 0; i < count; ++i) {
+    if (!text[i].key) continue;
+    keys.emplace(text[i].key, text[i].text ? text[i].text : "");
+  }
+  return keys;
+}
+
+std::vector<uint8_t> EncodePng(const gdi::Surface& pixels, const PngTextKeys& keys) {
+  if (pixels.Empty()) return {};
+  Writer writer;
+  if (!writer.ok()) return {};
+  png_structp png = writer.png();
+  png_infop info = writer.info();
+  std::vector<uint8_t> out;
+  std::vector<uint8_t> row(static_cast<size_t>(pixels.Width()) * 4);
+  std::vector<png_text> text(keys.size());
+  if (setjmp(png_jmpbuf(png))) return {};
+  png_set_write_fn(png, &out, WriteToMemory, FlushNothing);
+  // Small pictures written as they are decoded: speed matters more than the last bytes.
+  png_set_compression_level(png, 1);
+  png_set_IHDR(png, info, static_cast<png_uint_32>(pixels.Width()),
+               static_cast<png_uint_32>(pixels.Height()), 8, PNG_COLOR_TYPE_RGB_ALPHA,
+               PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
+  size_t i = 0;
+  for (const auto& [key, value] : keys) {
+    text[i].compression = PNG_TEXT_COMPRESSION_NONE;
+    text[i].key = const_cast<char*>(key.c_str());
+    text[i].text = const_cast<char*>(value.c_str());
+    text[i].text_length = value.size();
+    ++i;
+  }
+  png_set_text(png, info, text.data(), static_cast<int>(text.size()));
+  png_write_info(png, info);
+  for (int y = 0; y < pixels.Height(); ++y) {
+    RgbaRow(pixels, y, row);
+    png_write_row(png, row.data());
+  }
+  png_write_end(png, nullptr);
+  return out;
+}
+
+}  // namespace vellumry::codecs
