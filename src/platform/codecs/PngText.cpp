@@ -70,6 +70,35 @@ void RgbaRow(const gdi::Surface& pixels, int y, std::vector<uint8_t>& row) {
   }
 }
 
+// Kept apart from anything with a destructor, which libpng's long jump on an error would skip.
+bool ReadChunksBeforeImage(png_structp png, png_infop info, pngio::Input& input) {
+  if (setjmp(png_jmpbuf(png))) return false;
+  png_set_read_fn(png, &input, pngio::ReadFromMemory);
+  png_set_chunk_malloc_max(png, std::max(input.bytes.size(), kMinChunkLimit));
+  png_read_info(png, info);
+  return true;
+}
+
+// Like ReadChunksBeforeImage, kept apart from anything with a destructor.
+bool WriteImage(png_structp png, png_infop info, const gdi::Surface& pixels,
+                std::vector<png_text>& text, std::vector<uint8_t>& row, std::vector<uint8_t>& out) {
+  if (setjmp(png_jmpbuf(png))) return false;
+  png_set_write_fn(png, &out, WriteToMemory, FlushNothing);
+  // Small pictures written as they are decoded: speed matters more than the last bytes.
+  png_set_compression_level(png, 1);
+  png_set_IHDR(png, info, static_cast<png_uint_32>(pixels.Width()),
+               static_cast<png_uint_32>(pixels.Height()), 8, PNG_COLOR_TYPE_RGB_ALPHA,
+               PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
+  png_set_text(png, info, text.data(), static_cast<int>(text.size()));
+  png_write_info(png, info);
+  for (int y = 0; y < pixels.Height(); ++y) {
+    RgbaRow(pixels, y, row);
+    png_write_row(png, row.data());
+  }
+  png_write_end(png, nullptr);
+  return true;
+}
+
 }  // namespace
 
 Expected<PngTextKeys> ReadPngText(std::span<const uint8_t> bytes) {
@@ -81,13 +110,10 @@ Expected<PngTextKeys> ReadPngText(std::span<const uint8_t> bytes) {
   if (!reader.ok()) return Error::kCorrupt;
   png_structp png = reader.png();
   pngio::Input input{bytes, 0};
-  PngTextKeys keys;
-  if (setjmp(png_jmpbuf(png))) return Error::kCorrupt;
-  png_set_read_fn(png, &input, pngio::ReadFromMemory);
-  png_set_chunk_malloc_max(png, std::max(bytes.size(), kMinChunkLimit));
-  png_read_info(png, reader.info());
+  if (!ReadChunksBeforeImage(png, reader.info(), input)) return Error::kCorrupt;
   png_textp text = nullptr;
   const int count = png_get_text(png, reader.info(), &text, nullptr);
+  PngTextKeys keys;
   for (int i = 0; i < count; ++i) {
     if (!text[i].key) continue;
     keys.emplace(text[i].key, text[i].text ? text[i].text : "");
@@ -99,18 +125,7 @@ std::vector<uint8_t> EncodePng(const gdi::Surface& pixels, const PngTextKeys& ke
   if (pixels.Empty()) return {};
   Writer writer;
   if (!writer.ok()) return {};
-  png_structp png = writer.png();
-  png_infop info = writer.info();
-  std::vector<uint8_t> out;
-  std::vector<uint8_t> row(static_cast<size_t>(pixels.Width()) * 4);
   std::vector<png_text> text(keys.size());
-  if (setjmp(png_jmpbuf(png))) return {};
-  png_set_write_fn(png, &out, WriteToMemory, FlushNothing);
-  // Small pictures written as they are decoded: speed matters more than the last bytes.
-  png_set_compression_level(png, 1);
-  png_set_IHDR(png, info, static_cast<png_uint_32>(pixels.Width()),
-               static_cast<png_uint_32>(pixels.Height()), 8, PNG_COLOR_TYPE_RGB_ALPHA,
-               PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
   size_t i = 0;
   for (const auto& [key, value] : keys) {
     text[i].compression = PNG_TEXT_COMPRESSION_NONE;
@@ -119,13 +134,9 @@ std::vector<uint8_t> EncodePng(const gdi::Surface& pixels, const PngTextKeys& ke
     text[i].text_length = value.size();
     ++i;
   }
-  png_set_text(png, info, text.data(), static_cast<int>(text.size()));
-  png_write_info(png, info);
-  for (int y = 0; y < pixels.Height(); ++y) {
-    RgbaRow(pixels, y, row);
-    png_write_row(png, row.data());
-  }
-  png_write_end(png, nullptr);
+  std::vector<uint8_t> row(static_cast<size_t>(pixels.Width()) * 4);
+  std::vector<uint8_t> out;
+  if (!WriteImage(writer.png(), writer.info(), pixels, text, row, out)) return {};
   return out;
 }
 
