@@ -134,25 +134,27 @@ uint32_t BandRows(TIFF* tif, uint32_t height) {
 // libtiff cuts one raw strip into small ones itself, so the band of a raw page says nothing of
 // what the file holds: raw pixels count only when they are there.
 bool RawPixelsInFile(TIFF* tif, const ImageInfo& info, uint64_t fileSize) {
-  uint16_t compression = COMPRESSION_NONE;
+  uint16_t compression = COMPRESSION_NONE, planes = PLANARCONFIG_CONTIG, samples = 1;
   TIFFGetFieldDefaulted(tif, TIFFTAG_COMPRESSION, &compression);
-  return compression != COMPRESSION_NONE || uint64_t{static_cast<uint32_t>(info.width)} *
-                                                    static_cast<uint32_t>(info.height) *
-                                                    static_cast<uint32_t>(info.bitsPerPixel) / 8 <=
-                                                fileSize;
+  if (compression != COMPRESSION_NONE) return true;
+  TIFFGetFieldDefaulted(tif, TIFFTAG_PLANARCONFIG, &planes);
+  TIFFGetFieldDefaulted(tif, TIFFTAG_SAMPLESPERPIXEL, &samples);
+  const uint64_t plane = TIFFVStripSize64(tif, static_cast<uint32_t>(info.height));
+  return plane > 0 && plane * (planes == PLANARCONFIG_SEPARATE ? samples : 1) <= fileSize;
 }
 
 // A shrunk decode holds the shrunk picture and one band of full-width rows; a full one, the
-// picture alone.
+// picture alone. A page too large to decode whole must also have its raw pixels in the file.
 bool FitsWhileShrinking(TIFF* tif, const ImageInfo& info, uint64_t reduction, uint64_t fileSize) {
-  if (reduction == 1) return FitsPixelBudget(info.width, info.height);
+  const bool fitsWhole = FitsPixelBudget(info.width, info.height);
+  if (reduction == 1) return fitsWhole;
   const uint64_t width = static_cast<uint32_t>(info.width);
   const uint64_t height = static_cast<uint32_t>(info.height);
   const uint64_t shrunk =
       (width + reduction - 1) / reduction * ((height + reduction - 1) / reduction);
   const uint64_t band = width * BandRows(tif, static_cast<uint32_t>(height));
   return width > 0 && height > 0 && shrunk + band <= kMaxPixelBytes / 4 &&
-         RawPixelsInFile(tif, info, fileSize);
+         (fitsWhole || RawPixelsInFile(tif, info, fileSize));
 }
 
 // libtiff packs R in the low byte; our pixels keep B there.
