@@ -148,12 +148,12 @@ TEST(ShrunkDecode, ThumbnailsMatchASmoothlyScaledFullDecode) {
   }
 }
 
-// A grey TIFF whose strips all share one stored strip, in which column x has grey x / 64: a
-// picture of any size in a file of one strip.
+// A grey TIFF whose strips all share one stored strip, in which column x has grey x / 64, packed
+// as runs of 64 bytes: a picture of any size (width a multiple of 64) in a file of one strip.
 std::vector<uint8_t> SharedStripTiff(uint32_t width, uint32_t height, uint32_t rowsPerStrip) {
   const uint32_t strips = (height + rowsPerStrip - 1) / rowsPerStrip;
   constexpr uint32_t kEntries = 9, kArraysAt = 8 + 2 + kEntries * 12 + 4;
-  const uint32_t stripAt = kArraysAt + strips * 8, stripBytes = width * rowsPerStrip;
+  const uint32_t stripAt = kArraysAt + strips * 8, stripBytes = width / 32 * rowsPerStrip;
   std::vector<uint8_t> out;
   const auto put = [&](uint32_t value, int bytes) {
     for (int i = 0; i < bytes; ++i) out.push_back(static_cast<uint8_t>(value >> (8 * i)));
@@ -162,13 +162,14 @@ std::vector<uint8_t> SharedStripTiff(uint32_t width, uint32_t height, uint32_t r
     put(tag, 2), put(type, 2), put(count, 4), put(value, 4);
   };
   put('I' | 'I' << 8, 2), put(42, 2), put(8, 4), put(kEntries, 2);
-  entry(256, 4, 1, width), entry(257, 4, 1, height), entry(258, 3, 1, 8), entry(259, 3, 1, 1);
+  entry(256, 4, 1, width), entry(257, 4, 1, height), entry(258, 3, 1, 8), entry(259, 3, 1, 32773);
   entry(262, 3, 1, 1), entry(273, 4, strips, kArraysAt), entry(277, 3, 1, 1);
   entry(278, 4, 1, rowsPerStrip), entry(279, 4, strips, kArraysAt + strips * 4);
   put(0, 4);
   for (uint32_t i = 0; i < strips; ++i) put(stripAt, 4);
   for (uint32_t i = 0; i < strips; ++i) put(stripBytes, 4);
-  for (uint32_t i = 0; i < stripBytes; ++i) put(i % width / 64, 1);
+  // 0xC1: the next byte 64 times.
+  for (uint32_t run = 0; run < stripBytes / 2; ++run) put(0xC1, 1), put(run % (width / 64), 1);
   return out;
 }
 

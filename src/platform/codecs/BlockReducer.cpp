@@ -43,9 +43,21 @@ void BlockReducer::AddRow(const uint32_t* row) {
   uint64_t* sum = sums_.data();
   for (int x = 0; x < sourceWidth_; sum += 4) {
     const int blockEnd = std::min(sourceWidth_, x + factor_);
+    if (!weighted_) {
+      uint64_t blue = 0, green = 0, red = 0, alpha = 0;
+      for (; x < blockEnd; ++x) {
+        const uint32_t p = row[x];
+        blue += p & 0xFF;
+        green += (p >> 8) & 0xFF;
+        red += (p >> 16) & 0xFF;
+        alpha += p >> 24;
+      }
+      sum[0] += blue, sum[1] += green, sum[2] += red, sum[3] += alpha;
+      continue;
+    }
     for (; x < blockEnd; ++x) {
       const uint32_t p = row[x];
-      const uint64_t weight = weighted_ ? gdi::AlphaOf(p) : 1;
+      const uint64_t weight = gdi::AlphaOf(p);
       sum[0] += gdi::BlueOf(p) * weight;
       sum[1] += gdi::GreenOf(p) * weight;
       sum[2] += gdi::RedOf(p) * weight;

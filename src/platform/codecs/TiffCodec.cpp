@@ -131,16 +131,30 @@ uint32_t BandRows(TIFF* tif, uint32_t height) {
   return rows == 0 || rows > height ? height : rows;
 }
 
+// libtiff cuts one raw strip into small ones itself, so the band of a raw page says nothing of
+// what the file holds: raw pixels count only when they are there.
+bool RawPixelsInFile(TIFF* tif, const ImageInfo& info, uint64_t fileSize) {
+  uint16_t compression = COMPRESSION_NONE, planes = PLANARCONFIG_CONTIG, samples = 1;
+  TIFFGetFieldDefaulted(tif, TIFFTAG_COMPRESSION, &compression);
+  if (compression != COMPRESSION_NONE) return true;
+  TIFFGetFieldDefaulted(tif, TIFFTAG_PLANARCONFIG, &planes);
+  TIFFGetFieldDefaulted(tif, TIFFTAG_SAMPLESPERPIXEL, &samples);
+  const uint64_t plane = TIFFVStripSize64(tif, static_cast<uint32_t>(info.height));
+  return plane > 0 && plane * (planes == PLANARCONFIG_SEPARATE ? samples : 1) <= fileSize;
+}
+
 // A shrunk decode holds the shrunk picture and one band of full-width rows; a full one, the
-// picture alone.
-bool FitsWhileShrinking(TIFF* tif, const ImageInfo& info, uint64_t reduction) {
-  if (reduction == 1) return FitsPixelBudget(info.width, info.height);
+// picture alone. A page too large to decode whole must also have its raw pixels in the file.
+bool FitsWhileShrinking(TIFF* tif, const ImageInfo& info, uint64_t reduction, uint64_t fileSize) {
+  const bool fitsWhole = FitsPixelBudget(info.width, info.height);
+  if (reduction == 1) return fitsWhole;
   const uint64_t width = static_cast<uint32_t>(info.width);
   const uint64_t height = static_cast<uint32_t>(info.height);
   const uint64_t shrunk =
       (width + reduction - 1) / reduction * ((height + reduction - 1) / reduction);
   const uint64_t band = width * BandRows(tif, static_cast<uint32_t>(height));
-  return width > 0 && height > 0 && shrunk + band <= kMaxPixelBytes / 4;
+  return width > 0 && height > 0 && shrunk + band <= kMaxPixelBytes / 4 &&
+         (fitsWhole || RawPixelsInFile(tif, info, fileSize));
 }
 
 // libtiff packs R in the low byte; our pixels keep B there.
@@ -189,7 +203,10 @@ Expected<ImageInfo> ProbeTiff(std::span<const uint8_t> bytes) {
   if (!info) return info;
   if (info->width == 0 || info->height == 0) return Error::kCorrupt;
   // Shrunk far enough, a page is within the budget unless one band of it isn't.
-  if (!FitsWhileShrinking(tif.get(), *info, uint64_t{1} << 31)) return Error::kTooLarge;
+  if (!FitsPixelBudget(info->width, info->height) &&
+      !FitsWhileShrinking(tif.get(), *info, uint64_t{1} << 31, bytes.size())) {
+    return Error::kTooLarge;
+  }
   info->frameCount = static_cast<int>(std::min<tdir_t>(TIFFNumberOfDirectories(tif.get()), 0xFFFF));
   MakeUpright(*info, OrientationOf(tif.get()));
   return info;
@@ -209,7 +226,7 @@ Expected<Decoded> DecodeTiff(std::span<const uint8_t> bytes, int page, const Len
   Decoded out;
   out.info = *info;
   if (out.info.width == 0 || out.info.height == 0) return Error::kCorrupt;
-  if (!FitsWhileShrinking(tif.get(), out.info, static_cast<uint64_t>(reduction))) {
+  if (!FitsWhileShrinking(tif.get(), out.info, static_cast<uint64_t>(reduction), bytes.size())) {
     return Error::kTooLarge;
   }
   char message[1024];
