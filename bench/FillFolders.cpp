@@ -1,7 +1,5 @@
 #include "FillFolders.h"
 
-#include <tiffio.h>
-
 #include <algorithm>
 #include <atomic>
 #include <cmath>
@@ -46,29 +44,6 @@ void Write(const std::string& path, const std::vector<uint8_t>& bytes) {
              static_cast<std::streamsize>(bytes.size()));
 }
 
-// An RGB TIFF, LZW with horizontal differencing, `rowsPerStrip` rows a strip; `row(y, rgb)` fills
-// row y.
-void WriteTiff(const std::string& path, int width, int height, int rowsPerStrip,
-               const std::function<void(int, uint8_t*)>& row) {
-  TIFF* tiff = TIFFOpen(path.c_str(), "w");
-  if (!tiff) return;
-  TIFFSetField(tiff, TIFFTAG_IMAGEWIDTH, width);
-  TIFFSetField(tiff, TIFFTAG_IMAGELENGTH, height);
-  TIFFSetField(tiff, TIFFTAG_SAMPLESPERPIXEL, 3);
-  TIFFSetField(tiff, TIFFTAG_BITSPERSAMPLE, 8);
-  TIFFSetField(tiff, TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_RGB);
-  TIFFSetField(tiff, TIFFTAG_PLANARCONFIG, PLANARCONFIG_CONTIG);
-  TIFFSetField(tiff, TIFFTAG_COMPRESSION, COMPRESSION_LZW);
-  TIFFSetField(tiff, TIFFTAG_PREDICTOR, PREDICTOR_HORIZONTAL);
-  TIFFSetField(tiff, TIFFTAG_ROWSPERSTRIP, rowsPerStrip);
-  std::vector<uint8_t> rgb(static_cast<size_t>(width) * 3);
-  for (int y = 0; y < height; ++y) {
-    row(y, rgb.data());
-    TIFFWriteScanline(tiff, rgb.data(), static_cast<uint32_t>(y), 0);
-  }
-  TIFFClose(tiff);
-}
-
 void Jpeg(int i, const std::string& path) {
   Write(path, images::MakeJpeg(Scene(4000, 3000, i), 85));
 }
@@ -82,25 +57,21 @@ void Bmp32(int i, const std::string& path) {
 }
 
 void Tiff6(int i, const std::string& path) {
-  const gdi::Surface scene = Scene(3000, 2000, i);
-  WriteTiff(path, 3000, 2000, 16, [&](int y, uint8_t* rgb) {
-    for (int x = 0; x < 3000; ++x, rgb += 3) {
-      const uint32_t p = scene.Pixel(x, y);
-      rgb[0] = gdi::RedOf(p), rgb[1] = gdi::GreenOf(p), rgb[2] = gdi::BlueOf(p);
-    }
-  });
+  Write(path, images::MakeTiff(Scene(3000, 2000, i), {.rowsPerStrip = 16, .predictor = true}));
 }
 
 // A scan of 10,000 x 10,000: flat tiles of 125 pixels, which LZW keeps small.
 void Tiff100(int i, const std::string& path) {
   constexpr int kSide = 10000, kTile = 125;
-  WriteTiff(path, kSide, kSide, 64, [&](int y, uint8_t* rgb) {
-    for (int x = 0; x < kSide; ++x, rgb += 3) {
-      const int tile = (x / kTile) * 7 + (y / kTile) * 13 + i;
-      rgb[0] = static_cast<uint8_t>(tile * 29), rgb[1] = static_cast<uint8_t>(tile * 53),
-      rgb[2] = static_cast<uint8_t>(y * 255 / kSide);
-    }
-  });
+  const images::TiffLayout layout{.rowsPerStrip = 64, .predictor = true};
+  Write(path, images::MakeTiff(kSide, kSide, layout, [&](int y, uint32_t* row) {
+          for (int x = 0; x < kSide; ++x) {
+            const int tile = (x / kTile) * 7 + (y / kTile) * 13 + i;
+            row[x] =
+                gdi::Argb(255, static_cast<uint8_t>(tile * 29), static_cast<uint8_t>(tile * 53),
+                          static_cast<uint8_t>(y * 255 / kSide));
+          }
+        }));
 }
 
 // 1024 x 768 in the four colours of the test GIFs: rings.

@@ -48,6 +48,7 @@ struct TiffLayout {
   int tileSize = 0;      // a multiple of 16; 0: strips
   int orientation = 1;   // stored as is: the pixels given are the stored ones
   bool lzw = true;
+  bool predictor = false;  // horizontal differencing, with LZW
 };
 // Writes row y (our pixels) into `row`.
 using TiffRowMaker = std::function<void(int y, uint32_t* row)>;

@@ -100,6 +100,7 @@ std::vector<uint8_t> MakeTiff(int width, int height, const TiffLayout& layout,
   TIFFSetField(tif, TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_RGB);
   TIFFSetField(tif, TIFFTAG_PLANARCONFIG, PLANARCONFIG_CONTIG);
   TIFFSetField(tif, TIFFTAG_COMPRESSION, layout.lzw ? COMPRESSION_LZW : COMPRESSION_NONE);
+  if (layout.lzw && layout.predictor) TIFFSetField(tif, TIFFTAG_PREDICTOR, PREDICTOR_HORIZONTAL);
   TIFFSetField(tif, TIFFTAG_ORIENTATION, layout.orientation);
   if (layout.tileSize > 0) {
     TIFFSetField(tif, TIFFTAG_TILEWIDTH, layout.tileSize);
