@@ -221,6 +221,12 @@ void Driver::runLine(const std::string& line, int lineNo) {
     ++errors_;
     print("error " + std::to_string(lineNo) + ": " + e.Description);
   }
+  if (program_ && afterCommand) {
+    if (const auto disagreement = afterCommand()) {
+      ++errors_;
+      print("screen: " + *disagreement);
+    }
+  }
   if (program_ && program_->runtime.ended() && !endPrinted_) {
     endPrinted_ = true;
     print("end");
@@ -252,6 +258,7 @@ bool Driver::setUpCommand(const Args& a) {
     program_->runtime.onUncaught = [this](const tk::Error& e) {
       print("uncaught " + std::to_string(e.Number) + ": " + e.Description);
     };
+    if (onStart) onStart(*program_);
     Main(*program_);
   } else if (verb == "wait") {
     need(a, 2, "wait MS");

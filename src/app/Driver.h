@@ -4,7 +4,9 @@
 // asked for. The command set is documented in the README.
 
 #include <iosfwd>
+#include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -26,6 +28,10 @@ class Driver {
 
   // Takes the picture of the screen; set by the presenter's side when it is linked in.
   std::function<bool(Program&, const std::string& png)> shot;
+  // Set by a live screen: told of the program once it is made, before its entry runs; and asked
+  // after every command what the screen shows that the model doesn't, which fails the line.
+  std::function<void(Program&)> onStart;
+  std::function<std::optional<std::string>()> afterCommand;
 
  private:
   using Args = std::vector<std::string>;

@@ -25,12 +25,12 @@ int main(int argc, char** argv) {
   vellumry::Program program(host, tk::EventLoop::Clock::Real,
                             tk::Screen::ofPixels(area.width(), area.height()), places);
   presenter::Presenter presenter(program.runtime);
+  presenter.setTaskbarForm("Form0");
   host.setPresenter(&presenter);
   presenter.onProgramEnded = [&app] { app.quit(); };
   presenter::ClockDriver clock(program.runtime.loop());
   vellumry::Main(program);
   if (program.runtime.ended()) return 0;
-  presenter.setTaskbarForm(program.Form0.form());
   clock.arm();
   return app.exec();
 }

@@ -87,6 +87,8 @@ void Form3::Form_Load() {
 }
 
 void Form3::pLoad(const std::string& sFileName) {
+  // The new animation starts on a bare picture box, not over the last frame of the one before.
+  clearPicture();
   gifViewer = std::make_unique<cGIFViewer>(program_);
   const int32_t n = gifViewer->LoadGIF(sFileName, 0, this, &runtime().loop());
   if (n >= 1) {
@@ -123,6 +125,9 @@ void Form3::Rendered(int32_t, int32_t FrameIndex, int32_t Message, int32_t MsgVa
 
 void Form3::setBackground(int32_t StretchMode) {
   if (!gifViewer) return;
+  // A rebuilt cache starts from the background, around it as much as under it: nothing of
+  // what the old size drew stays on the picture box.
+  gdi::Fill(canvas_, {0, 0, canvas_.Width(), canvas_.Height()}, tk::pixelOf(picBkg.BackColor()));
   const tk::Screen& screen = runtime().screen();
   const auto px = [&](double twips) {
     return static_cast<int32_t>(tk::roundHalfEven(twips / screen.TwipsPerPixelX));

@@ -1,4 +1,4 @@
-// The example script of the README runs as written and prints what it says.
+// The driver's scripts run as written and print what they say.
 #include <QColor>
 #include <QImage>
 #include <fstream>
@@ -9,6 +9,7 @@
 
 #include "ProgramFixture.h"
 #include "app/Driver.h"
+#include "app/LiveScreen.h"
 #include "app/ScriptWords.h"
 #include "codecs/TestImages.h"
 #include "platform/gdi/FileWriters.h"
@@ -60,7 +61,9 @@ std::string filledIn(std::string text, const std::string& placeholder, const std
 }
 }  // namespace
 
-class DriverScriptTest : public ProgramFixture {
+// Each script runs headless, and again with the windows on screen following every step: the
+// screen must say what the model says, so the output is the same.
+class DriverScriptTest : public ProgramFixture, public ::testing::WithParamInterface<bool> {
  protected:
   // Runs tests/scripts/NAME.drive with this test's folders filled in; expects `errors` lines
   // to fail and the driver to print NAME.expected, filled in alike.
@@ -81,18 +84,20 @@ class DriverScriptTest : public ProgramFixture {
     std::istringstream in(fill(script));
     std::ostringstream out;
     vellumry::Driver driver(out);
+    std::optional<LiveScreen> screen;
+    if (GetParam()) screen.emplace(driver);
     EXPECT_EQ(driver.run(in), errors);
     EXPECT_EQ(out.str(),
               fill(readFile("tests/scripts/" + name + ".expected"), more ? more() : Fills{}));
   }
 };
 
-TEST_F(DriverScriptTest, Grid57RunsAsDocumented) {
+TEST_P(DriverScriptTest, Grid57RunsAsDocumented) {
   makeFiles(57);
   expectScript("grid57", 1);  // the one line that asks for what isn't there
 }
 
-TEST_F(DriverScriptTest, EveryKindOfPictureOfTheEngine) {
+TEST_P(DriverScriptTest, EveryKindOfPictureOfTheEngine) {
   using codecs::testing::IconFile;
   using codecs::testing::IconImageBytes;
   writeFile(pictures / "a-sizes.ico", IconFile(1, {{IconImageBytes(16, 0x800000FF)},
@@ -106,7 +111,7 @@ TEST_F(DriverScriptTest, EveryKindOfPictureOfTheEngine) {
   expectScript("engine", 0);
 }
 
-TEST_F(DriverScriptTest, PhotosOnTheirSideStandUpright) {
+TEST_P(DriverScriptTest, PhotosOnTheirSideStandUpright) {
   const std::filesystem::path images = "../shared/corpus/pillow/Tests/images";
   if (!std::filesystem::exists(images / "g4_orientation_6.tif")) GTEST_SKIP() << "no corpus";
   std::filesystem::copy_file(images / "g4_orientation_6.tif", pictures / "a.tif");
@@ -115,12 +120,12 @@ TEST_F(DriverScriptTest, PhotosOnTheirSideStandUpright) {
 }
 
 // The link list's whole life in the driver, with the file checked byte for byte after each step.
-TEST_F(DriverScriptTest, LinksScenarioKeepsTheFileInStep) {
+TEST_P(DriverScriptTest, LinksScenarioKeepsTheFileInStep) {
   for (const char* folder : {"pictures", "Alps 2019", "beach", "City"}) makeFiles(2, root / folder);
   expectScript("links", 0);
 }
 
-TEST_F(DriverScriptTest, ViewerRunsAsWritten) {
+TEST_P(DriverScriptTest, ViewerRunsAsWritten) {
   for (const char* name : {"a.png", "b.png", "c.png", "d.png", "e.png"}) {
     const bool big = name[0] == 'a';
     QImage image(big ? 2000 : 64, big ? 1900 : 48, QImage::Format_RGB32);
@@ -133,7 +138,7 @@ TEST_F(DriverScriptTest, ViewerRunsAsWritten) {
 }
 
 // The dates of the file information stand as the desktop writes them, read after the run.
-TEST_F(DriverScriptTest, DialogsScenario) {
+TEST_P(DriverScriptTest, DialogsScenario) {
   std::ofstream(iniPath(), std::ios::trunc)
       << "[Settings]\nrows=10\ngformc=4210752\ngselfrc=33023\nslsh=5\ndest=\nInw=<\n";
   writeFile(pictures / "a.BMP", bmp32(0xFF204060));
@@ -162,7 +167,7 @@ TEST_F(DriverScriptTest, DialogsScenario) {
   });
 }
 
-TEST_F(DriverScriptTest, GifWindowPlaysPausesStepsAndStops) {
+TEST_P(DriverScriptTest, GifWindowPlaysPausesStepsAndStops) {
   using codecs::testing::GifFrameSpec;
   const auto solid = [](uint8_t index, int delay) {
     return GifFrameSpec{0, 0, 2, 2, std::vector<uint8_t>(4, index), delay};
@@ -173,7 +178,9 @@ TEST_F(DriverScriptTest, GifWindowPlaysPausesStepsAndStops) {
   expectScript("gif", 0);
 }
 
-TEST_F(DriverScriptTest, ActionsOnWhatBlocksAndEnds) {
+using DriverTest = ProgramFixture;
+
+TEST_F(DriverTest, ActionsOnWhatBlocksAndEnds) {
   std::istringstream in("home " + home.string() + "\npictures " + pictures.string() +
                         "\nstart\nanswer 7\nwait 500\ndump Form0\nclick Form1.Image4\n"
                         "get Form1.Visible\n");
@@ -190,7 +197,7 @@ TEST_F(DriverScriptTest, ActionsOnWhatBlocksAndEnds) {
 
 // Ten files, three marked and one mark taken back. Closed with Yes, the two marked files go to
 // the trash and the other eight stay byte for byte; closed with Cancel and then No, all ten stay.
-TEST_F(DriverScriptTest, MarkedFilesLeaveOnlyAfterYes) {
+TEST_P(DriverScriptTest, MarkedFilesLeaveOnlyAfterYes) {
   struct Case {
     std::string script;
     std::set<std::string> gone;
@@ -213,6 +220,9 @@ TEST_F(DriverScriptTest, MarkedFilesLeaveOnlyAfterYes) {
     }
   }
 }
+
+INSTANTIATE_TEST_SUITE_P(, DriverScriptTest, ::testing::Bool(),
+                         [](const auto& info) { return info.param ? "Live" : "Headless"; });
 
 TEST(ScriptWords, SplitsAtBlanksAndReadsJsonStrings) {
   EXPECT_EQ(vellumry::splitWords("type Form1.Text1 \"a b\\\"c\\u00e9\"  x"),

@@ -104,6 +104,7 @@ TEST(QtHostPopup, ShowsVisibleEntriesWithSeparatorsGreyAndChecksAndReturnsThePic
 TEST(QtHostSaveFile, FiltersBecomeQtFilters) {
   EXPECT_EQ(presenter::qtFileFilter("Bitmap|*.bmp|All|*.*"), "Bitmap (*.bmp);;All (*.*)");
   EXPECT_EQ(presenter::qtFileFilter("Pictures|*.jpg;*.png"), "Pictures (*.jpg *.png)");
+  EXPECT_EQ(presenter::qtFileFilter("Files (*.jpg)|*.jpg"), "Files (*.jpg)");
   EXPECT_EQ(presenter::qtFileFilter(""), "");
   EXPECT_EQ(presenter::qtFileFilter("Lonely"), "");  // a name without patterns stands for nothing
 }

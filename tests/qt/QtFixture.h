@@ -27,8 +27,9 @@
 // A form with one control of each kind the presenter shows, writing down what it sees.
 class PanelForm : public vellumry::tk::Form {
  public:
-  PanelForm(vellumry::tk::Runtime& rt, std::vector<std::string>& log)
-      : Form(rt, "PanelForm"), log_(log) {
+  PanelForm(vellumry::tk::Runtime& rt, std::vector<std::string>& log,
+            std::string name = "PanelForm")
+      : Form(rt, std::move(name)), log_(log) {
     setBorderStyle(0);
     Move(1500, 3000, 6000, 4500);
     Frame1.Move(150, 300, 3000, 3000);

@@ -53,6 +53,12 @@ ContainerView::Item* ContainerView::itemOf(const tk::Control& c) {
   return it == windowless_.end() ? nullptr : &*it;
 }
 
+std::optional<QRect> ContainerView::shownRect(const tk::Control& c) const {
+  for (const Item& item : windowless_)
+    if (item.control == &c) return item.shown;
+  return std::nullopt;
+}
+
 QRect ContainerView::rectOf(const tk::Control& c) const { return pixelRect(c); }
 
 void ContainerView::addWindowless(tk::Control& c, uint64_t order) {
@@ -144,6 +150,7 @@ QPointF ContainerView::pointFor(const tk::Control& c, QPoint pos) const {
 void ContainerView::mousePressEvent(QMouseEvent* event) {
   const QPoint pos = event->position().toPoint();
   if (!control_ || overChildWidget(pos) || !buttonOf(event->button())) return event->ignore();
+  presenter_.notePress(this);
   tk::Control* target = hit(pos);
   pressed_ = target;
   pressedTwice_ = false;
@@ -156,7 +163,8 @@ void ContainerView::mousePressEvent(QMouseEvent* event) {
 void ContainerView::mouseDoubleClickEvent(QMouseEvent* event) {
   const QPoint pos = event->position().toPoint();
   if (!control_ || overChildWidget(pos)) return event->ignore();
-  if (event->button() != Qt::LeftButton) return mousePressEvent(event);
+  if (event->button() != Qt::LeftButton || !presenter_.pressedLast(this))
+    return mousePressEvent(event);
   tk::Control* target = hit(pos);
   pressed_ = target;
   pressedTwice_ = true;

@@ -6,6 +6,7 @@
 #include <QImage>
 #include <QWidget>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "platform/qt/WindowlessPainter.h"
@@ -35,6 +36,8 @@ class ContainerView : public QWidget {
   // The picture box's picture changed.
   void pictureChanged();
   size_t windowlessCount() const { return windowless_.size(); }
+  // Where windowless control `c` is painted, in pixels of this widget; nothing when it isn't.
+  std::optional<QRect> shownRect(const tk::Control& c) const;
   const WindowlessPainter& painter() const { return painter_; }
 
  protected:

@@ -72,9 +72,13 @@ bool ControlTap::mouse(QEvent* event) {
   const int shift = shiftMaskOf(m->modifiers());
   const int button = buttonOf(m->button());
   presenter_.noteInput(c);
-  switch (event->type()) {
+  QEvent::Type type = event->type();
+  if (type == QEvent::MouseButtonDblClick && !presenter_.pressedLast(mouseObject_))
+    type = QEvent::MouseButtonPress;
+  switch (type) {
     case QEvent::MouseButtonPress:
       if (!button) return true;
+      presenter_.notePress(mouseObject_);
       tk::user::mouseDown(c, button, shift, at.x(), at.y());
       // A right or middle press on a list leaves its selection alone.
       return !presenter_.alive(&c) || (isList(c) && button != tk::user::kLeftButton);

@@ -4,6 +4,8 @@
 #include <QLineEdit>
 #include <QPainterPath>
 #include <QRegion>
+#include <QTimer>
+#include <QWindow>
 #include <QWidget>
 #include <algorithm>
 
@@ -24,6 +26,8 @@ namespace vellumry::presenter {
 
 namespace {
 namespace prop = tk::prop;
+
+constexpr double kDesignPointSize = 8;
 
 bool isContainer(const tk::Control& c) {
   return c.kind() == tk::Kind::Frame || c.kind() == tk::Kind::PictureBox;
@@ -54,12 +58,17 @@ Qt::CursorShape cursorOf(int mousePointer) {
 }  // namespace
 
 Presenter::Presenter(tk::Runtime& runtime) : runtime_(runtime) {
+  QObject::connect(qApp, &QGuiApplication::focusWindowChanged, &context_,
+                   [this](QWindow* now) { focusMoved(now); });
   runtime_.setObserver(this);
   for (tk::Form* form : runtime_.Forms()) formLoaded(*form);
 }
 
 Presenter::~Presenter() {
   if (runtime_.observer() == this) runtime_.setObserver(nullptr);
+  // A window inside another would be deleted with its owner: take it out first.
+  for (FormWindow* window : stack_)
+    if (window->parentWidget()) window->setParent(nullptr);
   for (FormWindow* window : std::vector<FormWindow*>(stack_)) delete window;
 }
 
@@ -79,17 +88,26 @@ ContainerView* Presenter::containerView(const tk::Control* container) const {
   return it == entries_.end() ? nullptr : static_cast<ContainerView*>(it->second.widget);
 }
 
+bool Presenter::isTaskbarForm(const tk::Form& form) const { return form.Name() == taskbarName_; }
+
+bool Presenter::shownOnScreen(const tk::Form& form) const {
+  if (!form.Visible()) return false;
+  if (form.OwnerForm()) return shownOnScreen(*form.OwnerForm());
+  return !isTaskbarForm(form) || form.WindowState() == 1;
+}
+
 std::vector<const FormWindow*> Presenter::zOrder() const {
   std::vector<const FormWindow*> out;
-  for (const FormWindow* w : stack_) {
+  for (const FormWindow* w : raised_) {
     const tk::Form* f = w->form();
     // A window inside another is drawn with its owner.
-    if (f && f->Visible() && f->WindowState() != 1 && !f->OwnerForm()) out.push_back(w);
+    if (f && shownOnScreen(*f) && f->WindowState() != 1 && !f->OwnerForm()) out.push_back(w);
   }
   return out;
 }
 
 tk::Form* Presenter::keyForm(const FormWindow& window) const {
+  if (window.form() && window.form() == runtime_.ActiveForm()) return runtime_.KeyForm();
   for (auto it = stack_.rbegin(); it != stack_.rend(); ++it) {
     tk::Form* f = (*it)->form();
     if (f && f->Visible() && f->OwnerForm() == window.form()) return f;
@@ -105,11 +123,10 @@ QRect Presenter::screenRect(const tk::Form& form) const {
           static_cast<int>(tk::roundHalfEven(s.Height / s.TwipsPerPixelY))};
 }
 
-void Presenter::setTaskbarForm(tk::Form& form) {
-  taskbarForm_ = &form;
+void Presenter::setTaskbarForm(const std::string& name) {
+  taskbarName_ = name;
   for (FormWindow* w : std::vector<FormWindow*>(stack_))
     if (tk::Form* f = w->form()) applyFlags(*w, *f);
-  if (FormWindow* w = window(form)) w->setWindowTitle(QString::fromStdString(form.Caption()));
 }
 
 void Presenter::noteInput(tk::Control& c) { inputForm_ = &c.form(); }
@@ -131,24 +148,59 @@ void Presenter::userClose(tk::Form& form) {
 
 void Presenter::windowStateChanged(FormWindow& window) {
   tk::Form* f = window.form();
-  if (!f || f != taskbarForm_) return;
+  if (!f || !isTaskbarForm(*f)) return;
   const int wanted = window.isMinimized() ? 1 : 0;
   if (f->WindowState() == wanted || (wanted == 0 && f->WindowState() == 2)) return;
-  runtime_.dispatch([f, wanted] { f->setWindowState(wanted); });
+  // After the window's own restoring is through, so that the model may hide it again.
+  QTimer::singleShot(0, &context_, [this, f, wanted] {
+    if (alive(f) && f->WindowState() != wanted)
+      runtime_.dispatch([f, wanted] { f->setWindowState(wanted); });
+  });
 }
 
 void Presenter::activated(FormWindow& window) {
-  raise(window);
   // Some desktops tell a restore from the task bar only by activating the window.
   windowStateChanged(window);
 }
 
-void Presenter::raise(const FormWindow& window) {
-  auto it = std::find(stack_.begin(), stack_.end(), &window);
-  if (it == stack_.end()) return;
-  FormWindow* w = *it;
-  stack_.erase(it);
-  stack_.push_back(w);
+void Presenter::focusMoved(QWindow* now) {
+  // Windows of forms that are going count too: the keyboard may reach them on their way out.
+  const QWidgetList windows = QApplication::topLevelWidgets();
+  const bool ours = now && std::any_of(windows.begin(), windows.end(), [now](QWidget* w) {
+                      return w->windowHandle() == now && dynamic_cast<FormWindow*>(w);
+                    });
+  // The model says which window has the keyboard: a desktop that hands it to another of ours,
+  // or to none as one of ours comes or goes, gives it back once its events are through. A
+  // program of someone else's that the user turns to keeps it.
+  if (ours || (!now && windowsMoved_))
+    QTimer::singleShot(0, &context_, [this] { activateModelsForm(); });
+  windowsMoved_ = false;
+}
+
+void Presenter::activateModelsForm() {
+  const tk::Form* active = runtime_.ActiveForm();
+  FormWindow* w = active ? window(*active) : nullptr;
+  if (!w || !w->isVisible() || w->isActiveWindow() || QApplication::activeModalWidget() ||
+      QApplication::activePopupWidget())
+    return;
+  w->activateWindow();
+}
+
+void Presenter::stackingChanged() {
+  windowsMoved_ = true;
+  stack_.clear();
+  for (tk::Form* f : runtime_.Stacking())
+    if (FormWindow* w = window(*f)) stack_.push_back(w);
+  // Raise the shown windows bottom first, only when their order changed: each raise restacks.
+  std::vector<const FormWindow*> shown;
+  for (FormWindow* w : stack_)
+    if (w->isVisible() && !w->isMinimized()) shown.push_back(w);
+  if (shown != raised_) {
+    for (const FormWindow* w : shown) const_cast<FormWindow*>(w)->raise();
+    raised_ = shown;
+  }
+  // Once the model's event is over: a window shown and gone within it never takes the keyboard.
+  QTimer::singleShot(0, &context_, [this] { activateModelsForm(); });
 }
 
 // --- the model's changes -------------------------------------------------------------------
@@ -157,6 +209,7 @@ void Presenter::formLoaded(tk::Form& form) {
   auto* w = new FormWindow(*this, form);
   entries_[&form] = Entry{w};
   stack_.push_back(w);
+  if (isTaskbarForm(form)) w->setWindowIcon(QApplication::windowIcon());
   applyFlags(*w, form);
   applyRegion(*w, form);
   applyFont(*w, form);
@@ -179,6 +232,7 @@ void Presenter::dropWindow(const tk::Form& form) {
     if (inner != w && inner->parentWidget() == w) inner->setParent(nullptr);
   if (inputForm_ == &form) inputForm_ = nullptr;
   stack_.erase(std::remove(stack_.begin(), stack_.end(), w), stack_.end());
+  raised_.erase(std::remove(raised_.begin(), raised_.end(), w), raised_.end());
   w->detach();
   w->hide();
   // The window may be inside one of its own handlers now.
@@ -292,6 +346,9 @@ void Presenter::propertyChanged(tk::Control& c, tk::PropertyName property) {
     static_cast<ContainerView*>(w)->pictureChanged();
   } else if (property == prop::MousePointer && c.kind() == tk::Kind::PictureBox) {
     w->setCursor(cursorOf(static_cast<const tk::PictureBox&>(c).MousePointer()));
+  } else if (property == prop::SelStart || property == prop::SelLength) {
+    const auto& box = static_cast<const tk::TextBox&>(c);
+    static_cast<QLineEdit*>(w)->setSelection(box.SelStart(), box.SelLength());
   } else if (entry.tap) {
     syncWindowed(w, c, property == prop::List);
   } else {
@@ -337,29 +394,32 @@ void Presenter::placeWindow(FormWindow& window, const tk::Form& form) {
 void Presenter::applyOwner(FormWindow& window, const tk::Form& form) {
   FormWindow* owner = form.OwnerForm() ? this->window(*form.OwnerForm()) : nullptr;
   if (window.parentWidget() == owner) return;
-  const bool shown = form.Visible();
-  window.setParent(owner);  // this hides the window
+  window.setParent(owner);
   applyFlags(window, form);
-  if (shown) showWindow(window, form);
+  // A child that isn't hidden by name would show with its owner.
+  if (form.Visible())
+    showWindow(window, form);
+  else
+    window.hide();
 }
 
 void Presenter::applyFlags(FormWindow& window, const tk::Form& form) {
   if (form.OwnerForm()) return;  // a child window has no frame or flags of its own
-  Qt::WindowFlags flags = taskbarForm_ && taskbarForm_ != &form ? Qt::Tool : Qt::Window;
+  Qt::WindowFlags flags = taskbarName_.empty() || isTaskbarForm(form) ? Qt::Window : Qt::Tool;
   if (form.BorderStyle() == 0) flags |= Qt::FramelessWindowHint;
   if (form.TopMost()) flags |= Qt::WindowStaysOnTopHint;
   const Qt::WindowFlags mask =
       Qt::WindowType_Mask | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
   if ((window.windowFlags() & mask) == flags) return;
-  const bool shown = window.isVisible();
   window.setWindowFlags(flags);  // this hides the window
-  if (shown) showWindow(window, form);
+  if (form.Visible()) showWindow(window, form);
 }
 
 void Presenter::applyFont(FormWindow& window, const tk::Form& form) {
   QFont font = QApplication::font();
   if (!form.FontName().empty()) font.setFamily(QString::fromStdString(form.FontName()));
-  if (form.FontSize() > 0) font.setPointSizeF(form.FontSize());
+  // The forms are laid out in twips for captions of 8 points where they name no size.
+  font.setPointSizeF(form.FontSize() > 0 ? form.FontSize() : kDesignPointSize);
   window.setFont(font);  // the controls take it from their window
 }
 
@@ -374,16 +434,17 @@ void Presenter::applyRegion(FormWindow& window, const tk::Form& form) {
 void Presenter::showWindow(FormWindow& window, const tk::Form& form) {
   if (form.WindowState() == 1) {
     window.showMinimized();
-    return;
+  } else if (isTaskbarForm(form)) {
+    window.hide();  // parked: at work it is never seen
+  } else {
+    placeWindow(window, form);
+    if (window.isMinimized())
+      window.showNormal();
+    else
+      window.show();
+    if (form.OwnerForm()) window.raise();
   }
-  placeWindow(window, form);
-  if (window.isMinimized())
-    window.showNormal();
-  else
-    window.show();
-  raise(window);
-  window.raise();
-  if (!form.OwnerForm()) window.activateWindow();
+  stackingChanged();
 }
 
 void Presenter::focusChanged(tk::Form& form) {

@@ -9,7 +9,9 @@
 // runtime's forms (or after the program has ended).
 
 #include <QObject>
+#include <QPointer>
 #include <QRect>
+#include <string>
 #include <functional>
 #include <unordered_map>
 #include <vector>
@@ -17,6 +19,7 @@
 #include "platform/toolkit/Observer.h"
 
 class QWidget;
+class QWindow;
 
 namespace vellumry::tk {
 class Control;
@@ -40,9 +43,15 @@ class Presenter final : public tk::Observer {
 
   tk::Runtime& runtime() const { return runtime_; }
 
-  // Only this form's window gets a task-bar entry; its title follows its Caption. The user's
-  // minimising and restoring set its WindowState; closing it unloads it (it may refuse).
-  void setTaskbarForm(tk::Form& form);
+  // The form named `name` stands for the program on the task bar, as a window that is never
+  // seen at work: it shows only while minimised, as the task-bar entry, and its title follows
+  // its Caption. The user's restoring sets its WindowState; closing it unloads it (it may
+  // refuse). Name it before the form loads, so no window changes its kind once shown.
+  void setTaskbarForm(const std::string& name);
+  bool isTaskbarForm(const tk::Form& form) const;
+  // Whether the model has `form`'s window on the screen (the task-bar form only when minimised,
+  // a form inside another only while its owner is).
+  bool shownOnScreen(const tk::Form& form) const;
   // Told when the program has ended; every window is gone by then.
   std::function<void()> onProgramEnded;
 
@@ -50,13 +59,18 @@ class Presenter final : public tk::Observer {
   // windowless controls and for what isn't shown.
   FormWindow* window(const tk::Form& form) const;
   QWidget* widget(const tk::Control& c) const;
-  // The windows of visible, not minimised forms, bottom first.
+  // The windows of visible, not minimised forms, bottom first, as they were last raised.
   std::vector<const FormWindow*> zOrder() const;
   // Where the model places `form` on the screen, in pixels.
   QRect screenRect(const tk::Form& form) const;
   // The form that the keys of `window` go to: the topmost visible form placed inside it, or
   // its own.
   tk::Form* keyForm(const FormWindow& window) const;
+
+  // The last mouse press went to `where` (a window or a control's widget). A double click
+  // whose first press went elsewhere, to a window that is gone now, is a plain press.
+  void notePress(QObject* where) { lastPress_ = where; }
+  bool pressedLast(const QObject* where) const { return lastPress_ == where; }
 
   // For the widgets: whether `c` is still shown (not unloaded); the control whose form the
   // current user action goes to; showing a control's state again after an action.
@@ -75,6 +89,7 @@ class Presenter final : public tk::Observer {
   void controlUnloaded(tk::Control& c) override;
   void propertyChanged(tk::Control& c, tk::PropertyName property) override;
   void focusChanged(tk::Form& form) override;
+  void stackingChanged() override;
   void programEnded() override;
 
  private:
@@ -97,14 +112,20 @@ class Presenter final : public tk::Observer {
   void applyFont(FormWindow& window, const tk::Form& form);
   void applyRegion(FormWindow& window, const tk::Form& form);
   void showWindow(FormWindow& window, const tk::Form& form);
-  void raise(const FormWindow& window);
+  // Gives the keyboard to the window of the model's active form.
+  void activateModelsForm();
+  void focusMoved(QWindow* now);
   void dropWindow(const tk::Form& form);
 
   tk::Runtime& runtime_;
   std::unordered_map<const tk::Control*, Entry> entries_;
   std::vector<FormWindow*> stack_;  // bottom first
-  const tk::Form* taskbarForm_ = nullptr;
+  std::string taskbarName_;
   const tk::Form* inputForm_ = nullptr;
+  QPointer<QObject> lastPress_;
+  QObject context_;  // calls queued for later go with the presenter
+  bool windowsMoved_ = false;  // the model stacked or showed windows since the keyboard moved
+  std::vector<const FormWindow*> raised_;  // the shown windows as last raised, bottom first
   // Creation order in the high bits; an array element's index below its element 0's.
   uint64_t placeOf(const tk::Control& c);
   uint64_t nextOrder_ = 0;

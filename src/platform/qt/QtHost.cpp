@@ -153,7 +153,9 @@ QString qtFileFilter(const std::string& filter) {
   for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
     QString patterns = parts[i + 1];
     patterns.replace(';', ' ');
-    out.push_back(parts[i] + " (" + patterns.simplified() + ")");
+    // A name that shows its patterns already needs them no second time.
+    const QString shown = "(" + patterns.simplified() + ")";
+    out.push_back(parts[i].contains(shown) ? parts[i] : parts[i] + " " + shown);
   }
   return out.join(";;");
 }

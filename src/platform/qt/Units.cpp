@@ -27,13 +27,10 @@ QPointF unitsPerPixelInside(const tk::Control& container) {
 }
 
 QRect pixelRect(const tk::Control& c) {
-  QPointF per;
-  if (c.kind() == tk::Kind::Form || !c.Container()) {
-    const tk::Screen& s = c.runtime().screen();
-    per = {s.TwipsPerPixelX, s.TwipsPerPixelY};
-  } else {
-    per = unitsPerPixelInside(*c.Container());
-  }
+  // Places are twips inside any container: its ScaleMode counts only for its own drawing and
+  // mouse, which is how the program places the controls of its pixel-scaled windows.
+  const tk::Screen& s = c.runtime().screen();
+  const QPointF per{s.TwipsPerPixelX, s.TwipsPerPixelY};
   return {px(c.Left(), per.x()), px(c.Top(), per.y()), px(c.Width(), per.x()),
           px(c.Height(), per.y())};
 }

@@ -18,8 +18,9 @@ namespace vellumry::presenter {
 // Model units of one pixel for positions inside `container` (a form, frame or picture box).
 QPointF unitsPerPixelInside(const tk::Control& container);
 
-// Where `c` stands in pixels: relative to its container, or on the screen for a form. Each
-// edge is rounded half to even, as the toolkit rounds lengths.
+// Where `c` stands in pixels: relative to its container, or on the screen for a form; its place
+// is in twips whatever the container's scale. Each edge is rounded half to even, as the toolkit
+// rounds lengths.
 QRect pixelRect(const tk::Control& c);
 
 // A point in pixels relative to `c`, as the X and Y of its mouse events: in the units of its

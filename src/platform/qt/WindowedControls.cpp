@@ -50,9 +50,9 @@ void syncCombo(QComboBox* w, const tk::ListControl& list, bool items) {
 }
 
 // A colour that the model gives a widget of its own; system colours keep the desktop's look.
-void syncColors(QWidget* w, uint32_t back, std::optional<uint32_t> fore = {}) {
+// `sheet` holds what the widget's look needs besides.
+void syncColors(QWidget* w, uint32_t back, std::optional<uint32_t> fore = {}, QString sheet = {}) {
   const auto own = [](uint32_t c) { return (c & 0x80000000u) == 0; };
-  QString sheet;
   if (own(back)) sheet += "background-color: " + qtColor(back, w->palette()).name() + ";";
   if (fore && own(*fore)) sheet += "color: " + qtColor(*fore, w->palette()).name() + ";";
   if (w->styleSheet() != sheet) w->setStyleSheet(sheet);
@@ -200,7 +200,9 @@ void syncWindowed(QWidget* widget, const tk::Control& c, bool items) {
     case tk::Kind::CommandButton: {
       const auto& button = static_cast<const tk::CommandButton&>(c);
       static_cast<QPushButton*>(widget)->setText(text(button.Caption()));
-      syncColors(widget, button.BackColor());
+      // Buttons are laid out for captions that fill them: the desktop's margins would hide a
+      // small button's caption.
+      syncColors(widget, button.BackColor(), {}, "padding: 0px;");
       break;
     }
     case tk::Kind::CheckBox: {

@@ -66,9 +66,9 @@ class TextBox : public Control {
   bool Locked() const { return locked_; }
   void setLocked(bool v);
   int SelStart() const { return selStart_; }
-  void setSelStart(int v) { selStart_ = v; }
+  void setSelStart(int v) { assign(selStart_, v, prop::SelStart); }
   int SelLength() const { return selLength_; }
-  void setSelLength(int v) { selLength_ = v; }
+  void setSelLength(int v) { assign(selLength_, v, prop::SelLength); }
   bool focusable() const override { return true; }
   const std::vector<Property>& properties() const override;
 

@@ -121,6 +121,10 @@ void Control::SetFocus() {
   if (!focusable()) raise(err::NotSupported, "SetFocus");
   if (!reachable()) raise(err::InvalidCall, "SetFocus on " + name_);
   form_->focus(this);
+  // Focus given to a control of a window in the background brings that window forward.
+  Form* window = form_->OwnerForm() ? form_->OwnerForm() : form_;
+  if (window->runtime().ActiveForm() != window && window->Visible() && window->WindowState() != 1)
+    window->runtime().bringToFront(window);
 }
 
 const std::vector<Property>& Control::properties() const {

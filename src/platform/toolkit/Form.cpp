@@ -65,7 +65,9 @@ void Form::setFontSize(double v) { assign(fontSize_, v, prop::FontSize); }
 
 void Form::setWindowRegion(const Region& v) { assign(region_, v, prop::Region); }
 
-void Form::SetParent(Form* owner) { assign(owner_, owner, prop::OwnerForm); }
+void Form::SetParent(Form* owner) {
+  if (assign(owner_, owner, prop::OwnerForm)) runtime_.settleActive();
+}
 
 namespace {
 // The outline as the driver reads it: "width height cornerWidth cornerHeight" in pixels.
@@ -83,6 +85,10 @@ void Form::raiseResize() {
 void Form::setWindowState(int v) {
   if (v < 0 || v > 2) raise(err::InvalidProperty, std::string(prop::WindowState));
   if (!assign(windowState_, v, prop::WindowState)) return;
+  if (v == 1 || !Visible())
+    runtime_.settleActive();
+  else
+    runtime_.bringToFront(this);
   raiseResize();
 }
 
@@ -101,7 +107,8 @@ void Form::setHeight(double v) {
 void Form::setVisible(bool v) {
   if (v == Visible()) return;
   Control::setVisible(v);
-  if (!v) return;
+  if (!v) return runtime_.settleActive();
+  runtime_.bringToFront(this);
   if (!shownOnce_) {
     shownOnce_ = true;
     if (!active_) {
@@ -116,6 +123,7 @@ void Form::setVisible(bool v) {
 
 void Form::Show() {
   if (!loaded_) return;
+  if (Visible()) return runtime_.bringToFront(this);
   setVisible(true);
 }
 

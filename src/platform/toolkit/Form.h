@@ -4,6 +4,7 @@
 // creates them when first touched; Unload ends them.
 
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -83,6 +84,10 @@ class Form : public Control {
                  std::optional<double> y = {});
 
   Control* ActiveControl() const { return active_; }
+  // A key pressed while the form had the keyboard, and its release: false when the press went
+  // elsewhere (a menu, a dialog, another window), so that the release is no key stroke here.
+  void keyPressed(int keyCode) { keysDown_.insert(keyCode); }
+  bool keyReleased(int keyCode) { return keysDown_.erase(keyCode) != 0; }
   // The control named `name` with `index` (-1 for a single control), or nullptr.
   Control* find(std::string_view name, int index = -1) const;
   const std::vector<Control*>& controls() const { return controls_; }
@@ -131,6 +136,7 @@ class Form : public Control {
   Region region_;
   gdi::Picture picture_;
   Form* owner_ = nullptr;
+  std::set<int> keysDown_;
   bool loaded_ = false, unloading_ = false, shownOnce_ = false;
 };
 

@@ -101,10 +101,13 @@ bool key(Form& f, int keyCode, int shift) {
 }
 
 bool keyDown(Form& f, int keyCode, int shift) {
+  if (!accepts(f)) return false;
+  f.keyPressed(keyCode);  // before the handlers, which may unload the form
   return keyPhase(f, keyCode, shift, &Control::onKeyDown);
 }
 
 bool keyUp(Form& f, int keyCode, int shift) {
+  if (!f.keyReleased(keyCode)) return false;
   return keyPhase(f, keyCode, shift, &Control::onKeyUp);
 }
 

@@ -18,6 +18,8 @@ class Observer {
   virtual void controlUnloaded(Control&) {}
   virtual void propertyChanged(Control&, PropertyName /*property*/) {}
   virtual void focusChanged(Form&) {}
+  // The forms' stacking or the active form changed (Runtime::Stacking, ActiveForm).
+  virtual void stackingChanged() {}
   virtual void programEnded() {}
 };
 

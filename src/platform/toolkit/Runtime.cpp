@@ -71,6 +71,8 @@ void Runtime::End() {
   loop_.clear();
   for (Form* f : std::vector<Form*>(forms_)) f->discard();
   forms_.clear();
+  stacking_.clear();
+  active_ = nullptr;
   if (observer_) observer_->programEnded();
 }
 
@@ -80,17 +82,59 @@ void Runtime::removeSlot(FormSlotBase* slot) {
 
 void Runtime::retire(std::unique_ptr<Form> form) { retired_.push_back(std::move(form)); }
 
+namespace {
+// A window parked wholly off the screen takes no keyboard, as one that is minimised.
+bool canHaveKeyboard(const Form& f) {
+  const Screen& s = f.runtime().screen();
+  const bool onScreen = f.Left() < s.Width && f.Left() + f.Width() > 0 && f.Top() < s.Height &&
+                        f.Top() + f.Height() > 0;
+  return f.isLoaded() && f.Visible() && !f.OwnerForm() && f.WindowState() != 1 &&
+         (onScreen || f.WindowState() == 2);
+}
+}  // namespace
+
+Form* Runtime::KeyForm() const {
+  if (!active_) return nullptr;
+  for (auto it = stacking_.rbegin(); it != stacking_.rend(); ++it)
+    if ((*it)->OwnerForm() == active_ && (*it)->Visible()) return *it;
+  return active_;
+}
+
+void Runtime::bringToFront(Form* f) {
+  stacking_.erase(std::remove(stacking_.begin(), stacking_.end(), f), stacking_.end());
+  stacking_.push_back(f);
+  if (canHaveKeyboard(*f)) active_ = f;
+  settleActive();
+}
+
+void Runtime::settleActive() {
+  if (!active_ || !canHaveKeyboard(*active_)) {
+    active_ = nullptr;
+    for (auto it = stacking_.rbegin(); it != stacking_.rend() && !active_; ++it)
+      if (canHaveKeyboard(**it)) active_ = *it;
+  }
+  stackingChanged();
+}
+
+void Runtime::stackingChanged() {
+  if (observer_) observer_->stackingChanged();
+}
+
 void Runtime::formLoaded(Form* f) {
   forms_.push_back(f);
+  stacking_.push_back(f);
   if (observer_) observer_->formLoaded(*f);
 }
 
 void Runtime::formUnloaded(Form* f) {
   forms_.erase(std::remove(forms_.begin(), forms_.end(), f), forms_.end());
+  stacking_.erase(std::remove(stacking_.begin(), stacking_.end(), f), stacking_.end());
+  if (active_ == f) active_ = nullptr;
   // A window inside the one that goes becomes a window of its own again.
   for (Form* other : forms_)
     if (other->OwnerForm() == f) other->SetParent(nullptr);
   if (observer_) observer_->formUnloaded(*f);
+  settleActive();
 }
 
 }  // namespace vellumry::tk

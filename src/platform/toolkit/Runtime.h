@@ -42,6 +42,14 @@ class Runtime {
 
   // The loaded forms, in the order they were loaded.
   const std::vector<Form*>& Forms() const { return forms_; }
+  // The loaded forms as their windows lie on the desktop, bottom first: a form comes to the
+  // top when it is shown, when Show is called on it again, and when it is restored.
+  const std::vector<Form*>& Stacking() const { return stacking_; }
+  // The window that has the keyboard: the form shown, restored or focused last that is still
+  // shown, not minimised and no window inside another; nullptr when there is none.
+  Form* ActiveForm() const { return active_; }
+  // Where the keys go: the topmost shown form inside the active one, else the active one.
+  Form* KeyForm() const;
 
   // Runs `f` as one event from outside (user input, a timer): timers wait until it returns,
   // forms unloaded inside it are destroyed after it, and an uncaught tk::Error goes to
@@ -65,8 +73,15 @@ class Runtime {
 
  private:
   friend class Form;
+  friend class Control;
   void formLoaded(Form* f);
   void formUnloaded(Form* f);
+  // `f` comes to the top, and takes the keyboard when it can have it.
+  void bringToFront(Form* f);
+  // The active form after a change: kept while it can still have the keyboard, else the
+  // topmost form that can.
+  void settleActive();
+  void stackingChanged();
   template <class F>
   auto blocking(F&& f);
 
@@ -75,6 +90,8 @@ class Runtime {
   EventLoop loop_;
   Observer* observer_ = nullptr;
   std::vector<Form*> forms_;
+  std::vector<Form*> stacking_;
+  Form* active_ = nullptr;
   std::vector<FormSlotBase*> slots_;
   std::vector<std::unique_ptr<Form>> retired_;
   int depth_ = 0;
