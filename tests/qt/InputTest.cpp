@@ -121,6 +121,18 @@ TEST_F(InputTest, ADoubleClickGivesClickThenDblClickAndOneMoreMouseUp) {
                         "Image1_DblClick 0", "Image1_MouseUp 0 1"}));
 }
 
+// The click that closed a window gave the first press of a double click: the second press
+// lands on the window below as a press of its own, not as a double click.
+TEST_F(InputTest, ADoubleClickWhoseFirstPressWentElsewhereIsAPress) {
+  f->Image1(0).setVisible(true);
+  QWidget elsewhere;
+  p.presenter->notePress(&elsewhere);
+  QMouseEvent second(QEvent::MouseButtonDblClick, QPointF(230, 184), QPointF(230, 184),
+                     Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(&p.window(), &second);
+  EXPECT_EQ(p.log, (Log{"Image1_MouseDown 0 1 0 150 60"}));
+}
+
 TEST_F(InputTest, AClickNeedsPressAndReleaseOnAShownImage) {
   f->Image1(0).setVisible(true);
   QTest::mousePress(&p.window(), Qt::LeftButton, {}, QPoint(230, 184));

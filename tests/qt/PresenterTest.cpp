@@ -180,6 +180,20 @@ TEST_F(PresenterTest, AFormPlacedInsideAnotherIsItsChildTakesItsKeysAndLeavesWit
   EXPECT_TRUE(innerWindow->isWindow());
 }
 
+// A window put inside another while hidden stays hidden when its owner shows, and a presenter
+// that goes while one lies inside another deletes each window once.
+TEST_F(PresenterTest, AHiddenWindowInsideAnotherStaysHidden) {
+  tk::FormSlot<PanelForm> innerSlot(
+      p.runtime, [&] { return std::make_unique<PanelForm>(p.runtime, p.log, "Inner"); });
+  PanelForm& inner = innerSlot();
+  inner.SetParent(&f);
+  f.Show();
+  EXPECT_FALSE(p.presenter->window(inner)->isVisible());
+  inner.Show();
+  EXPECT_TRUE(p.presenter->window(inner)->isVisible());
+  p.presenter.reset();
+}
+
 TEST_F(PresenterTest, EndingTheProgramClosesEveryWindow) {
   f.Show();
   bool told = false;

@@ -138,3 +138,44 @@ TEST(FormLife, TwoProgramsLiveSideBySide) {
   EXPECT_TRUE(b.log.empty());
   EXPECT_EQ(b.runtime.screen().Width, 12000);
 }
+
+// A key's release is a key stroke of the form only when its press came there too: the press of
+// the Esc that closed a popup menu went to the menu.
+TEST_F(ShownForm, AReleaseWhosePressWentElsewhereIsNoKeyStroke) {
+  f.setKeyPreview(true);
+  EXPECT_FALSE(tk::user::keyUp(f, 27));
+  EXPECT_TRUE(tk::user::keyDown(f, 27));
+  EXPECT_TRUE(tk::user::keyUp(f, 27));
+  EXPECT_FALSE(tk::user::keyUp(f, 27));  // one release a press
+  EXPECT_EQ(p.log, (Log{"Form_KeyUp 27 0"}));
+}
+
+// The window with the keyboard: the one shown, shown again or focused last, never a window
+// parked off the screen or minimised; when it goes, the topmost that can take it.
+TEST(FormLife, TheKeyboardGoesToTheWindowInFrontThatCanTakeIt) {
+  TestProgram p(tk::Screen::ofPixels(800, 600));
+  std::vector<std::string> otherLog, parkedLog;
+  tk::FormSlot<LogForm> other(p.runtime, [&] { return std::make_unique<LogForm>(p.runtime, otherLog); });
+  tk::FormSlot<LogForm> parked(p.runtime,
+                               [&] { return std::make_unique<LogForm>(p.runtime, parkedLog); });
+  const auto place = [](LogForm& f, double left) { f.Move(left, 0, 12000, 9000); };
+  place(p.form(), 0);
+  place(other(), 0);
+  place(parked(), -12000);
+  p.form().Show();
+  other().Show();
+  parked().Show();  // on top, but off the screen
+  EXPECT_EQ(p.runtime.ActiveForm(), &other());
+  EXPECT_EQ(p.runtime.Stacking().back(), &parked());
+  p.form().Show();  // shown again: to the front
+  EXPECT_EQ(p.runtime.ActiveForm(), &p.form());
+  other().Command1.SetFocus();  // focus brings its window forward
+  EXPECT_EQ(p.runtime.ActiveForm(), &other());
+  other().Unload();
+  EXPECT_EQ(p.runtime.ActiveForm(), &p.form());
+  p.form().setWindowState(1);
+  EXPECT_EQ(p.runtime.ActiveForm(), nullptr);
+  parked().setLeft(0);
+  p.form().setWindowState(0);  // restored: in front again
+  EXPECT_EQ(p.runtime.ActiveForm(), &p.form());
+}
