@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds, and runs every test twice: a normal build and one under
-# AddressSanitizer and UndefinedBehaviorSanitizer.
+# AddressSanitizer and UndefinedBehaviorSanitizer. The normal build's program is also driven on a
+# virtual X screen under a window manager.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bash scripts/install-deps.sh
@@ -11,6 +12,7 @@ export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
 
 bash scripts/build.sh build
 (cd build && ctest --output-on-failure -j "$(nproc)")
+bash scripts/screen-test.sh build
 
 bash scripts/build.sh build-asan -DVELLUMRY_SANITIZE=ON -DVELLUMRY_BENCH=OFF
 (cd build-asan && ctest --output-on-failure -j "$(nproc)")

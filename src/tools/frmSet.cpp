@@ -81,9 +81,6 @@ void frmSet::placeControls() {
     control.setCaption(c.text);
   };
   for (const Caption& c : labels) place(Label1, c);
-  // The seconds list stands in the gap of its caption; the caption's text is drawn large enough
-  // for its blanks to leave that gap.
-  Label1(1).setFontSize(11);
   const Caption checks[] = {
       {0, 2, 0, 600, 6975, 615, "Show play commands when an animated gif is displayed"},
       {1, 1, 0, 2280, 7815, 615,

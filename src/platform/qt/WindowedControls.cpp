@@ -7,6 +7,8 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSignalBlocker>
+#include <QStyleOptionButton>
+#include <QStylePainter>
 #include <QTabBar>
 #include <algorithm>
 #include <optional>
@@ -23,6 +25,32 @@ namespace vellumry::presenter {
 
 namespace {
 QString text(const std::string& s) { return QString::fromStdString(s); }
+
+// A button lower than a line of its caption (the minimise button's "__") would show none of it:
+// its strokes are centred instead, as much of them as fits.
+class CaptionButton : public QPushButton {
+ public:
+  using QPushButton::QPushButton;
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QStylePainter painter(this);
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    if (fontMetrics().height() <= height() - kFrame) {
+      painter.drawControl(QStyle::CE_PushButton, option);
+      return;
+    }
+    option.text.clear();
+    painter.drawControl(QStyle::CE_PushButton, option);
+    const QRect ink = fontMetrics().tightBoundingRect(text());
+    painter.setPen(palette().color(QPalette::ButtonText));
+    painter.drawText(rect().center() - ink.center(), text());
+  }
+
+ private:
+  static constexpr int kFrame = 4;  // pixels of the button's frame, above and below
+};
 
 QStringList itemsOf(const tk::ListControl& list) {
   QStringList items;
@@ -50,9 +78,9 @@ void syncCombo(QComboBox* w, const tk::ListControl& list, bool items) {
 }
 
 // A colour that the model gives a widget of its own; system colours keep the desktop's look.
-// `sheet` holds what the widget's look needs besides.
-void syncColors(QWidget* w, uint32_t back, std::optional<uint32_t> fore = {}, QString sheet = {}) {
+void syncColors(QWidget* w, uint32_t back, std::optional<uint32_t> fore = {}) {
   const auto own = [](uint32_t c) { return (c & 0x80000000u) == 0; };
+  QString sheet;
   if (own(back)) sheet += "background-color: " + qtColor(back, w->palette()).name() + ";";
   if (fore && own(*fore)) sheet += "color: " + qtColor(*fore, w->palette()).name() + ";";
   if (w->styleSheet() != sheet) w->setStyleSheet(sheet);
@@ -101,7 +129,7 @@ QWidget* createWindowed(Presenter& presenter, tk::Control& c, QWidget* parent, C
   QWidget* w = nullptr;
   switch (c.kind()) {
     case tk::Kind::CommandButton: {
-      auto* button = new QPushButton(parent);
+      auto* button = new CaptionButton(parent);
       tap = new ControlTap(presenter, c, button);
       QObject::connect(button, &QPushButton::clicked, tap,
                        [tap] { tap->act([](tk::Control& b) { tk::user::raiseClick(b); }); });
@@ -200,9 +228,7 @@ void syncWindowed(QWidget* widget, const tk::Control& c, bool items) {
     case tk::Kind::CommandButton: {
       const auto& button = static_cast<const tk::CommandButton&>(c);
       static_cast<QPushButton*>(widget)->setText(text(button.Caption()));
-      // Buttons are laid out for captions that fill them: the desktop's margins would hide a
-      // small button's caption.
-      syncColors(widget, button.BackColor(), {}, "padding: 0px;");
+      syncColors(widget, button.BackColor());
       break;
     }
     case tk::Kind::CheckBox: {

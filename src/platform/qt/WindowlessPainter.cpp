@@ -1,6 +1,7 @@
 #include "platform/qt/WindowlessPainter.h"
 
 #include <QPainter>
+#include <QRegularExpression>
 #include <algorithm>
 
 #include "platform/gdi/Picture.h"
@@ -43,8 +44,17 @@ void WindowlessPainter::paint(QPainter& painter, const tk::Control& c, const QRe
       const int align = label.Alignment() == 1   ? Qt::AlignRight
                         : label.Alignment() == 2 ? Qt::AlignHCenter
                                                  : Qt::AlignLeft;
-      painter.drawText(rect, align | Qt::AlignTop | Qt::TextWordWrap,
-                       QString::fromStdString(label.Caption()));
+      const QString caption = QString::fromStdString(label.Caption());
+      // A run of blanks holds a gap for a control that stands in it (the seconds list of the
+      // settings): the words behind it end at the label's right edge, whatever the font.
+      static const QRegularExpression gap(" {4,}");
+      const QRegularExpressionMatch held = gap.match(caption);
+      if (held.hasMatch() && !caption.contains('\n')) {
+        painter.drawText(rect, Qt::AlignLeft | Qt::AlignTop, caption.left(held.capturedStart()));
+        painter.drawText(rect, Qt::AlignRight | Qt::AlignTop, caption.mid(held.capturedEnd()));
+      } else {
+        painter.drawText(rect, align | Qt::AlignTop | Qt::TextWordWrap, caption);
+      }
       painter.setFont(windowFont);
       break;
     }
