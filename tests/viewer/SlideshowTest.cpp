@@ -1,5 +1,6 @@
 // The slideshow on Timer2: its start and stop by Space, its rhythm and what ends it.
 #include "ViewerFixture.h"
+#include "codecs/TestImages.h"
 
 using namespace vellumry;
 
@@ -102,3 +103,33 @@ TEST_F(SlideshowTest, Timer3GivesTheFocusBackOnce) {
 }
 
 }  // namespace
+
+// The next GIF of a show starts on the bare background, not over the last frame of the one
+// before: a small animation after a large one leaves nothing of the large one around it.
+TEST_F(SlideshowTest, TheNextGifOfAShowStartsOnTheBareBackground) {
+  const auto gif = [](int side) {
+    const auto frame = [side](uint8_t index) {
+      return codecs::testing::GifFrameSpec{
+          0, 0, side, side, std::vector<uint8_t>(static_cast<size_t>(side * side), index), 10};
+    };
+    return codecs::testing::MakeAnimatedGif(side, side, {frame(1), frame(2)}, 0);
+  };
+  for (const auto& [name, side] : {std::pair{"a.gif", 300}, std::pair{"b.gif", 20}}) {
+    const std::vector<uint8_t> bytes = gif(side);
+    std::ofstream(pictures / name, std::ios::binary)
+        .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+  }
+  open(1);
+  wait(100);
+  key(kSpace);
+  wait(1000);
+  ASSERT_EQ(selected(), 1);
+  wait(100);
+  const Form3& player = program->Form3();
+  ASSERT_TRUE(player.Visible());
+  const gdi::Picture& shown = player.picBkg.Picture();
+  gdi::Surface pixels(1024, 768, gdi::AlphaMode::kOpaque);
+  shown.Render(pixels, 0, 0, 1024, 768, 0, shown.Height(), shown.Width(), -shown.Height());
+  EXPECT_EQ(pixels.Pixel(400, 300) & 0xFFFFFFu, 0x404040u);  // where the large one stood
+  EXPECT_NE(pixels.Pixel(512, 384) & 0xFFFFFFu, 0x404040u);  // the small one in the middle
+}
