@@ -83,13 +83,14 @@ void Runtime::removeSlot(FormSlotBase* slot) {
 void Runtime::retire(std::unique_ptr<Form> form) { retired_.push_back(std::move(form)); }
 
 namespace {
-// A window parked wholly off the screen takes no keyboard, as one that is minimised.
+// A window parked wholly off the screen takes no keyboard, as one that is minimised; one that
+// stays on top of the others does: it is shown to be seen, as a panel that slides in.
 bool canHaveKeyboard(const Form& f) {
   const Screen& s = f.runtime().screen();
   const bool onScreen = f.Left() < s.Width && f.Left() + f.Width() > 0 && f.Top() < s.Height &&
                         f.Top() + f.Height() > 0;
   return f.isLoaded() && f.Visible() && !f.OwnerForm() && f.WindowState() != 1 &&
-         (onScreen || f.WindowState() == 2);
+         (onScreen || f.TopMost() || f.WindowState() == 2);
 }
 }  // namespace
 
