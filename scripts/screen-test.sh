@@ -236,6 +236,34 @@ else
 fi
 stop
 
+# --- the help box in the viewer, then a double click --------------------------------------------
+box_up() { windows | awk -v W=$W '$4 < W / 2 {f = 1} END {exit !f}'; }
+if ! launch || ! poll 4 grid_loaded || ! measure_rows; then
+  fail "g. not tried: no main window or grid: $(windows | xargs)"
+else
+  open_entry 1
+  poll 3 middle_is 200 40 40
+  xdotool key F1
+  poll 2 box_up && box=yes || box=no
+  xdotool key Return
+  sleep 0.3
+  xdotool mousemove $((W / 2)) $((H / 2)) click --repeat 2 --delay 80 1
+  poll 2 grid_loaded && grid_back=yes || grid_back=no
+  shot g-grid
+  note_offenders
+  open_entry 1
+  if [ "$box" = no ]; then
+    fail "g. F1 in the viewer showed no help box: $(windows | xargs)"
+  elif [ "$grid_back" = no ]; then
+    fail "g. after the help box a double click didn't bring the grid back in front"
+  elif ! poll 3 middle_is 200 40 40; then
+    fail "g. the viewer didn't open again after the help box: the middle shows $last_seen"
+  else
+    ok "g. after the help box a double click closes the viewer, and the next opens it again"
+  fi
+fi
+stop
+
 if [ -z "$offenders" ]; then
   ok "d. every window of the program lies wholly on or wholly off the screen"
 else

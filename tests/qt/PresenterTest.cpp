@@ -108,6 +108,12 @@ TEST_F(PresenterTest, FocusFollowsTheActiveControl) {
   EXPECT_EQ(edit->selectedText(), "bcd");
   f.List1.SetFocus();
   EXPECT_EQ(p.window().focusWidget(), p.presenter->widget(f.List1));
+  // A selection made while the box has the focus already shows too (the offered link name).
+  f.Text1.SetFocus();
+  f.Text1.setText("samples");
+  f.Text1.setSelStart(0);
+  f.Text1.setSelLength(7);
+  EXPECT_EQ(edit->selectedText(), "samples");
 }
 
 TEST_F(PresenterTest, ImagesLabelsAndShapesCostNoWidget) {
