@@ -81,10 +81,14 @@ void ContainerView::removeWindowless(const tk::Control& c) {
 void ContainerView::refreshWindowless(const tk::Control& c, bool contentChanged) {
   Item* item = itemOf(c);
   if (!item) return;
-  update(item->shown);
+  // A one-line caption may run past its label's right edge: the rest of the row goes with it.
+  const auto area = [&](QRect r) {
+    return c.kind() == tk::Kind::Label ? r.adjusted(0, 0, width(), 0) : r;
+  };
+  update(area(item->shown));
   item->shown = rectOf(c);
   if (contentChanged) painter_.forget(c);
-  update(item->shown);
+  update(area(item->shown));
 }
 
 void ContainerView::pictureChanged() {

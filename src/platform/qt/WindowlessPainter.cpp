@@ -53,7 +53,11 @@ void WindowlessPainter::paint(QPainter& painter, const tk::Control& c, const QRe
         painter.drawText(rect, Qt::AlignLeft | Qt::AlignTop, caption.left(held.capturedStart()));
         painter.drawText(rect, Qt::AlignRight | Qt::AlignTop, caption.mid(held.capturedEnd()));
       } else {
-        painter.drawText(rect, align | Qt::AlignTop | Qt::TextWordWrap, caption);
+        // A label one line high keeps its caption on that line, running past its right edge
+        // where the desktop's font is wider than the one it was laid out for ("Image Name").
+        const bool oneLine = rect.height() < 2 * painter.fontMetrics().height();
+        painter.drawText(rect, align | Qt::AlignTop | (oneLine ? Qt::TextDontClip : Qt::TextWordWrap),
+                         caption);
       }
       painter.setFont(windowFont);
       break;
