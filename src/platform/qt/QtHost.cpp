@@ -4,12 +4,14 @@
 #include <QColorDialog>
 #include <QCursor>
 #include <QDesktopServices>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMenu>
 #include <QMessageBox>
 #include <QProcess>
 #include <QPushButton>
+#include <QStandardPaths>
 #include <QUrl>
 
 #include "platform/qt/FormWindow.h"
@@ -162,6 +164,10 @@ QString qtFileFilter(const std::string& filter) {
 
 std::optional<std::string> QtHost::SaveFile(const tk::SaveFileRequest& request) {
   QString start = QString::fromStdString(request.initDir);
+  // Without a folder of its own the dialog starts where the desktop keeps pictures, not in
+  // whatever folder the program was started from.
+  if (start.isEmpty()) start = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
+  if (!QDir(start).exists()) start = QDir::homePath();
   if (!request.fileName.empty())
     start = start.isEmpty() ? QString::fromStdString(request.fileName)
                             : start + "/" + QString::fromStdString(request.fileName);
