@@ -1,5 +1,6 @@
 #include "app/Driver.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <istream>
@@ -25,8 +26,12 @@ namespace err = tk::err;
 
 int toInt(const std::string& word) { return tk::CLng(tk::toNumber(tk::Value(word))); }
 
-void need(const std::vector<std::string>& args, size_t least, const char* usage) {
-  if (args.size() < least) raise(err::InvalidCall, std::string("usage: ") + usage);
+// `c` as a control of kind T, for a verb that needs one.
+template <class T>
+T& as(tk::Control& c) {
+  auto* typed = dynamic_cast<T*>(&c);
+  if (!typed) raise(err::NotSupported, c.Name() + " can't do that");
+  return *typed;
 }
 
 // A path split at its dots: "Form1.Image1(3).Left" -> Form1, Image1(3), Left.
@@ -199,8 +204,8 @@ Program& Driver::running() {
   return *program_;
 }
 
-void Driver::act(bool taken, const std::string& line) {
-  if (!taken) print("ignored " + line);
+void Driver::act(bool taken) {
+  if (!taken) print("ignored " + currentLine_);
 }
 
 int Driver::run(std::istream& in) {
@@ -234,155 +239,140 @@ void Driver::runLine(const std::string& line, int lineNo) {
 }
 
 void Driver::command(const Args& a) {
-  if (!setUpCommand(a) && !userCommand(a) && !answerCommand(a) && !readingCommand(a))
-    raise(err::InvalidCall, "unknown command " + a[0]);
+  const auto& table = verbs();
+  const auto verb = std::find_if(table.begin(), table.end(),
+                                 [&](const Verb& v) { return a[0] == v.name; });
+  if (verb == table.end()) raise(err::InvalidCall, "unknown command " + a[0]);
+  if (a.size() < verb->least) raise(err::InvalidCall, std::string("usage: ") + verb->usage);
+  verb->run(*this, a);
 }
 
-bool Driver::setUpCommand(const Args& a) {
-  const std::string& verb = a[0];
-  if (verb == "screen") {
-    need(a, 3, "screen W H [TPP]");
-    screen_ = tk::Screen::ofPixels(toInt(a[1]), toInt(a[2]), a.size() > 3 ? toInt(a[3]) : 15);
-  } else if (verb == "home") {
-    need(a, 2, "home DIR");
-    places_.programFolder = places_.installFolder = a[1];
-  } else if (verb == "pictures") {
-    need(a, 2, "pictures DIR");
-    places_.picturesFolder = a[1];
-  } else if (verb == "named") {
-    need(a, 2, "named PATH");
-    TakeCommandLine({"vellumry", a[1]}, places_);
-  } else if (verb == "start") {
-    if (program_) raise(err::InvalidCall, "started already");
-    program_ = std::make_unique<Program>(host_, tk::EventLoop::Clock::Virtual, screen_, places_);
-    program_->runtime.onUncaught = [this](const tk::Error& e) {
-      print("uncaught " + std::to_string(e.Number) + ": " + e.Description);
-    };
-    if (onStart) onStart(*program_);
-    Main(*program_);
-  } else if (verb == "wait") {
-    need(a, 2, "wait MS");
-    running().runtime.loop().advance(toInt(a[1]));
-  } else {
-    return false;
-  }
-  return true;
+tk::Control& Driver::control(const std::string& path) {
+  Target t = resolve(running(), path);
+  if (!t.control || !t.member.empty()) raise(err::InvalidCall, path + " is no control");
+  return *t.control;
 }
 
-bool Driver::userCommand(const Args& a) {
-  const std::string& verb = a[0];
-  auto control = [&](const std::string& path) -> tk::Control& {
-    Target t = resolve(running(), path);
-    if (!t.control || !t.member.empty()) raise(err::InvalidCall, path + " is no control");
-    return *t.control;
+tk::Form& Driver::form(const std::string& name) {
+  tk::Form* f = loadedForm(running(), name);
+  if (!f) raise(err::InvalidCall, "no loaded form " + name);
+  return *f;
+}
+
+void Driver::start() {
+  if (program_) raise(err::InvalidCall, "started already");
+  program_ = std::make_unique<Program>(host_, tk::EventLoop::Clock::Virtual, screen_, places_);
+  program_->runtime.onUncaught = [this](const tk::Error& e) {
+    print("uncaught " + std::to_string(e.Number) + ": " + e.Description);
   };
-  auto as = [&](tk::Control & c, auto* kind) -> auto& {
-    auto* typed = dynamic_cast<std::remove_pointer_t<decltype(kind)>*>(&c);
-    if (!typed) raise(err::NotSupported, c.Name() + " can't do that");
-    return *typed;
+  if (onStart) onStart(*program_);
+  Main(*program_);
+}
+
+// The mouse verbs: PATH BUTTON, then X Y where given.
+template <bool (*press)(tk::Control&, int, int, double, double)>
+void Driver::mouse(const Args& a) {
+  const double x = a.size() > 4 ? tk::toNumber(tk::Value(a[3])) : 0;
+  const double y = a.size() > 4 ? tk::toNumber(tk::Value(a[4])) : 0;
+  act(press(control(a[1]), toInt(a[2]), 0, x, y));
+}
+
+const std::vector<Driver::Verb>& Driver::verbs() {
+  using A = const Args&;
+  static const std::vector<Verb> table = {
+      // Set-up, before `start`.
+      {"screen", 3, "screen W H [TPP]",
+       [](Driver& d, A a) {
+         d.screen_ =
+             tk::Screen::ofPixels(toInt(a[1]), toInt(a[2]), a.size() > 3 ? toInt(a[3]) : 15);
+       }},
+      {"home", 2, "home DIR",
+       [](Driver& d, A a) { d.places_.programFolder = d.places_.installFolder = a[1]; }},
+      {"pictures", 2, "pictures DIR", [](Driver& d, A a) { d.places_.picturesFolder = a[1]; }},
+      {"named", 2, "named PATH",
+       [](Driver& d, A a) { TakeCommandLine({"vellumry", a[1]}, d.places_); }},
+      {"start", 1, "start", [](Driver& d, A) { d.start(); }},
+      {"wait", 2, "wait MS",
+       [](Driver& d, A a) { d.running().runtime.loop().advance(toInt(a[1])); }},
+      // What a user does.
+      {"click", 2, "click PATH",
+       [](Driver& d, A a) { d.act(tk::user::click(d.control(a[1]))); }},
+      {"dblclick", 2, "dblclick PATH",
+       [](Driver& d, A a) { d.act(tk::user::dblClick(d.control(a[1]))); }},
+      {"mousedown", 3, "mousedown PATH BUTTON [X Y]",
+       [](Driver& d, A a) { d.mouse<tk::user::mouseDown>(a); }},
+      {"mouseup", 3, "mouseup PATH BUTTON [X Y]",
+       [](Driver& d, A a) { d.mouse<tk::user::mouseUp>(a); }},
+      {"mousemove", 5, "mousemove PATH BUTTON X Y",
+       [](Driver& d, A a) { d.mouse<tk::user::mouseMove>(a); }},
+      {"key", 3, "key FORM CODE [SHIFT]",
+       [](Driver& d, A a) {
+         d.act(tk::user::key(d.form(a[1]), toInt(a[2]), a.size() > 3 ? toInt(a[3]) : 0));
+       }},
+      {"select", 3, "select PATH INDEX",
+       [](Driver& d, A a) {
+         d.act(tk::user::select(as<tk::ListControl>(d.control(a[1])), toInt(a[2])));
+       }},
+      {"type", 3, "type PATH TEXT",
+       [](Driver& d, A a) { d.act(tk::user::type(as<tk::TextBox>(d.control(a[1])), a[2])); }},
+      {"scroll", 3, "scroll PATH VALUE",
+       [](Driver& d, A a) {
+         d.act(tk::user::scroll(as<tk::ScrollBar>(d.control(a[1])), toInt(a[2])));
+       }},
+      // Answers for what blocks.
+      {"answer", 2, "answer N", [](Driver& d, A a) { d.host_.queueAnswer(toInt(a[1])); }},
+      {"choose", 2, "choose NAME|none",
+       [](Driver& d, A a) { d.host_.queueMenuPick(a[1] == "none" ? "" : a[1]); }},
+      {"savefile", 2, "savefile PATH|cancel",
+       [](Driver& d, A a) {
+         d.host_.queueSaveFile(a[1] == "cancel" ? std::nullopt
+                                                : std::optional<std::string>(a[1]));
+       }},
+      {"color", 2, "color N|cancel",
+       [](Driver& d, A a) {
+         d.host_.queueColor(a[1] == "cancel"
+                                ? std::nullopt
+                                : std::optional<uint32_t>(static_cast<uint32_t>(toInt(a[1]))));
+       }},
+      // Reading and writing.
+      {"get", 2, "get PATH",
+       [](Driver& d, A a) {
+         d.out_ << formatValue(getValue(resolve(d.running(), a[1]))) << "\n";
+       }},
+      {"set", 3, "set PATH VALUE",
+       [](Driver& d, A a) {
+         Target t = resolve(d.running(), a[1]);
+         d.running().runtime.dispatch([&] { setValue(t, parseValue(a[2])); });
+       }},
+      {"dump", 2, "dump FORM", [](Driver& d, A a) { d.out_ << dumpJson(d.form(a[1])) << "\n"; }},
+      {"setting", 3, "setting KEY VALUE",
+       [](Driver& d, A a) { d.running().WriteSetting(a[1], a[2]); }},
+      {"file", 2, "file FILE",
+       [](Driver& d, A a) {
+         const auto bytes = os::ReadWholeFile(a[1]);
+         d.out_ << (bytes ? tk::jsonQuote(std::string(bytes->begin(), bytes->end())) : "missing")
+                << "\n";
+       }},
+      {"picture", 2, "picture PATH",
+       [](Driver& d, A a) {
+         d.out_ << pictureJson(d.running().pictures.stdPictureEx(),
+                               pictureOf(resolve(d.running(), a[1])))
+                << "\n";
+       }},
+      {"pixel", 4, "pixel PATH X Y",
+       [](Driver& d, A a) {
+         d.out_ << shownPixel(resolve(d.running(), a[1]), d.running().pictures.twipsPerPixel(),
+                              toInt(a[2]), toInt(a[3]))
+                << "\n";
+       }},
+      {"gif", 1, "gif", [](Driver& d, A) { d.out_ << gifJson(d.running()) << "\n"; }},
+      {"shot", 2, "shot FILE.png",
+       [](Driver& d, A a) {
+         if (!d.shot) raise(err::NotSupported, "this driver takes no pictures");
+         if (!d.shot(d.running(), a[1])) raise(err::InvalidCall, "can't write " + a[1]);
+       }},
   };
-
-  if (verb == "click") {
-    need(a, 2, "click PATH");
-    act(tk::user::click(control(a[1])), currentLine_);
-  } else if (verb == "dblclick") {
-    need(a, 2, "dblclick PATH");
-    act(tk::user::dblClick(control(a[1])), currentLine_);
-  } else if (verb == "mousedown" || verb == "mouseup" || verb == "mousemove") {
-    need(a, verb == "mousemove" ? 5 : 3,
-         "mousedown|mouseup PATH BUTTON [X Y] / mousemove PATH BUTTON X Y");
-    tk::Control& c = control(a[1]);
-    int button = toInt(a[2]);
-    double x = a.size() > 4 ? tk::toNumber(tk::Value(a[3])) : 0;
-    double y = a.size() > 4 ? tk::toNumber(tk::Value(a[4])) : 0;
-    bool taken = verb == "mousedown" ? tk::user::mouseDown(c, button, 0, x, y)
-                 : verb == "mouseup" ? tk::user::mouseUp(c, button, 0, x, y)
-                                     : tk::user::mouseMove(c, button, 0, x, y);
-    act(taken, currentLine_);
-  } else if (verb == "key") {
-    need(a, 3, "key FORM CODE [SHIFT]");
-    auto* form = loadedForm(running(), a[1]);
-    if (!form) raise(err::InvalidCall, "no loaded form " + a[1]);
-    act(tk::user::key(*form, toInt(a[2]), a.size() > 3 ? toInt(a[3]) : 0), currentLine_);
-  } else if (verb == "select") {
-    need(a, 3, "select PATH INDEX");
-    act(tk::user::select(as(control(a[1]), static_cast<tk::ListControl*>(nullptr)), toInt(a[2])),
-        currentLine_);
-  } else if (verb == "type") {
-    need(a, 3, "type PATH TEXT");
-    act(tk::user::type(as(control(a[1]), static_cast<tk::TextBox*>(nullptr)), a[2]), currentLine_);
-  } else if (verb == "scroll") {
-    need(a, 3, "scroll PATH VALUE");
-    act(tk::user::scroll(as(control(a[1]), static_cast<tk::ScrollBar*>(nullptr)), toInt(a[2])),
-        currentLine_);
-  } else {
-    return false;
-  }
-  return true;
-}
-
-bool Driver::answerCommand(const Args& a) {
-  const std::string& verb = a[0];
-  if (verb == "answer") {
-    need(a, 2, "answer N");
-    host_.queueAnswer(toInt(a[1]));
-  } else if (verb == "choose") {
-    need(a, 2, "choose NAME|none");
-    host_.queueMenuPick(a[1] == "none" ? "" : a[1]);
-  } else if (verb == "savefile") {
-    need(a, 2, "savefile PATH|cancel");
-    host_.queueSaveFile(a[1] == "cancel" ? std::nullopt : std::optional<std::string>(a[1]));
-  } else if (verb == "color") {
-    need(a, 2, "color N|cancel");
-    host_.queueColor(a[1] == "cancel"
-                         ? std::nullopt
-                         : std::optional<uint32_t>(static_cast<uint32_t>(toInt(a[1]))));
-  } else {
-    return false;
-  }
-  return true;
-}
-
-bool Driver::readingCommand(const Args& a) {
-  const std::string& verb = a[0];
-  if (verb == "get") {
-    need(a, 2, "get PATH");
-    out_ << formatValue(getValue(resolve(running(), a[1]))) << "\n";
-  } else if (verb == "set") {
-    need(a, 3, "set PATH VALUE");
-    Target t = resolve(running(), a[1]);
-    running().runtime.dispatch([&] { setValue(t, parseValue(a[2])); });
-  } else if (verb == "dump") {
-    need(a, 2, "dump FORM");
-    auto* form = loadedForm(running(), a[1]);
-    if (!form) raise(err::InvalidCall, "no loaded form " + a[1]);
-    out_ << dumpJson(*form) << "\n";
-  } else if (verb == "setting") {
-    need(a, 3, "setting KEY VALUE");
-    running().WriteSetting(a[1], a[2]);
-  } else if (verb == "file") {
-    need(a, 2, "file FILE");
-    const auto bytes = os::ReadWholeFile(a[1]);
-    out_ << (bytes ? tk::jsonQuote(std::string(bytes->begin(), bytes->end())) : "missing") << "\n";
-  } else if (verb == "picture") {
-    need(a, 2, "picture PATH");
-    out_ << pictureJson(running().pictures.stdPictureEx(), pictureOf(resolve(running(), a[1])))
-         << "\n";
-  } else if (verb == "pixel") {
-    need(a, 4, "pixel PATH X Y");
-    out_ << shownPixel(resolve(running(), a[1]), running().pictures.twipsPerPixel(), toInt(a[2]),
-                       toInt(a[3]))
-         << "\n";
-  } else if (verb == "gif") {
-    out_ << gifJson(running()) << "\n";
-  } else if (verb == "shot") {
-    need(a, 2, "shot FILE.png");
-    if (!shot) raise(err::NotSupported, "this driver takes no pictures");
-    if (!shot(running(), a[1])) raise(err::InvalidCall, "can't write " + a[1]);
-  } else {
-    return false;
-  }
-  return true;
+  return table;
 }
 
 }  // namespace vellumry

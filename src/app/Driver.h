@@ -35,15 +35,24 @@ class Driver {
 
  private:
   using Args = std::vector<std::string>;
+  // One verb of a script: its name, how many words it needs with itself, its usage, its work.
+  struct Verb {
+    const char* name;
+    size_t least;
+    const char* usage;
+    void (*run)(Driver&, const Args&);
+  };
+  static const std::vector<Verb>& verbs();
   void command(const Args& args);
-  // Each group of commands runs `args` when its verb is one of theirs, and says whether it was.
-  bool setUpCommand(const Args& args);
-  bool userCommand(const Args& args);
-  bool answerCommand(const Args& args);
-  bool readingCommand(const Args& args);
+  void start();
+  template <bool (*press)(tk::Control&, int, int, double, double)>
+  void mouse(const Args& args);
   Program& running();
+  // The control or the loaded form a script names.
+  tk::Control& control(const std::string& path);
+  tk::Form& form(const std::string& name);
   // Runs a user action; an action the program doesn't take is reported as ignored.
-  void act(bool taken, const std::string& line);
+  void act(bool taken);
   void print(const std::string& line);
 
   std::ostream& out_;
