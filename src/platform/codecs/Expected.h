@@ -31,8 +31,9 @@ class Expected {
   const T* operator->() const { return &value(); }
   T& operator*() { return value(); }
   const T& operator*() const { return value(); }
-  // Only meaningful when !ok().
-  Error error() const { return ok() ? Error::kCorrupt : std::get<1>(data_); }
+  // The reason, when !ok(); asked of a value that is there, it throws std::bad_variant_access
+  // rather than make up a reason.
+  Error error() const { return std::get<1>(data_); }
 
  private:
   std::variant<T, Error> data_;
