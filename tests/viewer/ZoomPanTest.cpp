@@ -8,7 +8,7 @@ namespace {
 
 using ZoomPanTest = ViewerFixture;
 
-constexpr int kUp = 38, kDown = 40;
+constexpr int kUp = 38, kDown = 40, kRight = 39;
 
 struct Placed {
   double width, height, left, top;
@@ -113,7 +113,7 @@ TEST_F(ZoomPanTest, TheStepOfTheLastPictureTestsTheFirstZoomOfTheNext) {
   picture("b.png", 64, 48);
   Form2& v = open();
   tk::user::key(v, kDown);
-  tk::user::key(v, 39);
+  tk::user::key(v, kRight);
   wait(1);
   EXPECT_DOUBLE_EQ(v.dStepW, 1536);
   tk::user::key(v, kDown);

@@ -3,119 +3,85 @@
 #include <QKeyEvent>
 
 #include "platform/toolkit/Input.h"
+#include "platform/toolkit/KeyCodes.h"
 
 namespace vellumry::presenter {
 
 namespace {
-int numpadCode(int key) {
-  if (key >= Qt::Key_0 && key <= Qt::Key_9) return 96 + (key - Qt::Key_0);
-  switch (key) {
-    case Qt::Key_Asterisk:
-      return 106;
-    case Qt::Key_Plus:
-      return 107;
-    case Qt::Key_Minus:
-      return 109;
-    case Qt::Key_Period:
-      return 110;
-    case Qt::Key_Slash:
-      return 111;
-    default:
-      return 0;
-  }
+namespace key = tk::key;
+
+struct KeyPair {
+  int qt, code;
+};
+
+constexpr KeyPair kNumpad[] = {
+    {Qt::Key_Asterisk, key::Multiply}, {Qt::Key_Plus, key::Add},
+    {Qt::Key_Minus, key::Subtract},    {Qt::Key_Period, key::Decimal},
+    {Qt::Key_Slash, key::Divide},
+};
+
+constexpr KeyPair kKeys[] = {
+    {Qt::Key_Backspace, key::Back},
+    {Qt::Key_Tab, key::Tab},
+    {Qt::Key_Backtab, key::Tab},
+    {Qt::Key_Clear, key::Clear},
+    {Qt::Key_Return, key::Return},
+    {Qt::Key_Enter, key::Return},
+    {Qt::Key_Shift, key::Shift},
+    {Qt::Key_Control, key::Ctrl},
+    {Qt::Key_Alt, key::Alt},
+    {Qt::Key_AltGr, key::Alt},
+    {Qt::Key_Pause, key::Pause},
+    {Qt::Key_CapsLock, key::CapsLock},
+    {Qt::Key_Escape, key::Esc},
+    {Qt::Key_Space, key::Space},
+    {Qt::Key_PageUp, key::PageUp},
+    {Qt::Key_PageDown, key::PageDown},
+    {Qt::Key_End, key::End},
+    {Qt::Key_Home, key::Home},
+    {Qt::Key_Left, key::Left},
+    {Qt::Key_Up, key::Up},
+    {Qt::Key_Right, key::Right},
+    {Qt::Key_Down, key::Down},
+    {Qt::Key_Print, key::PrintScreen},
+    {Qt::Key_Insert, key::Insert},
+    {Qt::Key_Delete, key::Delete},
+    {Qt::Key_Meta, key::Windows},
+    {Qt::Key_Menu, key::Apps},
+    {Qt::Key_NumLock, key::NumLock},
+    {Qt::Key_ScrollLock, key::ScrollLock},
+    {Qt::Key_Semicolon, key::Semicolon},
+    {Qt::Key_Plus, key::Equals},
+    {Qt::Key_Equal, key::Equals},
+    {Qt::Key_Comma, key::Comma},
+    {Qt::Key_Minus, key::Minus},
+    {Qt::Key_Period, key::Period},
+    {Qt::Key_Slash, key::Slash},
+    {Qt::Key_QuoteLeft, key::Backquote},
+    {Qt::Key_BracketLeft, key::OpenBracket},
+    {Qt::Key_Backslash, key::Backslash},
+    {Qt::Key_BracketRight, key::CloseBracket},
+    {Qt::Key_Apostrophe, key::Quote},
+};
+
+template <size_t N>
+int lookUp(const KeyPair (&pairs)[N], int qtKey) {
+  for (const KeyPair& pair : pairs)
+    if (pair.qt == qtKey) return pair.code;
+  return 0;
 }
 }  // namespace
 
 int keyCodeOf(const QKeyEvent& event) {
-  const int key = event.key();
+  const int k = event.key();
   if (event.modifiers() & Qt::KeypadModifier) {
-    if (int code = numpadCode(key)) return code;
+    if (k >= Qt::Key_0 && k <= Qt::Key_9) return key::Numpad0 + (k - Qt::Key_0);
+    if (int code = lookUp(kNumpad, k)) return code;
   }
-  if (key >= Qt::Key_A && key <= Qt::Key_Z) return 65 + (key - Qt::Key_A);
-  if (key >= Qt::Key_0 && key <= Qt::Key_9) return 48 + (key - Qt::Key_0);
-  if (key >= Qt::Key_F1 && key <= Qt::Key_F24) return 112 + (key - Qt::Key_F1);
-  switch (key) {
-    case Qt::Key_Backspace:
-      return 8;
-    case Qt::Key_Tab:
-    case Qt::Key_Backtab:
-      return 9;
-    case Qt::Key_Clear:
-      return 12;
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-      return 13;
-    case Qt::Key_Shift:
-      return 16;
-    case Qt::Key_Control:
-      return 17;
-    case Qt::Key_Alt:
-    case Qt::Key_AltGr:
-      return 18;
-    case Qt::Key_Pause:
-      return 19;
-    case Qt::Key_CapsLock:
-      return 20;
-    case Qt::Key_Escape:
-      return 27;
-    case Qt::Key_Space:
-      return 32;
-    case Qt::Key_PageUp:
-      return 33;
-    case Qt::Key_PageDown:
-      return 34;
-    case Qt::Key_End:
-      return 35;
-    case Qt::Key_Home:
-      return 36;
-    case Qt::Key_Left:
-      return 37;
-    case Qt::Key_Up:
-      return 38;
-    case Qt::Key_Right:
-      return 39;
-    case Qt::Key_Down:
-      return 40;
-    case Qt::Key_Print:
-      return 44;
-    case Qt::Key_Insert:
-      return 45;
-    case Qt::Key_Delete:
-      return 46;
-    case Qt::Key_Meta:
-      return 91;
-    case Qt::Key_Menu:
-      return 93;
-    case Qt::Key_NumLock:
-      return 144;
-    case Qt::Key_ScrollLock:
-      return 145;
-    case Qt::Key_Semicolon:
-      return 186;
-    case Qt::Key_Plus:
-    case Qt::Key_Equal:
-      return 187;
-    case Qt::Key_Comma:
-      return 188;
-    case Qt::Key_Minus:
-      return 189;
-    case Qt::Key_Period:
-      return 190;
-    case Qt::Key_Slash:
-      return 191;
-    case Qt::Key_QuoteLeft:
-      return 192;
-    case Qt::Key_BracketLeft:
-      return 219;
-    case Qt::Key_Backslash:
-      return 220;
-    case Qt::Key_BracketRight:
-      return 221;
-    case Qt::Key_Apostrophe:
-      return 222;
-    default:
-      return 0;
-  }
+  if (k >= Qt::Key_A && k <= Qt::Key_Z) return key::A + (k - Qt::Key_A);
+  if (k >= Qt::Key_0 && k <= Qt::Key_9) return key::Digit0 + (k - Qt::Key_0);
+  if (k >= Qt::Key_F1 && k <= Qt::Key_F24) return key::F1 + (k - Qt::Key_F1);
+  return lookUp(kKeys, k);
 }
 
 int shiftMaskOf(Qt::KeyboardModifiers modifiers) {
