@@ -1,11 +1,13 @@
 #pragma once
-// What the PNG readers share: libpng reading from memory, with errors as jumps.
+// What the PNG reader and writer share: libpng reading from and writing to memory, with errors
+// as jumps.
 
 #include <png.h>
 
 #include <cstdint>
 #include <cstring>
 #include <span>
+#include <vector>
 
 namespace vellumry::codecs::pngio {
 
@@ -21,16 +23,34 @@ inline void ReadFromMemory(png_structp png, png_bytep out, size_t length) {
   input->position += length;
 }
 
+// Collects what libpng writes, in memory.
+inline void WriteToMemory(png_structp png, png_bytep data, size_t length) {
+  auto* out = static_cast<std::vector<uint8_t>*>(png_get_io_ptr(png));
+  out->insert(out->end(), data, data + length);
+}
+inline void FlushNothing(png_structp) {}
+
 inline void OnError(png_structp png, png_const_charp) { png_longjmp(png, 1); }
 inline void OnWarning(png_structp, png_const_charp) {}
 
-class Reader {
+// libpng's reading or writing structure and its info, made and destroyed together.
+template <bool kWriting>
+class Handle {
  public:
-  Reader() {
-    png_ = png_create_read_struct(PNG_LIBPNG_VER_STRING, nullptr, OnError, OnWarning);
+  Handle() {
+    png_ = kWriting
+               ? png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, OnError, OnWarning)
+               : png_create_read_struct(PNG_LIBPNG_VER_STRING, nullptr, OnError, OnWarning);
     if (png_) info_ = png_create_info_struct(png_);
   }
-  ~Reader() { png_destroy_read_struct(&png_, info_ ? &info_ : nullptr, nullptr); }
+  ~Handle() {
+    if constexpr (kWriting)
+      png_destroy_write_struct(&png_, info_ ? &info_ : nullptr);
+    else
+      png_destroy_read_struct(&png_, info_ ? &info_ : nullptr, nullptr);
+  }
+  Handle(const Handle&) = delete;
+  Handle& operator=(const Handle&) = delete;
   bool ok() const { return png_ && info_; }
   png_structp png() { return png_; }
   png_infop info() { return info_; }
@@ -39,5 +59,7 @@ class Reader {
   png_structp png_ = nullptr;
   png_infop info_ = nullptr;
 };
+using Reader = Handle<false>;
+using Writer = Handle<true>;
 
 }  // namespace vellumry::codecs::pngio

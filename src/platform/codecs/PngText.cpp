@@ -30,30 +30,6 @@ bool ChunksBeforeImageFit(std::span<const uint8_t> bytes) {
   }
 }
 
-// Collects what libpng writes, in memory.
-void WriteToMemory(png_structp png, png_bytep data, size_t length) {
-  auto* out = static_cast<std::vector<uint8_t>*>(png_get_io_ptr(png));
-  out->insert(out->end(), data, data + length);
-}
-void FlushNothing(png_structp) {}
-
-class Writer {
- public:
-  Writer() {
-    png_ =
-        png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, pngio::OnError, pngio::OnWarning);
-    if (png_) info_ = png_create_info_struct(png_);
-  }
-  ~Writer() { png_destroy_write_struct(&png_, info_ ? &info_ : nullptr); }
-  bool ok() const { return png_ && info_; }
-  png_structp png() { return png_; }
-  png_infop info() { return info_; }
-
- private:
-  png_structp png_ = nullptr;
-  png_infop info_ = nullptr;
-};
-
 // One row of `pixels` as R, G, B, A bytes with straight alpha.
 void RgbaRow(const gdi::Surface& pixels, int y, std::vector<uint8_t>& row) {
   const uint32_t* in = pixels.Row(y);
@@ -83,7 +59,7 @@ bool ReadChunksBeforeImage(png_structp png, png_infop info, pngio::Input& input)
 bool WriteImage(png_structp png, png_infop info, const gdi::Surface& pixels,
                 std::vector<png_text>& text, std::vector<uint8_t>& row, std::vector<uint8_t>& out) {
   if (setjmp(png_jmpbuf(png))) return false;
-  png_set_write_fn(png, &out, WriteToMemory, FlushNothing);
+  png_set_write_fn(png, &out, pngio::WriteToMemory, pngio::FlushNothing);
   // Small pictures written as they are decoded: speed matters more than the last bytes.
   png_set_compression_level(png, 1);
   png_set_IHDR(png, info, static_cast<png_uint_32>(pixels.Width()),
@@ -123,7 +99,7 @@ Expected<PngTextKeys> ReadPngText(std::span<const uint8_t> bytes) {
 
 std::vector<uint8_t> EncodePng(const gdi::Surface& pixels, const PngTextKeys& keys) {
   if (pixels.Empty()) return {};
-  Writer writer;
+  pngio::Writer writer;
   if (!writer.ok()) return {};
   std::vector<png_text> text(keys.size());
   size_t i = 0;
