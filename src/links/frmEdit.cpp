@@ -7,7 +7,8 @@
 #include "platform/toolkit/Value.h"
 #include "program/Form1Controls.h"
 #include "program/Program.h"
-#include "program/WindowHelpers.h"
+#include "program/Rcorners.h"
+#include "program/mTop.h"
 
 namespace vellumry {
 

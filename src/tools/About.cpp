@@ -3,7 +3,7 @@
 #include "picture/PlainLoader.h"
 #include "platform/toolkit/Error.h"
 #include "program/Program.h"
-#include "program/WindowHelpers.h"
+#include "program/mTop.h"
 #include "tools/frmMenu.h"
 
 namespace vellumry {

@@ -7,7 +7,7 @@
 #include "platform/toolkit/BasicControls.h"
 #include "platform/toolkit/DialogControls.h"
 #include "program/Form1Controls.h"
-#include "program/OpenFile.h"
+#include "program/mOpenFile.h"
 #include "program/Program.h"
 
 namespace vellumry {

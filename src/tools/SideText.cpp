@@ -1,7 +1,7 @@
 #include "tools/SideText.h"
 
 #include "program/Form1Controls.h"
-#include "program/OpenFile.h"
+#include "program/mOpenFile.h"
 #include "program/Program.h"
 #include "tools/frmMenu.h"
 

@@ -4,7 +4,7 @@
 #include "links/Links.h"
 #include "platform/os/FileSystem.h"
 #include "program/Form1Controls.h"
-#include "program/OpenFile.h"
+#include "program/mOpenFile.h"
 #include "program/Program.h"
 #include "tools/About.h"
 #include "tools/Imginfo.h"

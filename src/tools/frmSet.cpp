@@ -7,7 +7,7 @@
 #include "platform/toolkit/Numbers.h"
 #include "program/Form1Controls.h"
 #include "program/Program.h"
-#include "program/WindowHelpers.h"
+#include "program/mTop.h"
 
 namespace vellumry {
 

@@ -5,8 +5,9 @@
 #include "platform/toolkit/Form.h"
 #include "platform/toolkit/HeadlessHost.h"
 #include "platform/toolkit/Runtime.h"
-#include "program/OpenFile.h"
-#include "program/WindowHelpers.h"
+#include "program/mOpenFile.h"
+#include "program/Rcorners.h"
+#include "program/mTop.h"
 
 using namespace vellumry;
 

@@ -1,4 +1,4 @@
-#include "program/OpenFile.h"
+#include "program/mOpenFile.h"
 
 #include "platform/os/FileSystem.h"
 #include "platform/toolkit/Runtime.h"

@@ -1,4 +1,4 @@
-#include "program/WindowHelpers.h"
+#include "program/Rcorners.h"
 
 #include "platform/toolkit/Form.h"
 #include "platform/toolkit/Numbers.h"
@@ -16,7 +16,5 @@ void pMakeround(tk::Form& form) {
                         tk::CLng(form.Height() / screen.TwipsPerPixelY), kCornerPixels,
                         kCornerPixels});
 }
-
-void pSettop(tk::Form& form) { form.setTopMost(true); }
 
 }  // namespace vellumry
