@@ -6,6 +6,7 @@
 #include "platform/codecs/MetafileBitmaps.h"
 #include "platform/codecs/MetafileCanvas.h"
 #include "platform/codecs/MetafileParams.h"
+#include "platform/codecs/WmfRecord.h"
 
 namespace vellumry::codecs {
 
@@ -13,7 +14,6 @@ namespace {
 
 // Slots when the header names none: the format's own limit on object indexes.
 constexpr size_t kMaxObjects = 65535;
-constexpr uint16_t kEof = 0x0000;
 
 // The records' parameters are words; points come y first in most of them.
 QPointF PointYX(const Params& p, uint64_t at) { return QPointF(p.S16(at + 2), p.S16(at)); }
@@ -82,6 +82,18 @@ class WmfPlayer {
   void Play(const Params& p, uint16_t function);
 
  private:
+  using R = WmfRecord;
+  // The records of one family, each played by its handler.
+  using Family = void (WmfPlayer::*)(const Params&, WmfRecord);
+  static Family FamilyOf(WmfRecord record);
+  void State(const Params& p, WmfRecord record);
+  void Clipping(const Params& p, WmfRecord record);
+  void Objects(const Params& p, WmfRecord record);
+  void Lines(const Params& p, WmfRecord record);
+  void Shapes(const Params& p, WmfRecord record);
+  void Texts(const Params& p, WmfRecord record);
+  void Bitmaps(const Params& p, WmfRecord record);
+
   void Create(GdiObject object) { objects_.AddToFreeSlot(std::move(object)); }
   void Select(uint16_t index);
   void Text(QPointF at, std::span<const uint8_t> text, const Params& p, uint64_t advancesAt,
@@ -122,114 +134,116 @@ void WmfPlayer::Bitmap(const Params& p, QRectF dest, QRectF source, uint32_t rop
   canvas_.Blit(dest, bitmap ? &*bitmap : nullptr, source, rop);
 }
 
-void WmfPlayer::Play(const Params& p, uint16_t function) {
+void WmfPlayer::State(const Params& p, WmfRecord record) {
   DcState& dc = canvas_.dc();
-  switch (function) {
-    case 0x001E:
-      canvas_.SaveDc();
-      break;
-    case 0x0127:
-      canvas_.RestoreDc(p.S16(0));
-      break;
-    case 0x020B:
+  switch (record) {
+    case R::META_SAVEDC:
+      return canvas_.SaveDc();
+    case R::META_RESTOREDC:
+      return canvas_.RestoreDc(p.S16(0));
+    case R::META_SETWINDOWORG:
       dc.windowOrg = PointYX(p, 0);
-      break;
-    case 0x020C:
+      return;
+    case R::META_SETWINDOWEXT:
       dc.windowExt = QSizeF(p.S16(2), p.S16(0));
-      break;
-    case 0x020F:
+      return;
+    case R::META_OFFSETWINDOWORG:
       dc.windowOrg += PointYX(p, 0);
-      break;
-    case 0x0410:  // scale window extent: y denominator, y numerator, x denominator, x numerator
+      return;
+    case R::META_SCALEWINDOWEXT:  // y denominator, y numerator, x denominator, x numerator
       if (p.S16(0) != 0 && p.S16(4) != 0) {
         dc.windowExt = QSizeF(dc.windowExt.width() * p.S16(6) / p.S16(4),
                               dc.windowExt.height() * p.S16(2) / p.S16(0));
       }
-      break;
-    case 0x0201:
+      return;
+    case R::META_SETBKCOLOR:
       dc.bkColor = ColorRef(p.U32(0));
-      break;
-    case 0x0102:
+      return;
+    case R::META_SETBKMODE:
       dc.opaqueBackground = p.U16(0) == 2;
-      break;
-    case 0x0209:
+      return;
+    case R::META_SETTEXTCOLOR:
       dc.textColor = ColorRef(p.U32(0));
-      break;
-    case 0x012E:
+      return;
+    case R::META_SETTEXTALIGN:
       dc.textAlign = p.U16(0);
-      break;
-    case 0x0106:
+      return;
+    case R::META_SETPOLYFILLMODE:
       dc.fillRule = p.U16(0) == 2 ? Qt::WindingFill : Qt::OddEvenFill;
-      break;
-    case 0x02FA: {
+      return;
+    default:
+      return;
+  }
+}
+
+void WmfPlayer::Clipping(const Params& p, WmfRecord record) {
+  switch (record) {
+    case R::META_SELECTCLIPREGION: {
+      const GdiObject* region = objects_.Get(p.U16(0));
+      return canvas_.SelectClip(
+          region ? std::optional(canvas_.LogicalToDevice().map(region->region)) : std::nullopt,
+          MetafileCanvas::RegionMode::kCopy);
+    }
+    case R::META_INTERSECTCLIPRECT:
+      return canvas_.IntersectClip(BoxBRTL(p, 0));
+    case R::META_EXCLUDECLIPRECT:
+      return canvas_.ExcludeClip(BoxBRTL(p, 0));
+    case R::META_OFFSETCLIPRGN:
+      return canvas_.OffsetClip(PointYX(p, 0));
+    default:
+      return;
+  }
+}
+
+void WmfPlayer::Objects(const Params& p, WmfRecord record) {
+  switch (record) {
+    case R::META_CREATEPENINDIRECT: {
       GdiObject pen{GdiObject::Kind::kPen};
       pen.pen = {p.U16(0), static_cast<double>(p.S16(2)), ColorRef(p.U32(6))};
-      Create(pen);
-      break;
+      return Create(pen);
     }
-    case 0x02FC: {
+    case R::META_CREATEBRUSHINDIRECT: {
       GdiObject brush{GdiObject::Kind::kBrush};
       brush.brush = StyledBrush(p.U16(0), ColorRef(p.U32(2)), p.U16(6));
-      Create(brush);
-      break;
+      return Create(brush);
     }
-    case 0x0142: {  // a brush of a packed bitmap
+    case R::META_DIBCREATEPATTERNBRUSH: {
       GdiObject brush{GdiObject::Kind::kBrush};
       const auto pattern = PackedBitmap(p, 4);
       brush.brush = pattern ? PatternBrush(*pattern) : QBrush(Qt::gray);
-      Create(brush);
-      break;
+      return Create(brush);
     }
-    case 0x01F9:  // a brush of an old device-dependent bitmap: drawn grey
-      Create({GdiObject::Kind::kBrush, {}, QBrush(Qt::gray)});
-      break;
-    case 0x02FB:
-      Create(Font(p));
-      break;
-    case 0x00F7:
-      Create({GdiObject::Kind::kPalette});
-      break;
-    case 0x06FF: {
+    case R::META_CREATEPATTERNBRUSH:  // of an old device-dependent bitmap: drawn grey
+      return Create({GdiObject::Kind::kBrush, {}, QBrush(Qt::gray)});
+    case R::META_CREATEFONTINDIRECT:
+      return Create(Font(p));
+    case R::META_CREATEPALETTE:
+      return Create({GdiObject::Kind::kPalette});
+    case R::META_CREATEREGION: {
       GdiObject region{GdiObject::Kind::kRegion};
       region.region = Region(p);
-      Create(region);
-      break;
+      return Create(region);
     }
-    case 0x012D:
-      Select(p.U16(0));
-      break;
-    case 0x01F0:
-      objects_.Delete(p.U16(0));
-      break;
-    case 0x012C: {
-      const GdiObject* region = objects_.Get(p.U16(0));
-      canvas_.SelectClip(
-          region ? std::optional(canvas_.LogicalToDevice().map(region->region)) : std::nullopt,
-          MetafileCanvas::RegionMode::kCopy);
-      break;
-    }
-    case 0x0416:
-      canvas_.IntersectClip(BoxBRTL(p, 0));
-      break;
-    case 0x0415:
-      canvas_.ExcludeClip(BoxBRTL(p, 0));
-      break;
-    case 0x0220:
-      canvas_.OffsetClip(PointYX(p, 0));
-      break;
-    case 0x0214:
-      canvas_.MoveTo(PointYX(p, 0));
-      break;
-    case 0x0213:
-      canvas_.LineTo(PointYX(p, 0));
-      break;
-    case 0x0325:
-      canvas_.Polyline(Points(p, 2, p.U16(0)));
-      break;
-    case 0x0324:
-      canvas_.Polygon(Points(p, 2, p.U16(0)));
-      break;
-    case 0x0538: {
+    case R::META_SELECTOBJECT:
+      return Select(p.U16(0));
+    case R::META_DELETEOBJECT:
+      return objects_.Delete(p.U16(0));
+    default:
+      return;
+  }
+}
+
+void WmfPlayer::Lines(const Params& p, WmfRecord record) {
+  switch (record) {
+    case R::META_MOVETO:
+      return canvas_.MoveTo(PointYX(p, 0));
+    case R::META_LINETO:
+      return canvas_.LineTo(PointYX(p, 0));
+    case R::META_POLYLINE:
+      return canvas_.Polyline(Points(p, 2, p.U16(0)));
+    case R::META_POLYGON:
+      return canvas_.Polygon(Points(p, 2, p.U16(0)));
+    case R::META_POLYPOLYGON: {
       const uint16_t count = p.U16(0);
       std::vector<QPolygonF> polygons;
       uint64_t at = 2 + uint64_t{count} * 2;
@@ -238,91 +252,132 @@ void WmfPlayer::Play(const Params& p, uint16_t function) {
         polygons.push_back(Points(p, at, points));
         at += uint64_t{points} * 4;
       }
-      canvas_.PolyPolygon(polygons);
-      break;
+      return canvas_.PolyPolygon(polygons);
     }
-    case 0x041B:
-      canvas_.Rectangle(BoxBRTL(p, 0));
-      break;
-    case 0x061C:
-      canvas_.RoundRect(BoxBRTL(p, 4), QSizeF(p.S16(2), p.S16(0)));
-      break;
-    case 0x0418:
-      canvas_.Ellipse(BoxBRTL(p, 0));
-      break;
-    case 0x0817:
-    case 0x0830:
-    case 0x081A: {
-      const auto kind = function == 0x0817   ? MetafileCanvas::ArcKind::kArc
-                        : function == 0x0830 ? MetafileCanvas::ArcKind::kChord
-                                             : MetafileCanvas::ArcKind::kPie;
-      canvas_.Arc(kind, BoxBRTL(p, 8), PointYX(p, 4), PointYX(p, 0));
-      break;
+    default:
+      return;
+  }
+}
+
+void WmfPlayer::Shapes(const Params& p, WmfRecord record) {
+  switch (record) {
+    case R::META_RECTANGLE:
+      return canvas_.Rectangle(BoxBRTL(p, 0));
+    case R::META_ROUNDRECT:
+      return canvas_.RoundRect(BoxBRTL(p, 4), QSizeF(p.S16(2), p.S16(0)));
+    case R::META_ELLIPSE:
+      return canvas_.Ellipse(BoxBRTL(p, 0));
+    case R::META_ARC:
+    case R::META_CHORD:
+    case R::META_PIE: {
+      const auto kind = record == R::META_ARC     ? MetafileCanvas::ArcKind::kArc
+                        : record == R::META_CHORD ? MetafileCanvas::ArcKind::kChord
+                                                  : MetafileCanvas::ArcKind::kPie;
+      return canvas_.Arc(kind, BoxBRTL(p, 8), PointYX(p, 4), PointYX(p, 0));
     }
-    case 0x041F:
-      canvas_.SetPixel(PointYX(p, 4), ColorRef(p.U32(0)));
-      break;
-    case 0x0228: {
+    case R::META_SETPIXEL:
+      return canvas_.SetPixel(PointYX(p, 4), ColorRef(p.U32(0)));
+    case R::META_FILLREGION: {
       const GdiObject* region = objects_.Get(p.U16(0));
       const GdiObject* brush = objects_.Get(p.U16(2));
       if (region && brush)
         canvas_.FillRegion(region->region, canvas_.LogicalToOutput(), brush->brush);
-      break;
+      return;
     }
-    case 0x012B:
-      if (const GdiObject* region = objects_.Get(p.U16(0))) {
-        canvas_.FillRegion(region->region, canvas_.LogicalToOutput(), dc.brush);
-      }
-      break;
-    case 0x0521: {
-      const uint16_t length = p.U16(0);
-      const uint64_t after = 2 + (uint64_t{length} + 1) / 2 * 2;
-      Text(PointYX(p, after), p.Slice(2, length), p, UINT64_MAX, 0, std::nullopt);
-      break;
-    }
-    case 0x0A32: {
-      const uint16_t length = p.U16(4), options = p.U16(6);
-      uint64_t at = 8;
-      std::optional<QRectF> box;
-      if (options & 6) {
-        box = QRectF(QPointF(p.S16(8), p.S16(10)), QPointF(p.S16(12), p.S16(14)));
-        at += 8;
-      }
-      Text(PointYX(p, 0), p.Slice(at, length), p, at + (uint64_t{length} + 1) / 2 * 2, options,
-           box);
-      break;
-    }
-    case 0x061D:
-      canvas_.Blit(QRectF(PointYX(p, 8), QSizeF(p.S16(6), p.S16(4))), nullptr, {}, p.U32(0));
-      break;
-    case 0x0940: {  // bit block transfer: without a bitmap, a reserved word after the source
+    case R::META_PAINTREGION:
+      if (const GdiObject* region = objects_.Get(p.U16(0)))
+        canvas_.FillRegion(region->region, canvas_.LogicalToOutput(), canvas_.dc().brush);
+      return;
+    default:
+      return;
+  }
+}
+
+void WmfPlayer::Texts(const Params& p, WmfRecord record) {
+  if (record == R::META_TEXTOUT) {
+    const uint16_t length = p.U16(0);
+    const uint64_t after = 2 + (uint64_t{length} + 1) / 2 * 2;
+    return Text(PointYX(p, after), p.Slice(2, length), p, UINT64_MAX, 0, std::nullopt);
+  }
+  const uint16_t length = p.U16(4), options = p.U16(6);  // META_EXTTEXTOUT
+  uint64_t at = 8;
+  std::optional<QRectF> box;
+  if (options & 6) {
+    box = QRectF(QPointF(p.S16(8), p.S16(10)), QPointF(p.S16(12), p.S16(14)));
+    at += 8;
+  }
+  Text(PointYX(p, 0), p.Slice(at, length), p, at + (uint64_t{length} + 1) / 2 * 2, options, box);
+}
+
+void WmfPlayer::Bitmaps(const Params& p, WmfRecord record) {
+  switch (record) {
+    case R::META_PATBLT:
+      return canvas_.Blit(QRectF(PointYX(p, 8), QSizeF(p.S16(6), p.S16(4))), nullptr, {},
+                          p.U32(0));
+    case R::META_DIBBITBLT: {  // without a bitmap, a reserved word after the source
       const bool withBitmap = p.size() > 18;
       const uint64_t at = withBitmap ? 8 : 10;
       const QSizeF size(p.S16(at + 2), p.S16(at));
-      Bitmap(p, QRectF(PointYX(p, at + 4), size), QRectF(PointYX(p, 4), size), p.U32(0),
-             withBitmap ? 16 : UINT64_MAX);
-      break;
+      return Bitmap(p, QRectF(PointYX(p, at + 4), size), QRectF(PointYX(p, 4), size), p.U32(0),
+                    withBitmap ? 16 : UINT64_MAX);
     }
-    case 0x0B41: {
+    case R::META_DIBSTRETCHBLT: {
       const bool withBitmap = p.size() > 22;
       const uint64_t at = withBitmap ? 12 : 14;
-      Bitmap(p, QRectF(PointYX(p, at + 4), QSizeF(p.S16(at + 2), p.S16(at))),
-             QRectF(PointYX(p, 8), QSizeF(p.S16(6), p.S16(4))), p.U32(0),
-             withBitmap ? 20 : UINT64_MAX);
-      break;
+      return Bitmap(p, QRectF(PointYX(p, at + 4), QSizeF(p.S16(at + 2), p.S16(at))),
+                    QRectF(PointYX(p, 8), QSizeF(p.S16(6), p.S16(4))), p.U32(0),
+                    withBitmap ? 20 : UINT64_MAX);
     }
-    case 0x0F43:
-      Bitmap(p, QRectF(PointYX(p, 18), QSizeF(p.S16(16), p.S16(14))),
-             QRectF(PointYX(p, 10), QSizeF(p.S16(8), p.S16(6))), p.U32(0), 22);
-      break;
-    case 0x0D33: {
+    case R::META_STRETCHDIB:
+      return Bitmap(p, QRectF(PointYX(p, 18), QSizeF(p.S16(16), p.S16(14))),
+                    QRectF(PointYX(p, 10), QSizeF(p.S16(8), p.S16(6))), p.U32(0), 22);
+    case R::META_SETDIBTODEV: {
       const QSizeF size(p.S16(12), p.S16(10));
-      Bitmap(p, QRectF(PointYX(p, 14), size), QRectF(PointYX(p, 6), size), 0x00CC0020, 18);
-      break;
+      return Bitmap(p, QRectF(PointYX(p, 14), size), QRectF(PointYX(p, 6), size), 0x00CC0020,
+                    18);
     }
     default:
-      break;  // records without a drawing of their own, and those left unplayed
+      return;
   }
+}
+
+// Which family plays each record; records without a drawing of their own, and those left
+// unplayed, have none.
+WmfPlayer::Family WmfPlayer::FamilyOf(WmfRecord record) {
+  switch (record) {
+    case R::META_SAVEDC: case R::META_RESTOREDC: case R::META_SETWINDOWORG:
+    case R::META_SETWINDOWEXT: case R::META_OFFSETWINDOWORG: case R::META_SCALEWINDOWEXT:
+    case R::META_SETBKCOLOR: case R::META_SETBKMODE: case R::META_SETTEXTCOLOR:
+    case R::META_SETTEXTALIGN: case R::META_SETPOLYFILLMODE:
+      return &WmfPlayer::State;
+    case R::META_SELECTCLIPREGION: case R::META_INTERSECTCLIPRECT: case R::META_EXCLUDECLIPRECT:
+    case R::META_OFFSETCLIPRGN:
+      return &WmfPlayer::Clipping;
+    case R::META_CREATEPENINDIRECT: case R::META_CREATEBRUSHINDIRECT:
+    case R::META_DIBCREATEPATTERNBRUSH: case R::META_CREATEPATTERNBRUSH:
+    case R::META_CREATEFONTINDIRECT: case R::META_CREATEPALETTE: case R::META_CREATEREGION:
+    case R::META_SELECTOBJECT: case R::META_DELETEOBJECT:
+      return &WmfPlayer::Objects;
+    case R::META_MOVETO: case R::META_LINETO: case R::META_POLYLINE: case R::META_POLYGON:
+    case R::META_POLYPOLYGON:
+      return &WmfPlayer::Lines;
+    case R::META_RECTANGLE: case R::META_ROUNDRECT: case R::META_ELLIPSE: case R::META_ARC:
+    case R::META_CHORD: case R::META_PIE: case R::META_SETPIXEL: case R::META_FILLREGION:
+    case R::META_PAINTREGION:
+      return &WmfPlayer::Shapes;
+    case R::META_TEXTOUT: case R::META_EXTTEXTOUT:
+      return &WmfPlayer::Texts;
+    case R::META_PATBLT: case R::META_DIBBITBLT: case R::META_DIBSTRETCHBLT:
+    case R::META_STRETCHDIB: case R::META_SETDIBTODEV:
+      return &WmfPlayer::Bitmaps;
+    default:
+      return nullptr;
+  }
+}
+
+void WmfPlayer::Play(const Params& p, uint16_t function) {
+  const auto record = static_cast<WmfRecord>(function);
+  if (const Family family = FamilyOf(record)) (this->*family)(p, record);
 }
 
 }  // namespace
@@ -334,8 +389,8 @@ void PlayWmf(std::span<const uint8_t> bytes, const WmfFrame& frame, QPainter& pa
   uint64_t at = frame.recordsAt;
   while (const auto words = in.Le32(at)) {
     const uint64_t size = uint64_t{*words} * 2;
-    const uint16_t function = in.Le16(at + 4).value_or(kEof);
-    if (size < 6 || !in.Has(at, size) || function == kEof) break;
+    const uint16_t function = in.Le16(at + 4).value_or(0);
+    if (size < 6 || !in.Has(at, size) || function == static_cast<uint16_t>(WmfRecord::META_EOF)) break;
     player.Play(Params(bytes.subspan(at + 6, size - 6)), function);
     at += size;
   }
