@@ -1,24 +1,30 @@
 #include "platform/codecs/EmfPlayer.h"
 
+#include <algorithm>
 #include <cmath>
 #include <vector>
 
 #include "platform/codecs/ByteReader.h"
 #include "platform/codecs/MetafileBitmaps.h"
 #include "platform/codecs/MetafileCanvas.h"
+#include "platform/codecs/EmfRecord.h"
 #include "platform/codecs/MetafileParams.h"
+#include "platform/codecs/RecordTable.h"
 
 namespace vellumry::codecs {
 
 namespace {
 
-constexpr uint32_t kEof = 14;
 constexpr uint32_t kStockObject = 0x80000000;
 constexpr uint64_t kRecordHead = 8;
 
 QPointF Point32(const Params& p, uint64_t at) { return QPointF(p.S32(at), p.S32(at + 4)); }
 QRectF Box32(const Params& p, uint64_t at) { return QRectF(Point32(p, at), Point32(p, at + 8)); }
 QSizeF Size32(const Params& p, uint64_t at) { return QSizeF(p.S32(at), p.S32(at + 4)); }
+// A region mode as stored, kept to the five there are.
+MetafileCanvas::RegionMode RegionMode(uint32_t stored) {
+  return static_cast<MetafileCanvas::RegionMode>(std::clamp<uint32_t>(stored, 1, 5));
+}
 
 // `count` points at `at`, of 16 or 32 bits a coordinate; none when they don't fit the record.
 QPolygonF Points(const Params& p, uint64_t at, uint64_t count, bool small) {
@@ -119,6 +125,20 @@ class EmfPlayer {
   void Play(const Params& p, uint32_t type);
 
  private:
+  using R = EmfRecord;
+  // The records of one family, each played by its handler.
+  using Family = void (EmfPlayer::*)(const Params&, EmfRecord);
+  static Family FamilyOf(EmfRecord record);
+  void Lines(const Params& p, EmfRecord record);
+  void State(const Params& p, EmfRecord record);
+  void Transform(const Params& p, EmfRecord record);
+  void Clipping(const Params& p, EmfRecord record);
+  void Objects(const Params& p, EmfRecord record);
+  void Shapes(const Params& p, EmfRecord record);
+  void Paths(const Params& p, EmfRecord record);
+  void Texts(const Params& p, EmfRecord record);
+  void Bitmaps(const Params& p, EmfRecord record);
+
   void Select(uint32_t index);
   void Text(const Params& p, bool wide);
   // A bitmap of a blit record, whose header and pixels are given by offsets and sizes at `at`.
@@ -164,250 +184,298 @@ void EmfPlayer::Blit(const Params& p, QRectF dest, QRectF source, uint32_t rop, 
   canvas_.Blit(dest, bitmap ? &*bitmap : nullptr, source, rop);
 }
 
-void EmfPlayer::Play(const Params& p, uint32_t type) {
+void EmfPlayer::Lines(const Params& p, EmfRecord record) {
+  // The 16-bit kinds carry the same fields with smaller points.
+  const bool small = static_cast<uint32_t>(record) >= static_cast<uint32_t>(R::EMR_POLYBEZIER16);
+  switch (record) {
+    case R::EMR_POLYBEZIER:
+    case R::EMR_POLYBEZIER16:
+      return canvas_.PolyBezier(Points(p, 28, p.U32(24), small), false);
+    case R::EMR_POLYGON:
+    case R::EMR_POLYGON16:
+      return canvas_.Polygon(Points(p, 28, p.U32(24), small));
+    case R::EMR_POLYLINE:
+    case R::EMR_POLYLINE16:
+      return canvas_.Polyline(Points(p, 28, p.U32(24), small));
+    case R::EMR_POLYBEZIERTO:
+    case R::EMR_POLYBEZIERTO16:
+      return canvas_.PolyBezier(Points(p, 28, p.U32(24), small), true);
+    case R::EMR_POLYLINETO:
+    case R::EMR_POLYLINETO16:
+      for (const QPointF point : Points(p, 28, p.U32(24), small)) canvas_.LineTo(point);
+      return;
+    case R::EMR_POLYPOLYLINE:
+    case R::EMR_POLYPOLYLINE16:
+      return canvas_.PolyPolyline(Polygons(p, small));
+    case R::EMR_POLYPOLYGON:
+    case R::EMR_POLYPOLYGON16:
+      return canvas_.PolyPolygon(Polygons(p, small));
+    case R::EMR_MOVETOEX:
+      return canvas_.MoveTo(Point32(p, 8));
+    case R::EMR_LINETO:
+      return canvas_.LineTo(Point32(p, 8));
+    default:
+      return;
+  }
+}
+
+void EmfPlayer::State(const Params& p, EmfRecord record) {
   DcState& dc = canvas_.dc();
-  switch (type) {
-    case 2:
-    case 85:
-      canvas_.PolyBezier(Points(p, 28, p.U32(24), type == 85), false);
-      break;
-    case 3:
-    case 86:
-      canvas_.Polygon(Points(p, 28, p.U32(24), type == 86));
-      break;
-    case 4:
-    case 87:
-      canvas_.Polyline(Points(p, 28, p.U32(24), type == 87));
-      break;
-    case 5:
-    case 88:
-      canvas_.PolyBezier(Points(p, 28, p.U32(24), type == 88), true);
-      break;
-    case 6:
-    case 89:
-      for (const QPointF point : Points(p, 28, p.U32(24), type == 89)) canvas_.LineTo(point);
-      break;
-    case 7:
-    case 90:
-      canvas_.PolyPolyline(Polygons(p, type == 90));
-      break;
-    case 8:
-    case 91:
-      canvas_.PolyPolygon(Polygons(p, type == 91));
-      break;
-    case 9:
+  switch (record) {
+    case R::EMR_SETWINDOWEXTEX:
       dc.windowExt = Size32(p, 8);
-      break;
-    case 10:
+      return;
+    case R::EMR_SETWINDOWORGEX:
       dc.windowOrg = Point32(p, 8);
-      break;
-    case 11:
+      return;
+    case R::EMR_SETVIEWPORTEXTEX:
       dc.viewportExt = Size32(p, 8);
-      break;
-    case 12:
+      return;
+    case R::EMR_SETVIEWPORTORGEX:
       dc.viewportOrg = Point32(p, 8);
-      break;
-    case 15:
-      canvas_.SetPixel(Point32(p, 8), ColorRef(p.U32(16)));
-      break;
-    case 17:
+      return;
+    case R::EMR_SETMAPMODE:
       dc.mapMode = p.S32(8);
-      break;
-    case 18:
+      return;
+    case R::EMR_SETBKMODE:
       dc.opaqueBackground = p.U32(8) == 2;
-      break;
-    case 19:
+      return;
+    case R::EMR_SETPOLYFILLMODE:
       dc.fillRule = p.U32(8) == 2 ? Qt::WindingFill : Qt::OddEvenFill;
-      break;
-    case 22:
+      return;
+    case R::EMR_SETTEXTALIGN:
       dc.textAlign = p.U32(8);
-      break;
-    case 24:
+      return;
+    case R::EMR_SETTEXTCOLOR:
       dc.textColor = ColorRef(p.U32(8));
-      break;
-    case 25:
+      return;
+    case R::EMR_SETBKCOLOR:
       dc.bkColor = ColorRef(p.U32(8));
-      break;
-    case 26:
-      canvas_.OffsetClip(Point32(p, 8));
-      break;
-    case 27:
-      canvas_.MoveTo(Point32(p, 8));
-      break;
-    case 29:
-      canvas_.ExcludeClip(Box32(p, 8));
-      break;
-    case 30:
-      canvas_.IntersectClip(Box32(p, 8));
-      break;
-    case 31:
-    case 32: {  // scale an extent: x numerator, x denominator, y numerator, y denominator
-      if (p.S32(12) == 0 || p.S32(20) == 0) break;
-      QSizeF& extent = type == 31 ? dc.viewportExt : dc.windowExt;
-      extent =
-          QSizeF(extent.width() * p.S32(8) / p.S32(12), extent.height() * p.S32(16) / p.S32(20));
-      break;
-    }
-    case 33:
-      canvas_.SaveDc();
-      break;
-    case 34:
-      canvas_.RestoreDc(p.S32(8));
-      break;
-    case 35:
-    case 36: {
-      const QTransform given(p.F32(8), p.F32(12), p.F32(16), p.F32(20), p.F32(24), p.F32(28));
-      if (!given.isInvertible() || !std::isfinite(given.determinant())) break;
-      const uint32_t mode = type == 35 ? 4 : p.U32(32);
-      if (mode == 1) dc.world = QTransform();
-      if (mode == 2) dc.world = given * dc.world;
-      if (mode == 3) dc.world = dc.world * given;
-      if (mode == 4) dc.world = given;
-      break;
-    }
-    case 37:
-      Select(p.U32(8));
-      break;
-    case 38: {
+      return;
+    case R::EMR_SETARCDIRECTION:
+      dc.clockwiseArcs = p.U32(8) == 2;
+      return;
+    case R::EMR_SAVEDC:
+      return canvas_.SaveDc();
+    case R::EMR_RESTOREDC:
+      return canvas_.RestoreDc(p.S32(8));
+    default:
+      return;
+  }
+}
+
+void EmfPlayer::Transform(const Params& p, EmfRecord record) {
+  DcState& dc = canvas_.dc();
+  if (record == R::EMR_SCALEVIEWPORTEXTEX || record == R::EMR_SCALEWINDOWEXTEX) {
+    // x numerator, x denominator, y numerator, y denominator
+    if (p.S32(12) == 0 || p.S32(20) == 0) return;
+    QSizeF& extent = record == R::EMR_SCALEVIEWPORTEXTEX ? dc.viewportExt : dc.windowExt;
+    extent = QSizeF(extent.width() * p.S32(8) / p.S32(12), extent.height() * p.S32(16) / p.S32(20));
+    return;
+  }
+  const QTransform given(p.F32(8), p.F32(12), p.F32(16), p.F32(20), p.F32(24), p.F32(28));
+  if (!given.isInvertible() || !std::isfinite(given.determinant())) return;
+  const uint32_t mode = record == R::EMR_SETWORLDTRANSFORM ? 4 : p.U32(32);
+  if (mode == 1) dc.world = QTransform();
+  if (mode == 2) dc.world = given * dc.world;
+  if (mode == 3) dc.world = dc.world * given;
+  if (mode == 4) dc.world = given;
+}
+
+void EmfPlayer::Clipping(const Params& p, EmfRecord record) {
+  switch (record) {
+    case R::EMR_OFFSETCLIPRGN:
+      return canvas_.OffsetClip(Point32(p, 8));
+    case R::EMR_EXCLUDECLIPRECT:
+      return canvas_.ExcludeClip(Box32(p, 8));
+    case R::EMR_INTERSECTCLIPRECT:
+      return canvas_.IntersectClip(Box32(p, 8));
+    case R::EMR_EXTSELECTCLIPRGN:
+      return canvas_.SelectClip(Region(p, 16, p.U32(8)), RegionMode(p.U32(12)));
+    default:
+      return;
+  }
+}
+
+void EmfPlayer::Objects(const Params& p, EmfRecord record) {
+  switch (record) {
+    case R::EMR_SELECTOBJECT:
+      return Select(p.U32(8));
+    case R::EMR_CREATEPEN: {
       GdiObject pen{GdiObject::Kind::kPen};
       pen.pen = {static_cast<int>(p.U32(12)), static_cast<double>(p.S32(16)), ColorRef(p.U32(24))};
       objects_.Put(p.U32(8), pen);
-      break;
+      return;
     }
-    case 95: {  // a pen with its brush described in place
+    case R::EMR_EXTCREATEPEN: {  // a pen with its brush described in place
       GdiObject pen{GdiObject::Kind::kPen};
       pen.pen = {static_cast<int>(p.U32(28)), static_cast<double>(p.U32(32)), ColorRef(p.U32(40))};
       if (p.U32(36) == 1) pen.pen.style = 5;  // a hollow brush draws nothing
       objects_.Put(p.U32(8), pen);
-      break;
+      return;
     }
-    case 39: {
+    case R::EMR_CREATEBRUSHINDIRECT: {
       GdiObject brush{GdiObject::Kind::kBrush};
       brush.brush = StyledBrush(p.U32(12), ColorRef(p.U32(16)), p.U32(20));
       objects_.Put(p.U32(8), brush);
-      break;
+      return;
     }
-    case 93:
-    case 94: {
+    case R::EMR_CREATEMONOBRUSH:
+    case R::EMR_CREATEDIBPATTERNBRUSHPT: {
       GdiObject brush{GdiObject::Kind::kBrush};
       const auto pattern = RecordBitmap(p, p.U32(16), p.U32(24), p.U32(28));
       brush.brush = pattern ? PatternBrush(*pattern) : QBrush(Qt::gray);
       objects_.Put(p.U32(8), brush);
-      break;
+      return;
     }
-    case 82:
+    case R::EMR_EXTCREATEFONTINDIRECTW:
       objects_.Put(p.U32(8), Font(p));
-      break;
-    case 49:
+      return;
+    case R::EMR_CREATEPALETTE:
       objects_.Put(p.U32(8), {GdiObject::Kind::kPalette});
-      break;
-    case 40:
-      objects_.Delete(p.U32(8));
-      break;
-    case 42:
-      canvas_.Ellipse(Box32(p, 8));
-      break;
-    case 43:
-      canvas_.Rectangle(Box32(p, 8));
-      break;
-    case 44:
-      canvas_.RoundRect(Box32(p, 8), Size32(p, 24));
-      break;
-    case 45:
-    case 46:
-    case 47:
-    case 55: {
-      const auto kind = type == 45   ? MetafileCanvas::ArcKind::kArc
-                        : type == 46 ? MetafileCanvas::ArcKind::kChord
-                        : type == 47 ? MetafileCanvas::ArcKind::kPie
-                                     : MetafileCanvas::ArcKind::kArcTo;
-      canvas_.Arc(kind, Box32(p, 8), Point32(p, 24), Point32(p, 32));
-      break;
+      return;
+    case R::EMR_DELETEOBJECT:
+      return objects_.Delete(p.U32(8));
+    default:
+      return;
+  }
+}
+
+void EmfPlayer::Shapes(const Params& p, EmfRecord record) {
+  switch (record) {
+    case R::EMR_SETPIXELV:
+      return canvas_.SetPixel(Point32(p, 8), ColorRef(p.U32(16)));
+    case R::EMR_ELLIPSE:
+      return canvas_.Ellipse(Box32(p, 8));
+    case R::EMR_RECTANGLE:
+      return canvas_.Rectangle(Box32(p, 8));
+    case R::EMR_ROUNDRECT:
+      return canvas_.RoundRect(Box32(p, 8), Size32(p, 24));
+    case R::EMR_ARC:
+    case R::EMR_CHORD:
+    case R::EMR_PIE:
+    case R::EMR_ARCTO: {
+      const auto kind = record == R::EMR_ARC     ? MetafileCanvas::ArcKind::kArc
+                        : record == R::EMR_CHORD ? MetafileCanvas::ArcKind::kChord
+                        : record == R::EMR_PIE   ? MetafileCanvas::ArcKind::kPie
+                                                 : MetafileCanvas::ArcKind::kArcTo;
+      return canvas_.Arc(kind, Box32(p, 8), Point32(p, 24), Point32(p, 32));
     }
-    case 54:
-      canvas_.LineTo(Point32(p, 8));
-      break;
-    case 41:
-      if (std::isfinite(p.F32(20)) && std::isfinite(p.F32(24))) {
+    case R::EMR_ANGLEARC:
+      if (std::isfinite(p.F32(20)) && std::isfinite(p.F32(24)))
         canvas_.AngleArc(Point32(p, 8), p.U32(16), p.F32(20), p.F32(24));
-      }
-      break;
-    case 57:
-      dc.clockwiseArcs = p.U32(8) == 2;
-      break;
-    case 59:
-      canvas_.BeginPath();
-      break;
-    case 60:
-      canvas_.EndPath();
-      break;
-    case 61:
-      canvas_.CloseFigure();
-      break;
-    case 62:
-      canvas_.FillPath();
-      break;
-    case 63:
-      canvas_.StrokeAndFillPath();
-      break;
-    case 64:
-      canvas_.StrokePath();
-      break;
-    case 67:
-      canvas_.SelectClipPath(
-          static_cast<MetafileCanvas::RegionMode>(std::clamp<uint32_t>(p.U32(8), 1, 5)));
-      break;
-    case 68:
-      canvas_.AbortPath();
-      break;
-    case 71:
+      return;
+    case R::EMR_FILLRGN:
       if (const GdiObject* brush = objects_.Get(p.U32(28))) {
-        if (auto region = Region(p, 32, p.U32(24))) {
+        if (auto region = Region(p, 32, p.U32(24)))
           canvas_.FillRegion(*region, canvas_.DeviceToOutput(), brush->brush);
-        }
       }
-      break;
-    case 74:
-      if (auto region = Region(p, 28, p.U32(24))) {
-        canvas_.FillRegion(*region, canvas_.DeviceToOutput(), dc.brush);
-      }
-      break;
-    case 75:
-      canvas_.SelectClip(Region(p, 16, p.U32(8)), static_cast<MetafileCanvas::RegionMode>(
-                                                      std::clamp<uint32_t>(p.U32(12), 1, 5)));
-      break;
-    case 76:
-    case 77: {
+      return;
+    case R::EMR_PAINTRGN:
+      if (auto region = Region(p, 28, p.U32(24)))
+        canvas_.FillRegion(*region, canvas_.DeviceToOutput(), canvas_.dc().brush);
+      return;
+    default:
+      return;
+  }
+}
+
+void EmfPlayer::Paths(const Params& p, EmfRecord record) {
+  switch (record) {
+    case R::EMR_BEGINPATH:
+      return canvas_.BeginPath();
+    case R::EMR_ENDPATH:
+      return canvas_.EndPath();
+    case R::EMR_CLOSEFIGURE:
+      return canvas_.CloseFigure();
+    case R::EMR_FILLPATH:
+      return canvas_.FillPath();
+    case R::EMR_STROKEANDFILLPATH:
+      return canvas_.StrokeAndFillPath();
+    case R::EMR_STROKEPATH:
+      return canvas_.StrokePath();
+    case R::EMR_SELECTCLIPPATH:
+      return canvas_.SelectClipPath(RegionMode(p.U32(8)));
+    case R::EMR_ABORTPATH:
+      return canvas_.AbortPath();
+    default:
+      return;
+  }
+}
+
+void EmfPlayer::Texts(const Params& p, EmfRecord record) {
+  Text(p, record == R::EMR_EXTTEXTOUTW);
+}
+
+void EmfPlayer::Bitmaps(const Params& p, EmfRecord record) {
+  switch (record) {
+    case R::EMR_BITBLT:
+    case R::EMR_STRETCHBLT: {
       const QRectF dest(Point32(p, 24), Size32(p, 32));
-      const QSizeF source = type == 77 ? Size32(p, 100) : dest.size();
-      Blit(p, dest, QRectF(Point32(p, 44), source), p.U32(40), 84);
-      break;
+      const QSizeF source = record == R::EMR_STRETCHBLT ? Size32(p, 100) : dest.size();
+      return Blit(p, dest, QRectF(Point32(p, 44), source), p.U32(40), 84);
     }
-    case 80: {
+    case R::EMR_SETDIBITSTODEVICE: {
       const QSizeF size = Size32(p, 40);
-      Blit(p, QRectF(Point32(p, 24), size), QRectF(Point32(p, 32), size), 0x00CC0020, 48);
-      break;
+      return Blit(p, QRectF(Point32(p, 24), size), QRectF(Point32(p, 32), size), 0x00CC0020, 48);
     }
-    case 81:
-      Blit(p, QRectF(Point32(p, 24), Size32(p, 72)), QRectF(Point32(p, 32), Size32(p, 40)),
-           p.U32(68), 48);
-      break;
-    case 114: {  // alpha blend: premultiplied source pixels when its alpha format says so
+    case R::EMR_STRETCHDIBITS:
+      return Blit(p, QRectF(Point32(p, 24), Size32(p, 72)), QRectF(Point32(p, 32), Size32(p, 40)),
+                  p.U32(68), 48);
+    case R::EMR_ALPHABLEND: {  // premultiplied source pixels when its alpha format says so
       auto bitmap = Bitmap(p, 84);
-      if (!bitmap) break;
+      if (!bitmap) return;
       if (p.U8(43) == 1) bitmap->SetAlpha(gdi::AlphaMode::kPremultiplied);
       QRectF source(Point32(p, 44), Size32(p, 100));
       source.moveTop(bitmap->Height() - source.top() - source.height());
-      canvas_.Blit(QRectF(Point32(p, 24), Size32(p, 32)), &*bitmap, source, 0x00CC0020);
-      break;
+      return canvas_.Blit(QRectF(Point32(p, 24), Size32(p, 32)), &*bitmap, source, 0x00CC0020);
     }
-    case 83:
-    case 84:
-      Text(p, type == 84);
-      break;
     default:
-      break;  // comments (EMF+ among them), records without a drawing, and those left unplayed
+      return;
   }
+}
+
+// Which family plays each record: comments (EMF+ among them), records without a drawing of their
+// own, and those left unplayed have none.
+EmfPlayer::Family EmfPlayer::FamilyOf(EmfRecord record) {
+  static const RecordTable<EmfRecord, Family> families = {
+      {&EmfPlayer::Lines,
+       {R::EMR_POLYBEZIER, R::EMR_POLYGON, R::EMR_POLYLINE, R::EMR_POLYBEZIERTO,
+        R::EMR_POLYLINETO, R::EMR_POLYPOLYLINE, R::EMR_POLYPOLYGON, R::EMR_MOVETOEX, R::EMR_LINETO,
+        R::EMR_POLYBEZIER16, R::EMR_POLYGON16, R::EMR_POLYLINE16, R::EMR_POLYBEZIERTO16,
+        R::EMR_POLYLINETO16, R::EMR_POLYPOLYLINE16, R::EMR_POLYPOLYGON16}},
+      {&EmfPlayer::State,
+       {R::EMR_SETWINDOWEXTEX, R::EMR_SETWINDOWORGEX, R::EMR_SETVIEWPORTEXTEX,
+        R::EMR_SETVIEWPORTORGEX, R::EMR_SETMAPMODE, R::EMR_SETBKMODE, R::EMR_SETPOLYFILLMODE,
+        R::EMR_SETTEXTALIGN, R::EMR_SETTEXTCOLOR, R::EMR_SETBKCOLOR, R::EMR_SETARCDIRECTION,
+        R::EMR_SAVEDC, R::EMR_RESTOREDC}},
+      {&EmfPlayer::Transform,
+       {R::EMR_SCALEVIEWPORTEXTEX, R::EMR_SCALEWINDOWEXTEX, R::EMR_SETWORLDTRANSFORM,
+        R::EMR_MODIFYWORLDTRANSFORM}},
+      {&EmfPlayer::Clipping,
+       {R::EMR_OFFSETCLIPRGN, R::EMR_EXCLUDECLIPRECT, R::EMR_INTERSECTCLIPRECT,
+        R::EMR_EXTSELECTCLIPRGN}},
+      {&EmfPlayer::Objects,
+       {R::EMR_SELECTOBJECT, R::EMR_CREATEPEN, R::EMR_EXTCREATEPEN, R::EMR_CREATEBRUSHINDIRECT,
+        R::EMR_CREATEMONOBRUSH, R::EMR_CREATEDIBPATTERNBRUSHPT, R::EMR_EXTCREATEFONTINDIRECTW,
+        R::EMR_CREATEPALETTE, R::EMR_DELETEOBJECT}},
+      {&EmfPlayer::Shapes,
+       {R::EMR_SETPIXELV, R::EMR_ELLIPSE, R::EMR_RECTANGLE, R::EMR_ROUNDRECT, R::EMR_ARC,
+        R::EMR_CHORD, R::EMR_PIE, R::EMR_ARCTO, R::EMR_ANGLEARC, R::EMR_FILLRGN, R::EMR_PAINTRGN}},
+      {&EmfPlayer::Paths,
+       {R::EMR_BEGINPATH, R::EMR_ENDPATH, R::EMR_CLOSEFIGURE, R::EMR_FILLPATH,
+        R::EMR_STROKEANDFILLPATH, R::EMR_STROKEPATH, R::EMR_SELECTCLIPPATH, R::EMR_ABORTPATH}},
+      {&EmfPlayer::Texts, {R::EMR_EXTTEXTOUTA, R::EMR_EXTTEXTOUTW}},
+      {&EmfPlayer::Bitmaps,
+       {R::EMR_BITBLT, R::EMR_STRETCHBLT, R::EMR_SETDIBITSTODEVICE, R::EMR_STRETCHDIBITS,
+        R::EMR_ALPHABLEND}},
+  };
+  return families.Find(record);
+}
+
+void EmfPlayer::Play(const Params& p, uint32_t type) {
+  const auto record = static_cast<EmfRecord>(type);
+  if (const Family family = FamilyOf(record)) (this->*family)(p, record);
 }
 
 }  // namespace
@@ -439,7 +507,7 @@ void PlayEmf(std::span<const uint8_t> bytes, const EmfFrame& frame, QPainter& pa
   uint64_t at = 0;
   while (const auto type = in.Le32(at)) {
     const uint64_t size = in.Le32(at + 4).value_or(0);
-    if (size < kRecordHead || size % 4 != 0 || !in.Has(at, size) || *type == kEof) break;
+    if (size < kRecordHead || size % 4 != 0 || !in.Has(at, size) || *type == static_cast<uint32_t>(EmfRecord::EMR_EOF)) break;
     player.Play(Params(bytes.subspan(at, size)), *type);
     at += size;
   }

@@ -6,6 +6,7 @@
 #include "platform/codecs/MetafileBitmaps.h"
 #include "platform/codecs/MetafileCanvas.h"
 #include "platform/codecs/MetafileParams.h"
+#include "platform/codecs/RecordTable.h"
 #include "platform/codecs/WmfRecord.h"
 
 namespace vellumry::codecs {
@@ -341,38 +342,32 @@ void WmfPlayer::Bitmaps(const Params& p, WmfRecord record) {
   }
 }
 
-// Which family plays each record; records without a drawing of their own, and those left
+// Which family plays each record: records without a drawing of their own, and those left
 // unplayed, have none.
 WmfPlayer::Family WmfPlayer::FamilyOf(WmfRecord record) {
-  switch (record) {
-    case R::META_SAVEDC: case R::META_RESTOREDC: case R::META_SETWINDOWORG:
-    case R::META_SETWINDOWEXT: case R::META_OFFSETWINDOWORG: case R::META_SCALEWINDOWEXT:
-    case R::META_SETBKCOLOR: case R::META_SETBKMODE: case R::META_SETTEXTCOLOR:
-    case R::META_SETTEXTALIGN: case R::META_SETPOLYFILLMODE:
-      return &WmfPlayer::State;
-    case R::META_SELECTCLIPREGION: case R::META_INTERSECTCLIPRECT: case R::META_EXCLUDECLIPRECT:
-    case R::META_OFFSETCLIPRGN:
-      return &WmfPlayer::Clipping;
-    case R::META_CREATEPENINDIRECT: case R::META_CREATEBRUSHINDIRECT:
-    case R::META_DIBCREATEPATTERNBRUSH: case R::META_CREATEPATTERNBRUSH:
-    case R::META_CREATEFONTINDIRECT: case R::META_CREATEPALETTE: case R::META_CREATEREGION:
-    case R::META_SELECTOBJECT: case R::META_DELETEOBJECT:
-      return &WmfPlayer::Objects;
-    case R::META_MOVETO: case R::META_LINETO: case R::META_POLYLINE: case R::META_POLYGON:
-    case R::META_POLYPOLYGON:
-      return &WmfPlayer::Lines;
-    case R::META_RECTANGLE: case R::META_ROUNDRECT: case R::META_ELLIPSE: case R::META_ARC:
-    case R::META_CHORD: case R::META_PIE: case R::META_SETPIXEL: case R::META_FILLREGION:
-    case R::META_PAINTREGION:
-      return &WmfPlayer::Shapes;
-    case R::META_TEXTOUT: case R::META_EXTTEXTOUT:
-      return &WmfPlayer::Texts;
-    case R::META_PATBLT: case R::META_DIBBITBLT: case R::META_DIBSTRETCHBLT:
-    case R::META_STRETCHDIB: case R::META_SETDIBTODEV:
-      return &WmfPlayer::Bitmaps;
-    default:
-      return nullptr;
-  }
+  static const RecordTable<WmfRecord, Family> families = {
+      {&WmfPlayer::State,
+       {R::META_SAVEDC, R::META_RESTOREDC, R::META_SETWINDOWORG, R::META_SETWINDOWEXT,
+        R::META_OFFSETWINDOWORG, R::META_SCALEWINDOWEXT, R::META_SETBKCOLOR, R::META_SETBKMODE,
+        R::META_SETTEXTCOLOR, R::META_SETTEXTALIGN, R::META_SETPOLYFILLMODE}},
+      {&WmfPlayer::Clipping,
+       {R::META_SELECTCLIPREGION, R::META_INTERSECTCLIPRECT, R::META_EXCLUDECLIPRECT,
+        R::META_OFFSETCLIPRGN}},
+      {&WmfPlayer::Objects,
+       {R::META_CREATEPENINDIRECT, R::META_CREATEBRUSHINDIRECT, R::META_DIBCREATEPATTERNBRUSH,
+        R::META_CREATEPATTERNBRUSH, R::META_CREATEFONTINDIRECT, R::META_CREATEPALETTE,
+        R::META_CREATEREGION, R::META_SELECTOBJECT, R::META_DELETEOBJECT}},
+      {&WmfPlayer::Lines,
+       {R::META_MOVETO, R::META_LINETO, R::META_POLYLINE, R::META_POLYGON, R::META_POLYPOLYGON}},
+      {&WmfPlayer::Shapes,
+       {R::META_RECTANGLE, R::META_ROUNDRECT, R::META_ELLIPSE, R::META_ARC, R::META_CHORD,
+        R::META_PIE, R::META_SETPIXEL, R::META_FILLREGION, R::META_PAINTREGION}},
+      {&WmfPlayer::Texts, {R::META_TEXTOUT, R::META_EXTTEXTOUT}},
+      {&WmfPlayer::Bitmaps,
+       {R::META_PATBLT, R::META_DIBBITBLT, R::META_DIBSTRETCHBLT, R::META_STRETCHDIB,
+        R::META_SETDIBTODEV}},
+  };
+  return families.Find(record);
 }
 
 void WmfPlayer::Play(const Params& p, uint16_t function) {
