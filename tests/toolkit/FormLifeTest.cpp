@@ -155,7 +155,8 @@ TEST_F(ShownForm, AReleaseWhosePressWentElsewhereIsNoKeyStroke) {
 TEST(FormLife, TheKeyboardGoesToTheWindowInFrontThatCanTakeIt) {
   TestProgram p(tk::Screen::ofPixels(800, 600));
   std::vector<std::string> otherLog, parkedLog;
-  tk::FormSlot<LogForm> other(p.runtime, [&] { return std::make_unique<LogForm>(p.runtime, otherLog); });
+  tk::FormSlot<LogForm> other(p.runtime,
+                              [&] { return std::make_unique<LogForm>(p.runtime, otherLog); });
   tk::FormSlot<LogForm> parked(p.runtime,
                                [&] { return std::make_unique<LogForm>(p.runtime, parkedLog); });
   const auto place = [](LogForm& f, double left) { f.Move(left, 0, 12000, 9000); };

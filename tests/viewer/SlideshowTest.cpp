@@ -117,7 +117,8 @@ TEST_F(SlideshowTest, TheNextGifOfAShowStartsOnTheBareBackground) {
   for (const auto& [name, side] : {std::pair{"a.gif", 300}, std::pair{"b.gif", 20}}) {
     const std::vector<uint8_t> bytes = gif(side);
     std::ofstream(pictures / name, std::ios::binary)
-        .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+        .write(reinterpret_cast<const char*>(bytes.data()),
+               static_cast<std::streamsize>(bytes.size()));
   }
   open(1);
   wait(100);

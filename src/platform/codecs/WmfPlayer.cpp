@@ -385,7 +385,8 @@ void PlayWmf(std::span<const uint8_t> bytes, const WmfFrame& frame, QPainter& pa
   while (const auto words = in.Le32(at)) {
     const uint64_t size = uint64_t{*words} * 2;
     const uint16_t function = in.Le16(at + 4).value_or(0);
-    if (size < 6 || !in.Has(at, size) || function == static_cast<uint16_t>(WmfRecord::META_EOF)) break;
+    const bool end = function == static_cast<uint16_t>(WmfRecord::META_EOF);
+    if (size < 6 || !in.Has(at, size) || end) break;
     player.Play(Params(bytes.subspan(at + 6, size - 6)), function);
     at += size;
   }

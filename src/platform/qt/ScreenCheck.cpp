@@ -65,7 +65,8 @@ Found checkForm(const Presenter& p, const tk::Form& form) {
   if (!w) return form.Name() + " has no window";
   const QWidget* owner = form.OwnerForm() ? p.window(*form.OwnerForm()) : nullptr;
   if (w->parentWidget() != owner)
-    return form.Name() + (owner ? " lies outside " + form.OwnerForm()->Name() : " lies inside a window");
+    return form.Name() +
+           (owner ? " lies outside " + form.OwnerForm()->Name() : " lies inside a window");
   const bool expected = p.shownOnScreen(form);
   if (w->isVisible() != expected)
     return form.Name() + " is " + shown(w->isVisible()) + ", the model has it " + shown(expected);

@@ -56,8 +56,8 @@ void WindowlessPainter::paint(QPainter& painter, const tk::Control& c, const QRe
         // A label one line high keeps its caption on that line, running past its right edge
         // where the desktop's font is wider than the one it was laid out for ("Image Name").
         const bool oneLine = rect.height() < 2 * painter.fontMetrics().height();
-        painter.drawText(rect, align | Qt::AlignTop | (oneLine ? Qt::TextDontClip : Qt::TextWordWrap),
-                         caption);
+        const int wrap = oneLine ? Qt::TextDontClip : Qt::TextWordWrap;
+        painter.drawText(rect, align | Qt::AlignTop | wrap, caption);
       }
       painter.setFont(windowFont);
       break;
