@@ -1,7 +1,5 @@
 #include "platform/codecs/MetafileCanvas.h"
 
-#include <QFontMetricsF>
-#include <QGuiApplication>
 #include <algorithm>
 #include <cmath>
 #include <numbers>
@@ -12,9 +10,6 @@ namespace {
 
 // Deeper saves than this are ignored, so that a file can't grow the stack without bound.
 constexpr size_t kMaxSavedStates = 1024;
-// Text larger than this many output pixels is left out: it can't be legible in the picture, and
-// Qt would rasterise its glyphs at that size.
-constexpr double kMaxTextPixels = 4096;
 
 // Millimetres a logical unit of the fixed mapping modes measures.
 double MillimetresPerUnit(int mapMode) {
@@ -302,81 +297,6 @@ void MetafileCanvas::FillRegion(const QPainterPath& region, const QTransform& to
   painter_.fillPath(region, brush);
 }
 
-void MetafileCanvas::DrawText(const Text& text) {
-  // Fonts come from the application's font database: a program without one draws no text.
-  if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance())) return;
-  if (text.text.isEmpty() && !text.box) return;
-  const QTransform toOutput = LogicalToOutput();
-  const double scaleX = std::hypot(toOutput.m11(), toOutput.m12());
-  const double scaleY = std::hypot(toOutput.m21(), toOutput.m22());
-  const FontSpec& asked = dc_.font;
-  QFont font(asked.face);
-  font.setItalic(asked.italic);
-  font.setUnderline(asked.underline);
-  font.setStrikeOut(asked.strikeOut);
-  font.setWeight(
-      static_cast<QFont::Weight>(std::clamp(asked.weight == 0 ? 400 : asked.weight, 1, 1000)));
-  double pixels = (asked.height == 0 ? 12 : std::abs(asked.height)) * scaleY;
-  if (pixels > kMaxTextPixels || !std::isfinite(pixels)) return;
-  font.setPixelSize(std::max(1, static_cast<int>(std::lround(pixels))));
-  if (asked.height > 0) {
-    // A positive height is the cell: ascent and descent together.
-    const QFontMetricsF cell(font);
-    const double em = pixels * pixels / std::max(1.0, cell.ascent() + cell.descent());
-    font.setPixelSize(std::max(1, static_cast<int>(std::lround(em))));
-  }
-  const QFontMetricsF metrics(font);
-
-  const bool updatePosition = dc_.textAlign & 1;
-  const QPointF anchor = updatePosition ? dc_.position : text.at;
-  std::vector<double> offsets;  // output pixels from the start of each character
-  double width = 0;
-  if (text.advances.size() >= static_cast<size_t>(text.text.size())) {
-    for (qsizetype i = 0; i < text.text.size(); ++i) {
-      offsets.push_back(width);
-      width += text.advances[static_cast<size_t>(i)] * scaleX;
-    }
-  } else {
-    width = metrics.horizontalAdvance(text.text);
-  }
-  double x = 0;
-  const uint32_t horizontal = dc_.textAlign & 6, vertical = dc_.textAlign & 24;
-  if (horizontal == 6) x = -width / 2;
-  if (horizontal == 2) x = -width;
-  const double y = vertical == 24 ? 0 : vertical == 8 ? -metrics.descent() : metrics.ascent();
-  if (updatePosition) {
-    const double advance = horizontal == 2 ? -width : horizontal == 6 ? 0 : width;
-    dc_.position = anchor + QPointF(scaleX == 0 ? 0 : advance / scaleX, 0);
-  }
-
-  painter_.resetTransform();
-  if (text.box && (text.options & 2)) {
-    painter_.setTransform(toOutput);
-    painter_.fillRect(text.box->normalized(), dc_.bkColor);
-  }
-  painter_.save();
-  if (text.box && (text.options & 4)) {
-    painter_.setTransform(toOutput);
-    painter_.setClipRect(text.box->normalized(), Qt::IntersectClip);
-  }
-  const QPointF origin = toOutput.map(anchor);
-  const double flip = toOutput.m22() < 0 ? -1 : 1;
-  painter_.setTransform(QTransform::fromTranslate(origin.x(), origin.y()));
-  painter_.rotate(-asked.escapement / 10.0 * flip);
-  if (dc_.opaqueBackground && !(text.options & 2)) {
-    painter_.fillRect(QRectF(x, y - metrics.ascent(), width, metrics.height()), dc_.bkColor);
-  }
-  painter_.setFont(font);
-  painter_.setPen(dc_.textColor);
-  if (offsets.empty()) {
-    painter_.drawText(QPointF(x, y), text.text);
-  } else {
-    for (qsizetype i = 0; i < text.text.size(); ++i) {
-      painter_.drawText(QPointF(x + offsets[static_cast<size_t>(i)], y), QString(text.text[i]));
-    }
-  }
-  painter_.restore();
-}
 
 void MetafileCanvas::Blit(const QRectF& dest, const gdi::Surface* bitmap, const QRectF& source,
                           uint32_t rasterOp) {
@@ -414,97 +334,6 @@ void MetafileCanvas::Blit(const QRectF& dest, const gdi::Surface* bitmap, const 
     painter_.fillRect(dest.normalized(), brush);
   }
   painter_.setCompositionMode(QPainter::CompositionMode_SourceOver);
-}
-
-void MetafileCanvas::IntersectClip(const QRectF& box) {
-  QPainterPath area;
-  area.addRect(box.normalized());
-  const QPainterPath mapped = LogicalToOutput().map(area);
-  dc_.clip = dc_.clip ? dc_.clip->intersected(mapped) : mapped;
-  ApplyClip();
-}
-
-void MetafileCanvas::ExcludeClip(const QRectF& box) {
-  QPainterPath area;
-  area.addRect(box.normalized());
-  QPainterPath whole;
-  whole.addRect(QRectF(0, 0, painter_.device()->width(), painter_.device()->height()));
-  dc_.clip = dc_.clip.value_or(whole).subtracted(LogicalToOutput().map(area));
-  ApplyClip();
-}
-
-void MetafileCanvas::SelectClip(const std::optional<QPainterPath>& deviceRegion, RegionMode mode) {
-  if (!deviceRegion) {
-    if (mode == RegionMode::kCopy) dc_.clip.reset();
-    ApplyClip();
-    return;
-  }
-  const QPainterPath region = deviceToOutput_.map(*deviceRegion);
-  QPainterPath whole;
-  whole.addRect(QRectF(0, 0, painter_.device()->width(), painter_.device()->height()));
-  const QPainterPath current = dc_.clip.value_or(whole);
-  switch (mode) {
-    case RegionMode::kAnd:
-      dc_.clip = current.intersected(region);
-      break;
-    case RegionMode::kOr:
-      dc_.clip = current.united(region);
-      break;
-    case RegionMode::kXor:
-      dc_.clip = current.united(region).subtracted(current.intersected(region));
-      break;
-    case RegionMode::kDiff:
-      dc_.clip = current.subtracted(region);
-      break;
-    case RegionMode::kCopy:
-      dc_.clip = region;
-      break;
-  }
-  ApplyClip();
-}
-
-void MetafileCanvas::OffsetClip(QPointF by) {
-  if (!dc_.clip) return;
-  const QPointF zero = LogicalToOutput().map(QPointF(0, 0));
-  const QPointF moved = LogicalToOutput().map(by) - zero;
-  dc_.clip->translate(moved);
-  ApplyClip();
-}
-
-void MetafileCanvas::ApplyClip() {
-  painter_.resetTransform();
-  if (dc_.clip) {
-    painter_.setClipPath(*dc_.clip);
-  } else {
-    painter_.setClipping(false);
-  }
-}
-
-void MetafileCanvas::BeginPath() {
-  path_ = QPainterPath();
-  pathOpen_ = true;
-}
-
-void MetafileCanvas::AbortPath() {
-  path_ = QPainterPath();
-  pathOpen_ = false;
-}
-
-void MetafileCanvas::CloseFigure() {
-  if (pathOpen_) path_.closeSubpath();
-}
-
-void MetafileCanvas::DrawPath(bool fill, bool stroke) {
-  pathOpen_ = false;
-  QPainterPath path = std::exchange(path_, QPainterPath());
-  if (fill) path.closeSubpath();
-  Emit(path, fill, stroke);
-}
-
-void MetafileCanvas::SelectClipPath(RegionMode mode) {
-  pathOpen_ = false;
-  const QPainterPath path = std::exchange(path_, QPainterPath());
-  SelectClip(LogicalToDevice().map(path), mode);
 }
 
 }  // namespace vellumry::codecs

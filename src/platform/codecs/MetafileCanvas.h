@@ -106,6 +106,9 @@ class MetafileCanvas {
 
  private:
   QPen OutputPen() const;
+  // The device context's font at `scaleY` output pixels a logical unit; none when it would be
+  // too large to be legible.
+  std::optional<QFont> TextFont(double scaleY) const;
   // Draws `shape` in logical units, or adds it to the open path.
   void Emit(const QPainterPath& shape, bool fill, bool stroke);
   void DrawPath(bool fill, bool stroke);
