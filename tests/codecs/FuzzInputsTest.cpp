@@ -88,6 +88,8 @@ const Finding kFindings[] = {
     {"giffile/ApplicationOfNoBytes.gif", std::nullopt, Error::kTruncated},
     // A polygon reaching millions of pixels beyond the picture took seconds to anti-alias.
     {"emf/FarReachingPolygon.emf", std::nullopt, std::nullopt},
+    // Bounds whose left edge is the smallest 32-bit number, negated when placing the picture.
+    {"emf/LeftmostBounds.emf", std::nullopt, Error::kCorrupt},
     {"pngtext/TextChunkLength.png", std::nullopt, Error::kCorrupt},
 };
 

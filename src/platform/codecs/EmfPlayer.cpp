@@ -273,12 +273,15 @@ void PlayEmf(std::span<const uint8_t> bytes, const EmfFrame& frame, QPainter& pa
   if (device && frame.frame.Width() > 0 && frame.frame.Height() > 0) {
     const double sx = width / static_cast<double>(frame.frame.Width()) * 100 / perMm.width();
     const double sy = height / static_cast<double>(frame.frame.Height()) * 100 / perMm.height();
-    deviceToOutput = QTransform(sx, 0, 0, sy, -frame.frame.left * width / frame.frame.Width(),
-                                -frame.frame.top * height / frame.frame.Height());
+    // In doubles: the header's corners may be the smallest 32-bit numbers, with no negative.
+    const double left = frame.frame.left, top = frame.frame.top;
+    deviceToOutput = QTransform(sx, 0, 0, sy, -left * width / frame.frame.Width(),
+                                -top * height / frame.frame.Height());
   } else if (frame.bounds.Width() >= 0 && frame.bounds.Height() >= 0) {
     const double sx = width / (static_cast<double>(frame.bounds.Width()) + 1);
     const double sy = height / (static_cast<double>(frame.bounds.Height()) + 1);
-    deviceToOutput = QTransform(sx, 0, 0, sy, -frame.bounds.left * sx, -frame.bounds.top * sy);
+    const double left = frame.bounds.left, top = frame.bounds.top;
+    deviceToOutput = QTransform(sx, 0, 0, sy, -left * sx, -top * sy);
   }
   emf::Player player(frame, painter, deviceToOutput, perMm);
   const ByteReader in(bytes);
