@@ -23,14 +23,6 @@ namespace vellumry::presenter {
 namespace {
 namespace prop = tk::prop;
 
-bool isContainer(const tk::Control& c) {
-  return c.kind() == tk::Kind::Frame || c.kind() == tk::Kind::PictureBox;
-}
-
-bool isWindowless(const tk::Control& c) {
-  return c.kind() == tk::Kind::Image || c.kind() == tk::Kind::Label || c.kind() == tk::Kind::Shape;
-}
-
 bool isPlace(tk::PropertyName p) {
   return p == prop::Left || p == prop::Top || p == prop::Width || p == prop::Height;
 }

@@ -52,6 +52,8 @@ class Presenter final : public tk::Observer {
   // Whether the model has `form`'s window on the screen (the task-bar form only when minimised,
   // a form inside another only while its owner is).
   bool shownOnScreen(const tk::Form& form) const;
+  // Whether it stands on the desktop as a window of its own: shown, not minimised, inside none.
+  bool standsOnDesktop(const tk::Form& form) const;
   // Told when the program has ended; every window is gone by then.
   std::function<void()> onProgramEnded;
 

@@ -29,18 +29,21 @@ bool Presenter::shownOnScreen(const tk::Form& form) const {
   return !isTaskbarForm(form) || form.WindowState() == 1;
 }
 
+bool Presenter::standsOnDesktop(const tk::Form& form) const {
+  return !form.OwnerForm() && form.WindowState() != 1 && shownOnScreen(form);
+}
+
 std::vector<const FormWindow*> Presenter::zOrder() const {
   std::vector<const FormWindow*> out;
   for (const FormWindow* w : raised_) {
     const tk::Form* f = w->form();
     // A window inside another is drawn with its owner.
-    if (f && shownOnScreen(*f) && f->WindowState() != 1 && !f->OwnerForm()) out.push_back(w);
+    if (f && standsOnDesktop(*f)) out.push_back(w);
   }
   return out;
 }
 
 tk::Form* Presenter::keyForm(const FormWindow& window) const {
-  if (window.form() && window.form() == runtime_.ActiveForm()) return runtime_.KeyForm();
   for (auto it = stack_.rbegin(); it != stack_.rend(); ++it) {
     tk::Form* f = (*it)->form();
     if (f && f->Visible() && f->OwnerForm() == window.form()) return f;

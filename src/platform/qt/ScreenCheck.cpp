@@ -40,10 +40,8 @@ Found placeDiffers(const tk::Control& c, const QRect& screen, const QRect& model
 }
 
 Found checkControl(const Presenter& p, const tk::Control& c) {
-  const bool windowless = c.kind() == tk::Kind::Image || c.kind() == tk::Kind::Label ||
-                          c.kind() == tk::Kind::Shape;
-  const bool container = c.kind() == tk::Kind::Frame || c.kind() == tk::Kind::PictureBox;
-  if (!windowless && !container && !isWindowed(c)) return {};  // timers, menus, dialogs
+  const bool windowless = isWindowless(c);
+  if (!windowless && !isContainer(c) && !isWindowed(c)) return {};  // timers, menus, dialogs
   const tk::Control& holder = c.Container() ? *c.Container() : c.form();
   const auto* holderView = dynamic_cast<const ContainerView*>(p.widget(holder));
   if (!holderView) return nameOf(c) + " has no container on screen";
@@ -81,7 +79,7 @@ Found checkForm(const Presenter& p, const tk::Form& form) {
 Found checkStacking(const Presenter& p) {
   std::vector<const tk::Form*> model, screen;
   for (const tk::Form* f : p.runtime().Stacking())
-    if (!f->OwnerForm() && p.shownOnScreen(*f) && f->WindowState() != 1) model.push_back(f);
+    if (p.standsOnDesktop(*f)) model.push_back(f);
   for (const FormWindow* w : p.zOrder()) screen.push_back(w->form());
   if (model == screen) return {};
   return "the windows stack as " + orderText(screen) + ", the model has " + orderText(model);

@@ -108,6 +108,14 @@ void syncTabs(QTabBar* w, const tk::TabStrip& tabs) {
 }
 }  // namespace
 
+bool isContainer(const tk::Control& c) {
+  return c.kind() == tk::Kind::Frame || c.kind() == tk::Kind::PictureBox;
+}
+
+bool isWindowless(const tk::Control& c) {
+  return c.kind() == tk::Kind::Image || c.kind() == tk::Kind::Label || c.kind() == tk::Kind::Shape;
+}
+
 bool isWindowed(const tk::Control& c) {
   switch (c.kind()) {
     case tk::Kind::CommandButton:

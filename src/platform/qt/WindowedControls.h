@@ -15,6 +15,9 @@ class Presenter;
 
 // Whether `c` shows as a Qt widget of its own (and not as a container or painted by one).
 bool isWindowed(const tk::Control& c);
+// Whether `c` holds other controls (a frame, a picture box), or is painted by its container.
+bool isContainer(const tk::Control& c);
+bool isWindowless(const tk::Control& c);
 
 // Makes the widget of windowed control `c` inside `parent`, with a tap that hands the user's
 // actions on it to the model. The widget is owned by `parent`.
