@@ -6,6 +6,7 @@
 #include <string>
 #include <thread>
 
+#include "picture/PictureServices.h"
 #include "platform/os/SettingsFile.h"
 #include "program/INIFunctions.h"
 #include "shell/Form1.h"
@@ -51,7 +52,7 @@ double HeadlessProgram::LoadSeconds() {
   while (program.Form1().Timer1.Interval() == 0) step();
   const auto start = std::chrono::steady_clock::now();
   while (!program.Form1().bLoaded) step();
-  program.pictures.drain();
+  program.pictures().drain();
   return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 

@@ -16,6 +16,7 @@
 
 #include "HeadlessProgram.h"
 #include "codecs/TestImages.h"
+#include "picture/PictureServices.h"
 #include "platform/os/SettingsFile.h"
 #include "platform/toolkit/HeadlessHost.h"
 #include "platform/toolkit/Input.h"
@@ -75,7 +76,7 @@ struct LoadedProgram {
     vellumry::Main(program);
     program.runtime.loop().advance(500);
     while (program.Form1().Timer1.Interval() != 0) program.runtime.loop().advance(12);
-    program.pictures.drain();
+    program.pictures().drain();
   }
   // Double-clicks position `i` and lets Timer1 place the picture.
   Form2& open(int i) {
@@ -115,7 +116,7 @@ void BM_StepToPrefetched24MP(benchmark::State& state) {
   Form2& viewer = loaded.open(1);
   for (auto _ : state) {
     state.PauseTiming();
-    loaded.program.pictures.drain();  // the neighbours stand decoded, as while a picture stands
+    loaded.program.pictures().drain();  // the neighbours stand decoded, as while a picture stands
     state.ResumeTiming();
     tk::user::key(viewer, kRight);
     loaded.program.runtime.loop().advance(1);
@@ -137,7 +138,7 @@ void BM_Step200Files12MP(benchmark::State& state) {
     }
     state.counters["peak_MB"] = static_cast<double>(bench::PeakKilobytes()) / 1024;
     state.counters["cache_MB"] =
-        static_cast<double>(loaded.program.pictures.cache()->BytesInUse()) / (1 << 20);
+        static_cast<double>(loaded.program.pictures().cache()->BytesInUse()) / (1 << 20);
   }
   fs::remove_all(root);
 }

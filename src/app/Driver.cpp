@@ -8,6 +8,7 @@
 
 #include "app/ScriptWords.h"
 #include "gif/Form3.h"
+#include "picture/PictureServices.h"
 #include "picture/StdPictureEx.h"
 #include "platform/gdi/Blit.h"
 #include "platform/os/FileSystem.h"
@@ -240,8 +241,8 @@ void Driver::runLine(const std::string& line, int lineNo) {
 
 void Driver::command(const Args& a) {
   const auto& table = verbs();
-  const auto verb = std::find_if(table.begin(), table.end(),
-                                 [&](const Verb& v) { return a[0] == v.name; });
+  const auto verb =
+      std::find_if(table.begin(), table.end(), [&](const Verb& v) { return a[0] == v.name; });
   if (verb == table.end()) raise(err::InvalidCall, "unknown command " + a[0]);
   if (a.size() < verb->least) raise(err::InvalidCall, std::string("usage: ") + verb->usage);
   verb->run(*this, a);
@@ -290,13 +291,14 @@ const std::vector<Driver::Verb>& Driver::verbs() {
        [](Driver& d, A a) { d.places_.programFolder = d.places_.installFolder = a[1]; }},
       {"pictures", 2, "pictures DIR", [](Driver& d, A a) { d.places_.picturesFolder = a[1]; }},
       {"named", 2, "named PATH",
-       [](Driver& d, A a) { TakeCommandLine({"vellumry", a[1]}, d.places_); }},
+       [](Driver& d, A a) {
+         TakeCommandLine({"vellumry", a[1]}, d.places_);
+       }},
       {"start", 1, "start", [](Driver& d, A) { d.start(); }},
       {"wait", 2, "wait MS",
        [](Driver& d, A a) { d.running().runtime.loop().advance(toInt(a[1])); }},
       // What a user does.
-      {"click", 2, "click PATH",
-       [](Driver& d, A a) { d.act(tk::user::click(d.control(a[1]))); }},
+      {"click", 2, "click PATH", [](Driver& d, A a) { d.act(tk::user::click(d.control(a[1]))); }},
       {"dblclick", 2, "dblclick PATH",
        [](Driver& d, A a) { d.act(tk::user::dblClick(d.control(a[1]))); }},
       {"mousedown", 3, "mousedown PATH BUTTON [X Y]",
@@ -325,8 +327,7 @@ const std::vector<Driver::Verb>& Driver::verbs() {
        [](Driver& d, A a) { d.host_.queueMenuPick(a[1] == "none" ? "" : a[1]); }},
       {"savefile", 2, "savefile PATH|cancel",
        [](Driver& d, A a) {
-         d.host_.queueSaveFile(a[1] == "cancel" ? std::nullopt
-                                                : std::optional<std::string>(a[1]));
+         d.host_.queueSaveFile(a[1] == "cancel" ? std::nullopt : std::optional<std::string>(a[1]));
        }},
       {"color", 2, "color N|cancel",
        [](Driver& d, A a) {
@@ -336,9 +337,7 @@ const std::vector<Driver::Verb>& Driver::verbs() {
        }},
       // Reading and writing.
       {"get", 2, "get PATH",
-       [](Driver& d, A a) {
-         d.out_ << formatValue(getValue(resolve(d.running(), a[1]))) << "\n";
-       }},
+       [](Driver& d, A a) { d.out_ << formatValue(getValue(resolve(d.running(), a[1]))) << "\n"; }},
       {"set", 3, "set PATH VALUE",
        [](Driver& d, A a) {
          Target t = resolve(d.running(), a[1]);
@@ -355,13 +354,13 @@ const std::vector<Driver::Verb>& Driver::verbs() {
        }},
       {"picture", 2, "picture PATH",
        [](Driver& d, A a) {
-         d.out_ << pictureJson(d.running().pictures.stdPictureEx(),
+         d.out_ << pictureJson(d.running().pictures().stdPictureEx(),
                                pictureOf(resolve(d.running(), a[1])))
                 << "\n";
        }},
       {"pixel", 4, "pixel PATH X Y",
        [](Driver& d, A a) {
-         d.out_ << shownPixel(resolve(d.running(), a[1]), d.running().pictures.twipsPerPixel(),
+         d.out_ << shownPixel(resolve(d.running(), a[1]), d.running().pictures().twipsPerPixel(),
                               toInt(a[2]), toInt(a[3]))
                 << "\n";
        }},

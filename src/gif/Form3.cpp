@@ -83,7 +83,7 @@ void Form3::Form_Load() {
   setScaleMode(kPixels);
   picBkg.setScaleMode(kPixels);
   cboStretchMode.setListIndex(kShrinkToFit);
-  Framep.setVisible(program_.viewer.sAniGif == "1");
+  Framep.setVisible(program_.viewer.sAniGif() == "1");
 }
 
 void Form3::pLoad(const std::string& sFileName) {
@@ -164,7 +164,7 @@ void Form3::pAction(int& Index) {
 void Form3::cmdAction_Click(int Index) { pAction(Index); }
 
 void Form3::pP() {
-  program_.viewer.bBigPlay = true;
+  program_.viewer.bBigPlay_ = true;
   setBackground(kScaleUpAndDown + kCentred);
   int action = kPause;
   pAction(action);
@@ -175,7 +175,7 @@ void Form3::pP() {
 }
 
 void Form3::pM() {
-  program_.viewer.bBigPlay = false;
+  program_.viewer.bBigPlay_ = false;
   cboStretchMode.setListIndex(kShrinkToFit);
   clearPicture();
   int action = kPause;

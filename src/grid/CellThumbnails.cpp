@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "grid/Grid.h"
+#include "picture/PictureServices.h"
 #include "picture/ThumbnailCache.h"
 #include "program/Form1Controls.h"
 #include "program/Program.h"
@@ -14,8 +15,8 @@ void Grid::pThumbnailCache() {
   const tk::Image& cell = form_.Image1(0);
   const double longest =
       std::max(cell.Width() / screen.TwipsPerPixelX, cell.Height() / screen.TwipsPerPixelY);
-  program_.pictures.thumbnails().configure(program_.ReadSetting("thumbcache") != "0",
-                                           static_cast<int>(std::ceil(longest)));
+  program_.pictures().thumbnails().configure(program_.ReadSetting("thumbcache") != "0",
+                                             static_cast<int>(std::ceil(longest)));
 }
 
 }  // namespace vellumry

@@ -47,6 +47,8 @@ class Grid {
   // Marks of files to be deleted (Marks.cpp).
   void pdelsel();
   void pFinddelsel();
+  // Form1's load: no marks counted.
+  void resetMarkCount();
 
   // Geometry (GridGeometry.cpp).
   void pSizeCell();

@@ -21,8 +21,8 @@ void Grid::pAct() {
   form_.Image1(0).setLeft(-form_.Image1(0).Width());
   form_.Frame1.setBackColor(static_cast<uint32_t>(program_.ReadSettingNumber("gformc")));
   form_.Frame3(0).setBorderColor(static_cast<uint32_t>(program_.ReadSettingNumber("gselfrc")));
-  program_.viewer.lSlideMs = static_cast<int32_t>(program_.ReadSettingNumber("slsh") * 1000);
-  program_.viewer.sAniGif = program_.ReadSetting("anigifp");
+  program_.viewer.setSlideMs(static_cast<int32_t>(program_.ReadSettingNumber("slsh") * 1000));
+  program_.viewer.setAniGif(program_.ReadSetting("anigifp"));
   form_.Timer5.setEnabled(true);
 }
 
@@ -30,7 +30,7 @@ void Grid::Image2_Click() {
   bSwitching = false;
   resumeNext([&] { pSyncPage(); });
   if (bLoaded) {
-    if (program_.tools.nDeleted != 0)
+    if (program_.grid.nDeleted() != 0)
       resumeNext([&] { pAskDelete(kAskStartButton); });
     else
       resumeNext([&] { pClearGrid(); });
@@ -43,7 +43,6 @@ void Grid::Image2_Click() {
   form_.setMousePointer(tk::pointer::Hourglass);
   nCount = static_cast<int16_t>(form_.File2.ListCount());
   program_.grid.fit(nCount);
-  program_.tools.fit(nCount);
   pCentre();
   resumeNext([&] { form_.File2.setListIndex(0); });
   form_.Timer1.setInterval(12);
@@ -68,7 +67,7 @@ void Grid::pFoldername() {
 }
 
 void Grid::pNewFolder() {
-  if (program_.tools.nDeleted != 0) pClearDeleted();
+  if (program_.grid.nDeleted() != 0) pClearDeleted();
   pCaption();
   if (form_.File2.ListCount() < 1) {
     form_.Image3.setEnabled(false);
@@ -83,11 +82,11 @@ void Grid::pNewFolder() {
 
 void Grid::pClearDeleted() {
   Program& p = program_;
-  for (int k = 1; k < static_cast<int>(p.tools.aDeleted.size()); ++k) {
-    if (!p.tools.marked(k)) continue;
+  for (int k = 1; k < static_cast<int>(p.grid.aDeleted_.size()); ++k) {
+    if (!p.grid.marked(k)) continue;
     form_.Img1.Unload(k);
-    p.tools.aDeleted[static_cast<size_t>(k)] = 0;
-    --p.tools.nDeleted;
+    p.grid.aDeleted_[static_cast<size_t>(k)] = 0;
+    --p.grid.nDeleted_;
   }
 }
 
@@ -101,7 +100,7 @@ void Grid::pCaption() {
     p.Form0.form().setCaption(form_.List(0).List(i));
     form_.List(0).setListIndex(i);
     form_.List(1).setListIndex(i);
-    p.links.iCurLink = static_cast<int16_t>(i);
+    p.links.setCurLink(static_cast<int16_t>(i));
     return;
   }
   std::string caption = os::LastComponent(form_.File2.Path());
@@ -116,8 +115,8 @@ void Grid::pClearGrid() {
 
 void Grid::pAskDelete(uint8_t code) {
   pFinddelsel();
-  std::string count = program_.tools.nDeleted > 1
-                          ? std::to_string(program_.tools.nDeleted) + " files"
+  std::string count = program_.grid.nDeleted() > 1
+                          ? std::to_string(program_.grid.nDeleted()) + " files"
                           : std::string("file");
   int answer = form_.runtime().MsgBox(
       "Press keys with stroke to move the next or the previous  picture. " + count + " ?",
@@ -158,14 +157,14 @@ void Grid::Timer2_Timer() {
     resumeNext([&] { form_.Image1.Unload(nClear); });
     resumeNext([&] { form_.Image123.Unload(nClear); });
     resumeNext([&] {
-      if (p.tools.nDeleted == 0) return;
+      if (p.grid.nDeleted() == 0) return;
       const int position = form_.File2.ListIndex() + 1;
-      if (!p.tools.marked(position)) return;
-      p.tools.aDeleted[static_cast<size_t>(position)] = 0;
+      if (!p.grid.marked(position)) return;
+      p.grid.aDeleted_[static_cast<size_t>(position)] = 0;
       // A file that vanished meanwhile is no error: its mark goes all the same.
       if (nAfterClear > kDeleteMarked)
         os::DiscardFile(form_.File2.Path() + "/" + form_.File2.FileName());
-      --p.tools.nDeleted;
+      --p.grid.nDeleted_;
       form_.Img1.Unload(position);
     });
     --nClear;

@@ -1,5 +1,7 @@
 // The loading of the grid, one position a tick.
 #include "grid/Grid.h"
+#include "picture/Module1.h"
+#include "picture/PictureServices.h"
 #include "picture/PlainLoader.h"
 #include "picture/StdPictureEx.h"
 #include "platform/toolkit/Numbers.h"
@@ -44,18 +46,18 @@ void Grid::pres(int16_t& i) {
   std::string path = form_.File2.Path() + "/" + form_.File2.FileName();
   tk::Image& pic = form_.Image123(i);
   if (sExt == "EMF" || sExt == "PNG" || sExt == "TIF") {
-    p.module1.ShowPictureGdi(path, form_.Picture1, true);
+    p.module1().ShowPictureGdi(path, form_.Picture1, true);
     pic.setPicture(form_.Picture1.Image());
   } else if (sExt == "BMP" || sExt == "ICO") {
-    form_.Picture1.setPicture(p.pictures.stdPictureEx().LoadPicture(path));
+    form_.Picture1.setPicture(p.pictures().stdPictureEx().LoadPicture(path));
     pic.setPicture(form_.Picture1.Picture());
   } else {
-    pic.setPicture(LoadPicture(p.pictures, path));
+    pic.setPicture(LoadPicture(p.pictures(), path));
   }
 
-  if (i < 1 || i >= static_cast<int>(p.grid.aPicH.size())) tk::raise(tk::err::SubscriptOutOfRange);
-  p.grid.aPicH[static_cast<size_t>(i)] = tk::CLng(pic.Height());
-  p.grid.aPicW[static_cast<size_t>(i)] = tk::CLng(pic.Width());
+  if (i < 1 || i >= static_cast<int>(p.grid.aPicH_.size())) tk::raise(tk::err::SubscriptOutOfRange);
+  p.grid.aPicH_[static_cast<size_t>(i)] = tk::CLng(pic.Height());
+  p.grid.aPicW_[static_cast<size_t>(i)] = tk::CLng(pic.Width());
   const tk::Image& cell = form_.Image1(i);
   double ch = cell.Height() - 200, cw = cell.Width() - 200;
   pic.setStretch(true);
@@ -84,9 +86,9 @@ void Grid::pres(int16_t& i) {
   pic.setVisible(true);
 
   const tk::Screen& screen = form_.runtime().screen();
-  p.pictures.prefetch(pic.Picture(),
-                      {static_cast<int>(tk::roundHalfEven(pic.Width() / screen.TwipsPerPixelX)),
-                       static_cast<int>(tk::roundHalfEven(pic.Height() / screen.TwipsPerPixelY))});
+  p.pictures().prefetch(
+      pic.Picture(), {static_cast<int>(tk::roundHalfEven(pic.Width() / screen.TwipsPerPixelX)),
+                      static_cast<int>(tk::roundHalfEven(pic.Height() / screen.TwipsPerPixelY))});
 }
 
 }  // namespace vellumry

@@ -46,7 +46,7 @@ void Links::searchList(const tk::ListControl& list, const std::string& emptyMess
     hit = true;
   }
   if (hit)
-    program_.links.findDone = true;
+    program_.links.findDone_ = true;
   else
     rt.MsgBox("Not found", tk::mb::Exclamation, "Not found");
   dialog.pSefocus();

@@ -166,12 +166,12 @@ void Links::btnREMOVE_Click() {
 }
 
 void Links::btnAz_Click() {
-  program_.links.sortAsc = true;
+  program_.links.sortAsc_ = true;
   pSortlist();
 }
 
 void Links::btnZa_Click() {
-  program_.links.sortAsc = false;
+  program_.links.sortAsc_ = false;
   pSortlist();
 }
 
@@ -183,7 +183,7 @@ void Links::pSortlist() {
     tk::ListBox& targets = form_.List(1);
     dialog.List(2).Clear();
     dialog.List(3).Clear();
-    program_.links.findDone = false;
+    program_.links.findDone_ = false;
     sSortName = names.ListIndex() >= 0 ? names.Text() : "";
     // Each target travels with its own name, so that equal names, or names that only blanks
     // told apart, keep their own folders.
@@ -193,7 +193,7 @@ void Links::pSortlist() {
     // Binary order of the bytes: every capital before every small letter.
     std::stable_sort(
         records.begin(), records.end(),
-        [ascending = program_.links.sortAsc](const LinkRecord& a, const LinkRecord& b) {
+        [ascending = program_.links.sortAsc()](const LinkRecord& a, const LinkRecord& b) {
           return ascending ? a.name < b.name : b.name < a.name;
         });
     names.Clear();
@@ -212,7 +212,7 @@ void Links::pSortlist() {
 
 void Links::List_Click(int Index) {
   if (Index != 0) return;
-  if (program_.tools.nDeleted != 0 && !listBusy) {
+  if (program_.grid.nDeleted() != 0 && !listBusy) {
     // Marked files are asked about before any link is taken.
     listBusy = true;
     form_.List(0).setListIndex(-1);

@@ -49,7 +49,7 @@ frmEdit::frmEdit(Program& program) : Form(program.runtime, "frmEdit"), program_(
 
 void frmEdit::pShowMode(const std::string& mode) {
   const bool finding = mode == "find" || mode == "find2";
-  program_.links.linkMode = mode;
+  program_.links.linkMode_ = mode;
   btn(0).setCaption(finding ? "Find" : mode == "add" ? "Add" : "Edit");
   setHeight(finding ? 3390 : 1380);
   List(2).setVisible(finding);
@@ -77,7 +77,7 @@ void frmEdit::btn_Click(int Index) {
     return;
   }
   Links& links = Links::of(program_);
-  const std::string& mode = program_.links.linkMode;
+  const std::string& mode = program_.links.linkMode();
   if (mode == "add") links.pAdd();
   if (mode == "edit") links.pEdit();
   if (mode == "find") links.pFind();
@@ -85,12 +85,12 @@ void frmEdit::btn_Click(int Index) {
 }
 
 void frmEdit::List_Click(int Index) {
-  if (Index != 2 || !program_.links.findDone) return;
+  if (Index != 2 || !program_.links.findDone()) return;
   List(3).setListIndex(List(2).ListIndex());
   if (List(3).ListIndex() < 0) return;
   const int position = std::stoi(List(3).Text());
   Form1Controls& main = program_.mainWindow();
-  if (program_.links.linkMode == "find2")
+  if (program_.links.linkMode() == "find2")
     main.File2.setListIndex(position);
   else
     main.List(0).setListIndex(position);

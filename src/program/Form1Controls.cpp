@@ -111,7 +111,7 @@ void Form1Controls::loadStoredPictures(Program& program) {
        {std::pair{&Image2, "start.png"}, std::pair{&Image3, "start-passive.png"},
         std::pair{&Image4, "exit.png"}, std::pair{&Image5, "mark.gif"}}) {
     tk::resumeNext([&] {
-      image->setPicture(LoadPicture(program.pictures, program.shell.sDataDir + "/ui/" + file));
+      image->setPicture(LoadPicture(program.pictures(), program.shell.sDataDir() + "/ui/" + file));
     });
   }
 }

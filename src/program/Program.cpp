@@ -1,5 +1,7 @@
 #include "program/Program.h"
 
+#include "picture/Module1.h"
+#include "picture/PictureServices.h"
 #include "platform/os/SettingsFile.h"
 #include "platform/toolkit/Numbers.h"
 #include "program/Form1Controls.h"
@@ -10,8 +12,9 @@ namespace vellumry {
 Program::Program(tk::Host& host, tk::EventLoop::Clock clock, tk::Screen screen, Places where)
     : runtime(screen, host, clock),
       places(std::move(where)),
-      pictures(screen.TwipsPerPixelX),
-      module1(pictures, [this] { return mainWindow().Frame1.BackColor(); }),
+      pictures_(std::make_unique<PictureServices>(screen.TwipsPerPixelX)),
+      module1_(std::make_unique<Module1>(*pictures_,
+                                         [this] { return mainWindow().Frame1.BackColor(); })),
       Form0(runtime),
       Form1(runtime),
       Form2(runtime),
@@ -21,29 +24,13 @@ Program::Program(tk::Host& host, tk::EventLoop::Clock clock, tk::Screen screen, 
       frmEdit(runtime),
       frmSet(runtime),
       About(runtime) {
-  pictures.setPoster([this](PictureServices::Call call) { runtime.loop().post(std::move(call)); });
-  fields.add("sIniPath", shell.sIniPath);
-  fields.add("sInstallDir", shell.sInstallDir);
-  fields.add("sDataDir", shell.sDataDir);
-  fields.add("sDest", shell.sDest);
-  fields.add("vScreenPxW", shell.vScreenPxW);
-  fields.add("vScreenPxH", shell.vScreenPxH);
-  fields.addArray("aPicH", grid.aPicH);
-  fields.addArray("aPicW", grid.aPicW);
-  fields.add("iCurLink", links.iCurLink);
-  fields.add("linkMode", links.linkMode);
-  fields.add("findDone", links.findDone);
-  fields.add("sortAsc", links.sortAsc);
-  fields.add("ViewerUp", viewer.ViewerUp);
-  fields.add("lSlideMs", viewer.lSlideMs);
-  fields.add("sAniGif", viewer.sAniGif);
-  fields.add("bBigPlay", viewer.bBigPlay);
-  fields.add("nDeleted", tools.nDeleted);
-  fields.addArray("aDeleted", tools.aDeleted);
-  fields.add("delShot", tools.delShot);
-  fields.add("delShotW", tools.delShotW);
-  fields.add("delShotH", tools.delShotH);
-  fields.add("sideText", tools.sideText);
+  pictures_->setPoster(
+      [this](PictureServices::Call call) { runtime.loop().post(std::move(call)); });
+  shell.addFields(fields);
+  grid.addFields(fields);
+  links.addFields(fields);
+  viewer.addFields(fields);
+  tools.addFields(fields);
 }
 
 Program::~Program() = default;
@@ -51,20 +38,20 @@ Program::~Program() = default;
 Form1Controls& Program::mainWindow() { return static_cast<Form1Controls&>(Form1.form()); }
 
 std::string Program::ReadSetting(const std::string& key) const {
-  return ReadIni(shell.sIniPath, std::string(os::kSettingsSection), key, "?");
+  return ReadIni(shell.sIniPath(), std::string(os::kSettingsSection), key, "?");
 }
 
 long Program::ReadSettingNumber(const std::string& key) const {
-  return ReadIniNumber(shell.sIniPath, std::string(os::kSettingsSection), key);
+  return ReadIniNumber(shell.sIniPath(), std::string(os::kSettingsSection), key);
 }
 
 void Program::WriteSetting(const std::string& key, const std::string& value) const {
-  WriteIni(shell.sIniPath, std::string(os::kSettingsSection), key, value);
+  WriteIni(shell.sIniPath(), std::string(os::kSettingsSection), key, value);
 }
 
 void Program::pMinimise(std::optional<uint8_t> viewerUp) {
   FormScreenCapture.form().Show();
-  if (viewerUp) viewer.ViewerUp = *viewerUp;
+  if (viewerUp) viewer.setViewerUp(*viewerUp);
   tk::Form& owner = Form0.form();
   owner.setLeft(0);
   owner.setWindowState(1);
@@ -77,7 +64,7 @@ void Program::pQuit() {
 }
 
 void Program::StartHelp() {
-  if (!runtime.host().Run(shell.sInstallDir + "/tomeview"))
+  if (!runtime.host().Run(shell.sInstallDir() + "/tomeview"))
     tk::raise(tk::err::FileNotFound, "tomeview");
 }
 

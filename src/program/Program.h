@@ -9,16 +9,22 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 
-#include "picture/Module1.h"
-#include "picture/PictureServices.h"
 #include "platform/toolkit/FormSlot.h"
 #include "platform/toolkit/Runtime.h"
-#include "program/ProgramState.h"
+#include "program/GridState.h"
+#include "program/LinkState.h"
+#include "program/ShellState.h"
+#include "program/ToolState.h"
+#include "program/ViewerState.h"
 
 namespace vellumry {
+
+class Module1;
+class PictureServices;
 
 class Form0;
 class Form1;
@@ -48,13 +54,22 @@ class Program {
 
   tk::Runtime runtime;
   Places places;
-  // The picture engine: decoders, pixel cache, decoding ahead, and the two roads of the grid.
-  PictureServices pictures;
-  Module1 module1;
 
-  // The program-wide state, by the subsystem that owns it; the driver reads it by its names.
+ private:
+  // Made before the forms and gone after them, since their pictures draw through it.
+  std::unique_ptr<PictureServices> pictures_;
+  std::unique_ptr<Module1> module1_;
+
+ public:
+  // The picture engine: decoders, pixel cache, decoding ahead, and the two roads of the grid.
+  // A room that draws pictures includes its headers; the others compile without them.
+  PictureServices& pictures() { return *pictures_; }
+  Module1& module1() { return *module1_; }
+
+  // The program-wide state, each in the header of the room that owns it; the driver reads it
+  // by its names.
   ShellState shell;
-  GridSizes grid;
+  GridState grid;
   LinkState links;
   ViewerState viewer;
   ToolState tools;

@@ -35,8 +35,8 @@ Form1::Form1(Program& program)
 void Form1::Form_Load() {
   Program& p = program_;
   const tk::Screen& screen = runtime().screen();
-  p.links.iCurLink = -1;
-  p.tools.nDeleted = 0;
+  p.links.setCurLink(-1);
+  resetMarkCount();
   pAct();
   Move(0, 0, screen.Width, screen.Height);
   Frame1.Move(0, 0, screen.Width, screen.Height);
@@ -55,15 +55,15 @@ void Form1::Form_Load() {
   }
   nRolled = 0;
   bLoaded = false;
-  p.shell.vScreenPxW = p.ConvertTwipsToPixels(tk::CLng(screen.Width), 0);
-  p.shell.vScreenPxH = p.ConvertTwipsToPixels(tk::CLng(screen.Height), 1);
+  p.shell.vScreenPxW_ = p.ConvertTwipsToPixels(tk::CLng(screen.Width), 0);
+  p.shell.vScreenPxH_ = p.ConvertTwipsToPixels(tk::CLng(screen.Height), 1);
   Label.setHeight(screen.Height);
-  p.shell.sDest = p.ReadSetting("dest");
+  p.shell.sDest_ = p.ReadSetting("dest");
   // A folder named on the command line is the start folder of this run only.
-  if (!p.places.startFolder.empty()) p.shell.sDest = p.places.startFolder;
-  if (p.shell.sDest.empty() || !os::FolderExists(p.shell.sDest))
-    p.shell.sDest = p.places.picturesFolder;
-  File2.setPath(p.shell.sDest);
+  if (!p.places.startFolder.empty()) p.shell.sDest_ = p.places.startFolder;
+  if (p.shell.sDest_.empty() || !os::FolderExists(p.shell.sDest_))
+    p.shell.sDest_ = p.places.picturesFolder;
+  File2.setPath(p.shell.sDest_);
   pLoadlist();
   Timer6.setEnabled(true);
   Label3.setCaption(p.ReadSetting("Inw"));
@@ -100,7 +100,7 @@ void Form1::Timer6_Timer() {
 
 void Form1::Form_QueryUnload(int& Cancel, int) {
   program_.WriteSetting("Inw", Label3.Caption());
-  if (program_.tools.nDeleted != 0) {
+  if (program_.grid.nDeleted() != 0) {
     Cancel = 1;
     pAskDelete(kAskClosing);
   }

@@ -104,7 +104,7 @@ void Form1::btnmenu_Click() {
     frmMenu& menu = program_.frmMenu();
     if (List(0).ListCount() >= 1) {
       menu.mnuSllist.setEnabled(true);
-      program_.links.iCurLink = static_cast<int16_t>(List(0).ListIndex());
+      program_.links.setCurLink(static_cast<int16_t>(List(0).ListIndex()));
     } else {
       menu.mnuSllist.setEnabled(false);
     }

@@ -24,10 +24,10 @@ void give(Program& program, tk::FormSlot<T>& slot) {
 }  // namespace
 
 void Main(Program& program) {
-  program.shell.sIniPath = program.places.programFolder + "/" + std::string(os::kSettingsFileName);
-  os::CreateSettingsFileIfMissing(program.shell.sIniPath);
-  program.shell.sInstallDir = program.places.installFolder;
-  program.shell.sDataDir = os::DataFolderFor(program.places.installFolder);
+  program.shell.sIniPath_ = program.places.programFolder + "/" + std::string(os::kSettingsFileName);
+  os::CreateSettingsFileIfMissing(program.shell.sIniPath_);
+  program.shell.sInstallDir_ = program.places.installFolder;
+  program.shell.sDataDir_ = os::DataFolderFor(program.places.installFolder);
   give(program, program.Form0);
   give(program, program.Form1);
   give(program, program.Form2);

@@ -54,7 +54,8 @@ About::About(Program& program) : Form(program.runtime, "About"), program_(progra
 void About::Form_Load() {
   // Our own picture lies beside the program; without it the panel shows its colour alone.
   tk::resumeNext([&] {
-    Picture1.setPicture(LoadPicture(program_.pictures, program_.shell.sDataDir + "/ui/about.jpg"));
+    Picture1.setPicture(
+        LoadPicture(program_.pictures(), program_.shell.sDataDir() + "/ui/about.jpg"));
   });
   pSettop(*this);
   const tk::Screen& screen = runtime().screen();
@@ -86,7 +87,7 @@ void About::Timer2_Timer() {
 
 void About::bHome_Click() {
   // The project's own page travels with the program.
-  program_.runtime.host().Open(program_.shell.sDataDir + "/help/index.html");
+  program_.runtime.host().Open(program_.shell.sDataDir() + "/help/index.html");
 }
 
 void mnuAbout_Click(Program& program) {

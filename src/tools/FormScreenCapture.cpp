@@ -41,23 +41,23 @@ FormScreenCapture::FormScreenCapture(Program& program)
 void FormScreenCapture::Form_Load() {
   ToolState& tools = program_.tools;
   const tk::Screen& screen = runtime().screen();
-  if (tools.delShotH == 0 || !tools.delShot) {
+  if (tools.delShotH() == 0 || !tools.delShot()) {
     setWidth(screen.Width);
     setHeight(screen.Height);
   } else {
     program_.runtime.host().Beep();
-    setWidth(tools.delShotW);
-    setHeight(tools.delShotH);
+    setWidth(tools.delShotW());
+    setHeight(tools.delShotH());
   }
   setLeft(-Width());
-  if (!tools.delShot) return program_.Form0.form().setPicture(runtime().host().ScreenPicture());
+  if (!tools.delShot()) return program_.Form0.form().setPicture(runtime().host().ScreenPicture());
   Form1Controls& f = program_.mainWindow();
   f.Image123(f.File2.ListIndex() + 1)
       .setPicture(markedThumbnail(f, screen, static_cast<int>(Width() / screen.TwipsPerPixelX),
                                   static_cast<int>(Height() / screen.TwipsPerPixelY)));
-  if (tools.delShotH == 0) return;
-  tools.delShotH = 0;
-  tools.delShot = false;
+  if (tools.delShotH() == 0) return;
+  tools.delShotH_ = 0;
+  tools.delShot_ = false;
   setWidth(screen.Width);
   setHeight(screen.Height);
 }

@@ -49,8 +49,8 @@ void pImginfo(Program& program, const std::string& path) {
 
   const int position = program.mainWindow().File2.ListIndex() + 1;
   const tk::Screen& screen = program.runtime.screen();
-  const int32_t width = tk::CLng(program.grid.aPicW.at(position) / screen.TwipsPerPixelX);
-  const int32_t height = tk::CLng(program.grid.aPicH.at(position) / screen.TwipsPerPixelY);
+  const int32_t width = tk::CLng(program.grid.aPicW(position) / screen.TwipsPerPixelX);
+  const int32_t height = tk::CLng(program.grid.aPicH(position) / screen.TwipsPerPixelY);
 
   const std::string text = "Name: " + shortName + "    Type: " + file->Type + kCrLf + kCrLf +     //
                            "Width:  " + std::to_string(width) + "   picsels" + kCrLf +            //

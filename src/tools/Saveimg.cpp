@@ -7,8 +7,8 @@
 #include "platform/toolkit/BasicControls.h"
 #include "platform/toolkit/DialogControls.h"
 #include "program/Form1Controls.h"
-#include "program/mOpenFile.h"
 #include "program/Program.h"
+#include "program/mOpenFile.h"
 
 namespace vellumry {
 
@@ -18,7 +18,7 @@ constexpr int kSaveFlags = 2050;
 
 // The window that ViewerUp names.
 tk::Form& windowOnTop(Program& program) {
-  switch (program.viewer.ViewerUp) {
+  switch (program.viewer.ViewerUp()) {
     case ViewerState::kGifViewer:
       return program.Form3.form();
     case ViewerState::kViewer:
@@ -67,7 +67,7 @@ void pSaveimg(Program& program, const std::string& path) {
 
 void pResumeview(Program& program) {
   tk::resumeNext([&] {
-    switch (program.viewer.ViewerUp) {
+    switch (program.viewer.ViewerUp()) {
       case ViewerState::kGifViewer:
         return tk::controlOf<tk::Timer>(program.Form3.form(), "Timer1").setEnabled(true);
       case ViewerState::kViewer:

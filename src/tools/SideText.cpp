@@ -1,8 +1,8 @@
 #include "tools/SideText.h"
 
 #include "program/Form1Controls.h"
-#include "program/mOpenFile.h"
 #include "program/Program.h"
+#include "program/mOpenFile.h"
 #include "tools/frmMenu.h"
 
 namespace vellumry {
@@ -15,8 +15,8 @@ void pRefreshSideMenu(Program& program) {
     entry.setVisible(false);
     return;
   }
-  program.tools.sideText = files.Path() + "/" + name.substr(0, name.size() - 4) + ".txt";
-  entry.setVisible(pFileexists(program.tools.sideText));
+  program.tools.sideText_ = files.Path() + "/" + name.substr(0, name.size() - 4) + ".txt";
+  entry.setVisible(pFileexists(program.tools.sideText()));
 }
 
 }  // namespace vellumry

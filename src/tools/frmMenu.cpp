@@ -4,8 +4,8 @@
 #include "links/Links.h"
 #include "platform/os/FileSystem.h"
 #include "program/Form1Controls.h"
-#include "program/mOpenFile.h"
 #include "program/Program.h"
+#include "program/mOpenFile.h"
 #include "tools/About.h"
 #include "tools/Imginfo.h"
 #include "tools/Saveimg.h"
@@ -44,7 +44,7 @@ frmMenu::frmMenu(Program& program) : Form(program.runtime, "frmMenu"), program_(
   mnuExit2.onClick = [this] { mnuExit2_Click(); };
   mnuImgI.onClick = [this] { pImginfo(program_, selectedFile()); };
   mnuImgI22.onClick = [this] { pImginfo(program_, selectedFile()); };
-  mOpentxt.onClick = [this] { pOpenfile(program_.runtime, program_.tools.sideText); };
+  mOpentxt.onClick = [this] { pOpenfile(program_.runtime, program_.tools.sideText()); };
   mnuSet.onClick = [this] { program_.frmSet().Show(); };
   mnuAbout.onClick = [this] { mnuAbout_Click(program_); };
 }
@@ -58,7 +58,7 @@ void frmMenu::popup(tk::Menu& top, std::initializer_list<tk::Menu*> entries) {
 }
 
 void frmMenu::pDelcaption() {
-  const bool marked = program_.tools.marked(program_.mainWindow().File2.ListIndex() + 1);
+  const bool marked = program_.grid.marked(program_.mainWindow().File2.ListIndex() + 1);
   mDelselected.setCaption(marked ? "Undo Delete Selected File" : "Delete Selected File");
 }
 
@@ -67,8 +67,8 @@ void frmMenu::mnuSllist_Click() {
   if (mnuSllist.Caption() == "Show Link List") {
     mnuSllist.setCaption("Hide Link List");
     f.List(0).setVisible(true);
-    f.List(0).setListIndex(program_.links.iCurLink);
-    f.List(1).setListIndex(program_.links.iCurLink);
+    f.List(0).setListIndex(program_.links.iCurLink());
+    f.List(1).setListIndex(program_.links.iCurLink());
     f.File2.setTop(2570);
     f.File2.setHeight(4185);
   } else {
@@ -99,7 +99,7 @@ void frmMenu::mnuRllist_Click() {
 
 void frmMenu::mnuSaveimg22_Click() {
   tk::Form* f3 = program_.Form3.peekForm();
-  program_.viewer.ViewerUp = f3 && f3->Visible() ? ViewerState::kGifViewer : ViewerState::kViewer;
+  program_.viewer.setViewerUp(f3 && f3->Visible() ? ViewerState::kGifViewer : ViewerState::kViewer);
   pSaveimg(program_, selectedFile());
 }
 

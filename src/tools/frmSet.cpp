@@ -144,7 +144,7 @@ void frmSet::Form_Load() {
   // Three keys count as on only when they read "1", the others unless they read "0".
   const auto onWhenOne = [this](const char* key) { return program_.ReadSetting(key) == "1"; };
   const auto onUnlessZero = [this](const char* key) { return program_.ReadSetting(key) != "0"; };
-  Check(0).setValue(program_.viewer.sAniGif == "1");
+  Check(0).setValue(program_.viewer.sAniGif() == "1");
   Check(2).setValue(onWhenOne("showll"));
   Check(1).setValue(onWhenOne("lnvar"));
   Check(3).setValue(onUnlessZero("showmb"));
@@ -210,14 +210,14 @@ void frmSet::pSave() {
   program_.WriteSetting("gselfrc", colour(1));
   program_.WriteSetting("slsh", cbo(1).Text());
   program_.WriteSetting("anigifp", flag(0));
-  program_.viewer.sAniGif = flag(0);
+  program_.viewer.setAniGif(flag(0));
   program_.WriteSetting("showmb", flag(3));
   program_.WriteSetting("frameprop", flag(4));
   program_.WriteSetting("beeps", flag(6));
   program_.WriteSetting("sautor", flag(7));
   // The settings as last saved; nothing reads this copy.
   const std::string copy = program_.places.programFolder + "/1.INI";
-  os::CopyFile(program_.shell.sIniPath, copy, true);  // replaces the old copy whole
+  os::CopyFile(program_.shell.sIniPath(), copy, true);  // replaces the old copy whole
 }
 
 void frmSet::pClose() {

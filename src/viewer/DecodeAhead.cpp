@@ -1,5 +1,6 @@
 #include "viewer/DecodeAhead.h"
 
+#include "picture/PictureServices.h"
 #include "platform/toolkit/Numbers.h"
 #include "program/Form1Controls.h"
 #include "program/Program.h"
@@ -10,7 +11,7 @@ namespace vellumry {
 gdi::Picture HeldPicture(Program& program, int i) {
   Form1Controls& f = program.mainWindow();
   // A marked position shows the cross; its plain picture is kept aside.
-  const tk::ControlArray<tk::Image>& holders = program.tools.marked(i) ? f.Img1 : f.Image123;
+  const tk::ControlArray<tk::Image>& holders = program.grid.marked(i) ? f.Img1 : f.Image123;
   return holders.exists(i) ? holders(i).Picture() : gdi::Picture();
 }
 
@@ -22,7 +23,7 @@ void DecodeForViewer(Program& program, int i) {
   const ShownSize shown = FitToForm(tk::CLng(tk::pictureTwipsX(picture, screen.TwipsPerPixelX)),
                                     tk::CLng(tk::pictureTwipsY(picture, screen.TwipsPerPixelY)),
                                     screen.Width, screen.Height);
-  program.pictures.prefetch(
+  program.pictures().prefetch(
       picture, {static_cast<int>(tk::roundHalfEven(shown.width / screen.TwipsPerPixelX)),
                 static_cast<int>(tk::roundHalfEven(shown.height / screen.TwipsPerPixelY))});
 }

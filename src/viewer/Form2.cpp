@@ -212,7 +212,7 @@ void Form2::Form_Unload(int&) {
   if (Timer2.Enabled()) Timer2.setEnabled(false);
   // The GIF window lies inside the viewer and goes with it.
   if (tk::Form* gifWindow = program_.Form3.peekForm()) gifWindow->Unload();
-  program_.viewer.ViewerUp = ViewerState::kGrid;
+  program_.viewer.setViewerUp(ViewerState::kGrid);
 }
 
 }  // namespace vellumry

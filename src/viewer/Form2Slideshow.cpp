@@ -8,7 +8,7 @@ namespace vellumry {
 void Form2::pSlideshow() {
   tk::Frame& playButtons = tk::controlOf<tk::Frame>(program_.Form3.form(), "Framep");
   if (Timer2.Enabled()) {
-    if (program_.viewer.sAniGif == "1") playButtons.setVisible(true);
+    if (program_.viewer.sAniGif() == "1") playButtons.setVisible(true);
     Timer2.setEnabled(false);
     Timer2.setInterval(kSlideIdleMs);
     // Placed afresh from Image2, so a zoomed picture comes back at its fitted size.
@@ -20,7 +20,7 @@ void Form2::pSlideshow() {
     Image1.setVisible(false);
     program_.Form3.form().setVisible(false);
     Timer2.setEnabled(true);
-    Timer2.setInterval(program_.viewer.lSlideMs);
+    Timer2.setInterval(program_.viewer.lSlideMs());
   }
 }
 

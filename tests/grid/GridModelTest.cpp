@@ -111,7 +111,7 @@ TEST_F(GridModelTest, CaptionComparesTheLinkUntrimmedAndThePathTrimmed) {
   EXPECT_EQ(program->Form0().Caption(), "Holidays");
   EXPECT_EQ(f.List(0).ListIndex(), 1);
   EXPECT_EQ(f.List(1).ListIndex(), 1);
-  EXPECT_EQ(program->links.iCurLink, 1);
+  EXPECT_EQ(program->links.iCurLink(), 1);
 }
 
 TEST_F(GridModelTest, EmptyingAfterYesDeletesOnlyTheMarkedFiles) {
@@ -119,15 +119,15 @@ TEST_F(GridModelTest, EmptyingAfterYesDeletesOnlyTheMarkedFiles) {
   vellumry::Form1& f = loaded();
   for (int position : {2, 4}) {
     f.Img1.Load(position);
-    program->tools.aDeleted[position] = -1;
+    program->fields.set("aDeleted", position, -1.0);
   }
-  program->tools.nDeleted = 2;
+  program->fields.set("nDeleted", {}, 2.0);
   host.queueAnswer(tk::mb::Yes);
   tk::user::click(f.Image2);
   EXPECT_EQ(f.nAfterClear, 12);
   EXPECT_NE(host.shown.back().find("picture. 2 files ?"), std::string::npos);
   wait(4);
-  EXPECT_EQ(program->tools.nDeleted, 0);
+  EXPECT_EQ(program->grid.nDeleted(), 0);
   EXPECT_TRUE(std::filesystem::exists(pictures / "img1.jpg"));
   EXPECT_FALSE(std::filesystem::exists(pictures / "img2.jpg"));
   EXPECT_TRUE(std::filesystem::exists(pictures / "img3.jpg"));

@@ -70,7 +70,7 @@ TEST_F(MarksTest, MarkDrawsTheCrossAndUndoBringsTheThumbnailBack) {
   const size_t beeps = std::count(host.shown.begin(), host.shown.end(), "beep");
   toggle(2);
   EXPECT_EQ(std::count(host.shown.begin(), host.shown.end(), "beep"), beeps + 1);
-  EXPECT_EQ(program->tools.nDeleted, 1);
+  EXPECT_EQ(program->grid.nDeleted(), 1);
   EXPECT_TRUE(f.Img1(2).Picture().SameObject(plain));
   EXPECT_EQ(pixelAt(f.Image123(2).Picture(), 60, 40, 30, 20), 0xE01010u);  // the cross
   EXPECT_EQ(pixelAt(f.Image123(2).Picture(), 60, 40, 58, 2), 0x0000FFu);   // the thumbnail
@@ -79,7 +79,7 @@ TEST_F(MarksTest, MarkDrawsTheCrossAndUndoBringsTheThumbnailBack) {
   EXPECT_EQ(program->frmMenu().mDelselected.Caption(), "Undo Delete Selected File");
 
   toggle(2);
-  EXPECT_EQ(program->tools.nDeleted, 0);
+  EXPECT_EQ(program->grid.nDeleted(), 0);
   EXPECT_TRUE(f.Image123(2).Picture().SameObject(plain));
   EXPECT_FALSE(f.Img1.exists(2));
   program->frmMenu().pDelcaption();
@@ -150,9 +150,8 @@ TEST_F(MarksTest, AFolderEmptiedWithOddNamesAndLinks) {
 TEST_F(MarksTest, PositionsBeyondAThousandShowMarkAndDelete) {
   pictureFiles(2500);
   Form1& f = loaded();
-  ASSERT_GT(program->grid.aPicW.size(), 2400u);
-  EXPECT_EQ(program->grid.aPicW[2400], 900);  // 60 pixels
-  EXPECT_EQ(program->grid.aPicH[2400], 600);
+  EXPECT_EQ(program->grid.aPicW(2400), 900);  // 60 pixels
+  EXPECT_EQ(program->grid.aPicH(2400), 600);
   toggle(2400);
   EXPECT_TRUE(f.Img1.exists(2400));
   host.queueAnswer(tk::mb::Yes);

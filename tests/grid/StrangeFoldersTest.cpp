@@ -28,7 +28,7 @@ class StrangeFoldersTest : public ProgramFixture {
     ADD_FAILURE() << "not listed: " << name;
     return 0;
   }
-  bool shown(const std::string& name) { return program->grid.aPicW[position(name)] > 0; }
+  bool shown(const std::string& name) { return program->grid.aPicW(position(name)) > 0; }
   // Starts and runs until the folder is listed, before its files are read.
   void listed() {
     start();
@@ -96,7 +96,7 @@ TEST_F(StrangeFoldersTest, AFolderThatVanishesWhileItLoadsEndsTheLoad) {
   fs::remove_all(pictures);
   loadToTheEnd();
   EXPECT_TRUE(form1().bLoaded);
-  for (int i = 1; i <= form1().nCount; ++i) EXPECT_EQ(program->grid.aPicW[i], 0);
+  for (int i = 1; i <= form1().nCount; ++i) EXPECT_EQ(program->grid.aPicW(i), 0);
 }
 
 }  // namespace

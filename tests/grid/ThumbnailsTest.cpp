@@ -63,8 +63,8 @@ TEST_F(ThumbnailsTest, TheFittingRulesInTheirOrder) {
   expectCentred(position("d-wide.jpeg"), 1570, 785);
   expectCentred(position("e-huge.png"), 1570, 785);
   int huge = position("e-huge.png");
-  EXPECT_EQ(program->grid.aPicW[huge], 10000);  // natural sizes in twips
-  EXPECT_EQ(program->grid.aPicH[huge], 5000);
+  EXPECT_EQ(program->grid.aPicW(huge), 10000);  // natural sizes in twips
+  EXPECT_EQ(program->grid.aPicH(huge), 5000);
   EXPECT_EQ(f.sExt, "PNG");  // the last file's letters
 }
 
@@ -77,8 +77,8 @@ TEST_F(ThumbnailsTest, EachEndingTakesItsRoad) {
     SCOPED_TRACE(name);
     int i = position(name);
     EXPECT_TRUE(f.Image123(i).Visible());
-    EXPECT_EQ(program->grid.aPicW[i], 200);
-    EXPECT_EQ(program->grid.aPicH[i], 150);
+    EXPECT_EQ(program->grid.aPicW(i), 200);
+    EXPECT_EQ(program->grid.aPicH(i), 150);
   }
   // The PNG road flattens onto the grid's colour: Picture1 handed its image on.
   EXPECT_FALSE(f.Image123(position("x.PNG")).Picture().Attributes() & gdi::kPictureTransparent);
@@ -105,8 +105,8 @@ TEST_F(ThumbnailsTest, EveryKindOfPictureFillsItsCell) {
                  Kind{"tile.ico", 32, 32}, Kind{"pointer.cur", 6, 6}}) {
     SCOPED_TRACE(k.file);
     int i = position(k.file);
-    EXPECT_EQ(program->grid.aPicW[i], k.width * 5);
-    EXPECT_EQ(program->grid.aPicH[i], k.height * 5);
+    EXPECT_EQ(program->grid.aPicW(i), k.width * 5);
+    EXPECT_EQ(program->grid.aPicH(i), k.height * 5);
     const tk::Image& pic = f.Image123(i);
     EXPECT_TRUE(pic.Visible());
     EXPECT_LE(std::max(pic.Width(), pic.Height()), 1570);
@@ -128,7 +128,7 @@ TEST_F(ThumbnailsTest, ABrokenFileCostsOnlyItsCell) {
     EXPECT_TRUE(f.Image1(i).Visible());
     EXPECT_EQ(f.Image1(i).ToolTipText(), f.File2.List(i - 1));
     EXPECT_FALSE(f.Image123(i).Visible());
-    EXPECT_EQ(program->grid.aPicW[i], 0);
+    EXPECT_EQ(program->grid.aPicW(i), 0);
   }
   EXPECT_TRUE(f.Image123(1).Visible());
   EXPECT_TRUE(f.Image123(5).Visible());
@@ -158,10 +158,10 @@ TEST_F(ThumbnailsTest, PictureBombsCostOnlyTheirCells) {
     const tk::Image& pic = f.Image123(i);
     if (refused.contains(bomb.name)) {
       EXPECT_FALSE(pic.Visible());
-      EXPECT_EQ(program->grid.aPicW[i], 0);
+      EXPECT_EQ(program->grid.aPicW(i), 0);
     } else {
       ASSERT_TRUE(pic.Visible());
-      EXPECT_GT(program->grid.aPicW[i], 0);
+      EXPECT_GT(program->grid.aPicW(i), 0);
       EXPECT_TRUE(pic.Picture().Pixels({1, 1}) || pic.Picture().Icon());
     }
   }

@@ -28,7 +28,7 @@ TEST_F(Dialog, EachModeSetsItsButtonHeightHitsAndOutline) {
     f.List(0).setListIndex(0);
     program->runtime.dispatch([&] { (f.*c.open)(); });
     frmEdit& d = dialog();
-    EXPECT_EQ(program->links.linkMode, c.mode);
+    EXPECT_EQ(program->links.linkMode(), c.mode);
     EXPECT_TRUE(d.Visible()) << c.mode;
     EXPECT_FALSE(f.Enabled()) << c.mode;
     EXPECT_EQ(d.btn(0).Caption(), c.caption) << c.mode;

@@ -173,7 +173,7 @@ TEST_F(Operations, SortsByTheBytesOfTheNamesAndKeepsTheSelection) {
   program->runtime.dispatch([&] { f.btnZa_Click(); });
   EXPECT_EQ(items(f.List(0)), (std::vector<std::string>{"bee", "ant", "Zoo"}));
   EXPECT_EQ(f.List(0).Text(), "ant");
-  EXPECT_FALSE(program->links.findDone);
+  EXPECT_FALSE(program->links.findDone());
   EXPECT_EQ(list0(), "bee*%*/bee*%*ant*%*/ant*%*Zoo*%*/zoo*%*");
 }
 
@@ -188,7 +188,7 @@ TEST_F(Operations, AClickWithMarkedFilesAsksFirstAndSelectsNothing) {
   writeList0("a*%*/a*%*");
   Form1& f = started();
   f.List(0).setVisible(true);
-  program->tools.nDeleted = 1;
+  program->fields.set("nDeleted", {}, 1.0);
   host.queueAnswer(tk::mb::Cancel);
   shownSince();
   tk::user::select(f.List(0), 0);
@@ -198,7 +198,7 @@ TEST_F(Operations, AClickWithMarkedFilesAsksFirstAndSelectsNothing) {
   EXPECT_EQ(f.List(0).ListIndex(), -1);
   EXPECT_EQ(f.List(1).ListIndex(), -1);
   EXPECT_EQ(f.nAfterClear, 0);
-  program->tools.nDeleted = 0;
+  program->fields.set("nDeleted", {}, 0.0);
   tk::user::select(f.List(0), 0);
   EXPECT_EQ(f.List(1).ListIndex(), 0);
 }

@@ -78,7 +78,7 @@ TEST_F(CommandsTest, EscLeavesTheViewerAndTheGridTakesItsKeysAgain) {
   wait(1);
   EXPECT_FALSE(program->Form2.loaded());
   EXPECT_TRUE(f.Visible());
-  EXPECT_EQ(program->viewer.ViewerUp, 0);
+  EXPECT_EQ(program->viewer.ViewerUp(), 0);
   ASSERT_TRUE(tk::user::key(f, 17));  // Ctrl: the previous file, so Form1 has its keys back
   EXPECT_EQ(f.File2.ListIndex(), 0);
 }

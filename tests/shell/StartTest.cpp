@@ -100,12 +100,12 @@ TEST_F(StartTest, SettingsAreReadAsTheyStand) {
   setting("anigifp", "0");
   setting("gformc", "not a number");
   start();
-  EXPECT_EQ(program->viewer.lSlideMs, 60000);
-  EXPECT_EQ(program->viewer.sAniGif, "0");
+  EXPECT_EQ(program->viewer.lSlideMs(), 60000);
+  EXPECT_EQ(program->viewer.sAniGif(), "0");
   EXPECT_EQ(form1().Image1(0).Width(), form1().Image1(0).Height());  // "2" is square
   EXPECT_EQ(form1().Frame1.BackColor(), 4210752u);                   // the default colour
-  EXPECT_EQ(program->shell.vScreenPxW, 1024);
-  EXPECT_EQ(program->shell.vScreenPxH, 768);
+  EXPECT_EQ(program->shell.vScreenPxW(), 1024);
+  EXPECT_EQ(program->shell.vScreenPxH(), 768);
   EXPECT_EQ(program->Form0().Left(), -15360);
 }
 
@@ -148,12 +148,12 @@ TEST_F(StartTest, ClosingWritesInwAndEmptiesDest) {
 TEST_F(StartTest, ClosingWithMarksAsksAndCancelKeepsEverything) {
   makeFiles(3);
   vellumry::Form1& f = loaded();
-  program->tools.nDeleted = 1;
-  program->tools.aDeleted[2] = -1;
+  program->fields.set("nDeleted", {}, 1.0);
+  program->fields.set("aDeleted", 2, -1.0);
   host.queueAnswer(tk::mb::Cancel);
   EXPECT_FALSE(f.Unload());
   EXPECT_FALSE(program->runtime.ended());
-  EXPECT_EQ(program->tools.nDeleted, 1);
+  EXPECT_EQ(program->grid.nDeleted(), 1);
   EXPECT_EQ(f.nAfterClear, 0);
   host.queueAnswer(tk::mb::No);
   f.Unload();
@@ -166,7 +166,7 @@ TEST_F(StartTest, MinimisingAndRestoringThroughForm0) {
   makeFiles(1);
   loaded();
   vellumry::Form0& f0 = program->Form0();
-  program->viewer.ViewerUp = 2;
+  program->viewer.setViewerUp(2);
   program->Form2().Show();
   f0.setLeft(0);
   f0.setWindowState(1);
@@ -183,12 +183,12 @@ TEST_F(StartTest, ClosingTheTaskBarEntryWhileAViewerIsMinimisedClosesAll) {
   makeFiles(1);
   loaded();
   vellumry::Form0& f0 = program->Form0();
-  program->viewer.ViewerUp = 3;
+  program->viewer.setViewerUp(3);
   program->Form2().Show();
   program->Form3().Show();
   f0.setWindowState(1);
   f0.Unload(0);
   EXPECT_TRUE(program->runtime.ended());
-  EXPECT_EQ(program->viewer.ViewerUp, 0);
+  EXPECT_EQ(program->viewer.ViewerUp(), 0);
   EXPECT_EQ(setting("dest"), "");
 }

@@ -87,7 +87,7 @@ TEST_F(Saveimg, TheViewersMenuUsesTheViewersDialogAndGivesItTheKeysBack) {
   program->runtime.dispatch([&] { form1().File2.setListIndex(0); });
   host.queueSaveFile(target);
   program->runtime.dispatch([&] { program->frmMenu().mnuSaveimg22_Click(); });
-  EXPECT_EQ(program->viewer.ViewerUp, ViewerState::kViewer);
+  EXPECT_EQ(program->viewer.ViewerUp(), ViewerState::kViewer);
   EXPECT_EQ(bytesOf(target), bytesOf(source));
   EXPECT_EQ(program->Form2().CD.Filter, "Files (*.tif) |*.tif");
   EXPECT_EQ(form1().CD.Filter, "");

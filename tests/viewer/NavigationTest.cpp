@@ -144,7 +144,7 @@ TEST_F(NavigationTest, AMarkedPositionShowsItsPlainPicture) {
   const gdi::Picture plain = f.Image123(2).Picture();
   f.Img1.Load(2).setPicture(plain);
   f.Image123(2).setPicture({});  // the grid shows the cross there
-  program->tools.aDeleted[2] = -1;
+  program->fields.set("aDeleted", 2, -1.0);
   ASSERT_TRUE(tk::user::dblClick(f.Image1(2)));
   EXPECT_TRUE(viewer().Image2.Picture().SameObject(plain));
 }
@@ -160,7 +160,7 @@ TEST_F(NavigationTest, OpeningReadsTheSelectionAndLeavingKeepsIt) {
   EXPECT_TRUE(tk::user::dblClick(viewer().Image1));
   EXPECT_FALSE(program->Form2.loaded());
   EXPECT_EQ(f.File2.ListIndex(), 3);
-  EXPECT_EQ(program->viewer.ViewerUp, 0);
+  EXPECT_EQ(program->viewer.ViewerUp(), 0);
 }
 
 TEST_F(NavigationTest, ARightClickPopsTheViewersMenuWithoutTheSideText) {

@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "ViewerFixture.h"
+#include "picture/PictureServices.h"
 
 using namespace vellumry;
 
@@ -35,7 +36,7 @@ TEST_F(SharpnessTest, TheNeighboursAreDecodedAheadAtTheirFittedSize) {
   picture("b.png", 2000, 1900);
   picture("c.png", 3000, 600);
   open(1);
-  program->pictures.drain();
+  program->pictures().drain();
   // Gone from the disk, the neighbours still show: their pixels were decoded ahead.
   std::filesystem::remove(pictures / "b.png");
   std::filesystem::remove(pictures / "c.png");
@@ -60,7 +61,7 @@ TEST_F(SharpnessTest, AClickOnACellDecodesTheViewersPictureAhead) {
   picture("b.png", 64, 48);
   Form1& f = loaded();
   ASSERT_TRUE(tk::user::click(f.Image1(1)));
-  program->pictures.drain();
+  program->pictures().drain();
   std::filesystem::remove(pictures / "a.png");
   ASSERT_TRUE(tk::user::dblClick(f.Image1(1)));
   wait(1);

@@ -69,7 +69,7 @@ TEST_F(SlideshowTest, EscDuringAShowStopsItAndTheGridComesBack) {
   wait(3000);
   EXPECT_EQ(selected(), 1);
   EXPECT_TRUE(form1().Visible());
-  EXPECT_EQ(program->viewer.ViewerUp, 0);
+  EXPECT_EQ(program->viewer.ViewerUp(), 0);
 }
 
 TEST_F(SlideshowTest, StopAfterAZoomPlacesThePictureAgainAtItsFittedSize) {
