@@ -4,9 +4,9 @@
 #include <cstring>
 #include <span>
 
-#include "platform/codecs/ByteReader.h"
 #include "platform/codecs/GifCodec.h"
 #include "platform/codecs/Limits.h"
+#include "platform/gdi/ByteReader.h"
 
 namespace vellumry {
 
@@ -67,7 +67,7 @@ class FrameWrapper {
   }
 
  private:
-  codecs::ByteReader file_;
+  gdi::ByteReader file_;
   std::vector<uint8_t> buffer_;
 };
 

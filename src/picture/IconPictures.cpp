@@ -31,7 +31,7 @@ constexpr int32_t kDisplayBitsPerPixel = 32;
 // row with the image's offset 22, the image.
 Stream OneImageFile(std::span<const uint8_t> data, int row) {
   const size_t rowAt = codecs::kIconHeaderBytes + codecs::kIconRowBytes * static_cast<size_t>(row);
-  const codecs::IconResourceRow image = codecs::ReadIconRow(codecs::ByteReader(data), row);
+  const codecs::IconResourceRow image = codecs::ReadIconRow(gdi::ByteReader(data), row);
   std::vector<uint8_t> file(data.begin(), data.begin() + codecs::kIconHeaderBytes);
   file[4] = 1;
   file[5] = 0;

@@ -29,7 +29,7 @@ ImageInfo InfoOf(const DibHeader& h) {
 
 Expected<ImageInfo> ProbeBmp(std::span<const uint8_t> bytes) {
   if (!IsBmp(bytes)) return Error::kUnknownFormat;
-  auto header = ParseDibHeader(ByteReader(bytes), kFileHeaderSize, false);
+  auto header = ParseDibHeader(gdi::ByteReader(bytes), kFileHeaderSize, false);
   if (!header) return header.error();
   return InfoOf(*header);
 }
@@ -37,7 +37,7 @@ Expected<ImageInfo> ProbeBmp(std::span<const uint8_t> bytes) {
 Expected<Decoded> DecodeBmp(std::span<const uint8_t> bytes, const Leniency& leniency,
                             int reduction) {
   if (!IsBmp(bytes)) return Error::kUnknownFormat;
-  const ByteReader in(bytes);
+  const gdi::ByteReader in(bytes);
   auto header = ParseDibHeader(in, kFileHeaderSize, false);
   if (!header) return header.error();
   // The file header's pixel offset wins when it points behind the colour table and inside the
@@ -63,7 +63,7 @@ Expected<Decoded> DecodeDibSection(std::span<const uint8_t> bytes) {
 
 Expected<DibSection> ReadDibSection(std::span<const uint8_t> bytes) {
   if (!IsBmp(bytes)) return Error::kUnknownFormat;
-  const ByteReader in(bytes);
+  const gdi::ByteReader in(bytes);
   const auto headerSize = in.Le32(kFileHeaderSize);
   const auto bitCount = in.Le16(kFileHeaderSize + 14);
   const auto compression = in.Le32(kFileHeaderSize + 16);

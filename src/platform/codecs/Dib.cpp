@@ -153,7 +153,7 @@ uint64_t DibRowBytes(int bitsPerPixel, int width) {
   return (static_cast<uint64_t>(bitsPerPixel) * static_cast<uint64_t>(width) + 31) / 32 * 4;
 }
 
-Expected<DibHeader> ParseDibHeader(const ByteReader& in, uint64_t at, bool iconImage) {
+Expected<DibHeader> ParseDibHeader(const gdi::ByteReader& in, uint64_t at, bool iconImage) {
   DibHeader h;
   const auto size = in.Le32(at);
   if (!size) return Error::kTruncated;

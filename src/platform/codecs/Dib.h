@@ -5,8 +5,8 @@
 #include <span>
 #include <vector>
 
-#include "platform/codecs/ByteReader.h"
 #include "platform/codecs/Codecs.h"
+#include "platform/gdi/ByteReader.h"
 
 namespace vellumry::codecs {
 
@@ -29,7 +29,7 @@ inline constexpr uint32_t kBiRgb = 0, kBiRle8 = 1, kBiRle4 = 2, kBiBitFields = 3
 // Reads the header that starts at `at`. `iconImage` halves the stored height, which counts the
 // AND mask too. Refuses what isn't decoded here (JPEG or PNG inside, OS/2 compressions) and any
 // size beyond the pixel budget.
-Expected<DibHeader> ParseDibHeader(const ByteReader& in, uint64_t at, bool iconImage);
+Expected<DibHeader> ParseDibHeader(const gdi::ByteReader& in, uint64_t at, bool iconImage);
 
 // Bytes of one stored row at this depth, padded to 4 bytes.
 uint64_t DibRowBytes(int bitsPerPixel, int width);

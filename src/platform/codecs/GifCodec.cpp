@@ -7,8 +7,8 @@
 #include <memory>
 #include <optional>
 
-#include "platform/codecs/ByteReader.h"
 #include "platform/codecs/Limits.h"
+#include "platform/gdi/ByteReader.h"
 
 namespace vellumry::codecs {
 
@@ -41,7 +41,7 @@ bool IsGif(std::span<const uint8_t> bytes) {
 }
 
 // Skips the sub-blocks starting at `at`; the offset behind the terminator, or nothing.
-std::optional<uint64_t> SkipSubBlocks(const ByteReader& in, uint64_t at) {
+std::optional<uint64_t> SkipSubBlocks(const gdi::ByteReader& in, uint64_t at) {
   while (true) {
     const auto length = in.U8(at);
     if (!length) return std::nullopt;
@@ -147,7 +147,7 @@ Expected<GifFrameIndices> ReadFrame(Input& input, int frame, const Leniency& len
 
 Expected<ImageInfo> ProbeGif(std::span<const uint8_t> bytes) {
   if (!IsGif(bytes)) return Error::kUnknownFormat;
-  const ByteReader in(bytes);
+  const gdi::ByteReader in(bytes);
   const auto width = in.Le16(6);
   const auto height = in.Le16(8);
   const auto flags = in.U8(10);

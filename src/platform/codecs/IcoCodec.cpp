@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include "platform/codecs/ByteReader.h"
 #include "platform/codecs/Dib.h"
 #include "platform/codecs/IconResource.h"
 #include "platform/codecs/PngCodec.h"
+#include "platform/gdi/ByteReader.h"
 
 namespace vellumry::codecs {
 
@@ -27,7 +27,7 @@ std::optional<std::vector<uint8_t>> ReadMask(const DibHeader& h, std::span<const
   const uint64_t colourBytes = DibRowBytes(h.bitsPerPixel, h.width) * h.height;
   const uint64_t stride = DibRowBytes(1, h.width);
   const uint64_t maskAt = h.tableEnd + colourBytes;
-  const ByteReader in(image);
+  const gdi::ByteReader in(image);
   if (!in.Has(maskAt, stride * h.height)) return std::nullopt;
   std::vector<uint8_t> mask(static_cast<size_t>(h.width) * h.height);
   for (int r = 0; r < h.height; ++r) {
@@ -49,7 +49,7 @@ bool AnyAlpha(const gdi::Surface& s) {
 
 Expected<IconDirectory> ReadIconDirectory(std::span<const uint8_t> bytes) {
   if (!LooksLikeIcon(bytes)) return Error::kUnknownFormat;
-  const ByteReader in(bytes);
+  const gdi::ByteReader in(bytes);
   const auto count = in.Le16(4);
   if (!count) return Error::kTruncated;
   if (*count == 0) return Error::kCorrupt;
@@ -73,7 +73,7 @@ Expected<IconDirectory> ReadIconDirectory(std::span<const uint8_t> bytes) {
       e.height = info->height;
       e.bitDepth = info->bitsPerPixel;
     } else {
-      auto h = ParseDibHeader(ByteReader(image), 0, true);
+      auto h = ParseDibHeader(gdi::ByteReader(image), 0, true);
       if (!h) return h.error();
       e.width = h->width;
       e.height = h->height;
@@ -121,7 +121,7 @@ Expected<gdi::IconImage> DecodeIconImage(std::span<const uint8_t> image, const L
     }
     return icon;
   }
-  const ByteReader in(image);
+  const gdi::ByteReader in(image);
   auto header = ParseDibHeader(in, 0, true);
   if (!header) return header.error();
   // The colour rows come first; the mask behind them is read apart.

@@ -31,7 +31,7 @@ int PngDepth(uint8_t bitDepth, uint8_t colourType) {
 }
 
 // The key of the image at `row`, read from its own header.
-uint32_t KeyOf(const ByteReader& in, const IconResourceRow& row, int position) {
+uint32_t KeyOf(const gdi::ByteReader& in, const IconResourceRow& row, int position) {
   const uint64_t at = row.offset;
   if (*in.Le32(at) == kPngSignature) {
     const int32_t width = static_cast<int32_t>(*in.Be32(at + 16));
@@ -52,7 +52,7 @@ uint32_t IconKey(int depth, int32_t width, int32_t height, int position, bool pn
          (static_cast<uint32_t>(position) & kLow11) << 20 | (png ? 0x80000000u : 0);
 }
 
-IconResourceRow ReadIconRow(const ByteReader& in, int position) {
+IconResourceRow ReadIconRow(const gdi::ByteReader& in, int position) {
   const uint64_t at = kIconHeaderBytes + kIconRowBytes * static_cast<uint64_t>(position);
   if (!in.Has(at, kIconRowBytes)) return {};
   return {*in.Le16(at + 4), *in.Le16(at + 6), *in.Le32(at + 8), *in.Le32(at + 12)};
@@ -60,7 +60,7 @@ IconResourceRow ReadIconRow(const ByteReader& in, int position) {
 
 Expected<IconResource> ReadIconResource(std::span<const uint8_t> bytes) {
   if (bytes.size() < kSmallestFile) return Error::kTruncated;
-  const ByteReader in(bytes);
+  const gdi::ByteReader in(bytes);
   const uint16_t type = *in.Le16(2);
   const uint16_t count = *in.Le16(4);
   if (type != 1 && type != 2) return Error::kUnknownFormat;

@@ -5,8 +5,8 @@
 #include <span>
 #include <vector>
 
-#include "platform/codecs/ByteReader.h"
 #include "platform/codecs/Codecs.h"
+#include "platform/gdi/ByteReader.h"
 #include "platform/gdi/IconImage.h"
 
 namespace vellumry::codecs {
@@ -30,7 +30,7 @@ struct IconResourceRow {
 };
 
 // The 16-byte directory row at `position`; all zero when the data ends before it.
-IconResourceRow ReadIconRow(const ByteReader& in, int position);
+IconResourceRow ReadIconRow(const gdi::ByteReader& in, int position);
 
 struct IconResource {
   bool isCursor = false;

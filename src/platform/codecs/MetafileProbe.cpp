@@ -3,7 +3,7 @@
 #include <cmath>
 #include <cstdlib>
 
-#include "platform/codecs/MetafileHeader.h"
+#include "platform/metafile/MetafileHeader.h"
 
 namespace vellumry::codecs {
 
@@ -21,10 +21,10 @@ int Pixels(double length) {
 Expected<ImageInfo> ProbeMetafile(std::span<const uint8_t> bytes) {
   ImageInfo info;
   info.hasAlpha = true;  // what the records leave undrawn stays transparent
-  if (const auto emf = ReadEmfFrame(bytes)) {
+  if (const auto emf = metafile::ReadEmfFrame(bytes)) {
     info.format = Format::kEmf;
     // The frame at the reference device's resolution; 96 dots per inch when it gives none.
-    const IntBox& frame = emf->frame;
+    const metafile::IntBox& frame = emf->frame;
     double perHimetricX = 96 / kHimetricPerInch, perHimetricY = 96 / kHimetricPerInch;
     if (emf->deviceWidthMm > 0 && emf->deviceHeightMm > 0 && emf->deviceWidth > 0 &&
         emf->deviceHeight > 0) {
@@ -39,8 +39,8 @@ Expected<ImageInfo> ProbeMetafile(std::span<const uint8_t> bytes) {
     }
     return info;
   }
-  const auto wmf = ReadWmfFrame(bytes);
-  if (!wmf) return IsPlaceableWmf(bytes) ? Error::kTruncated : Error::kUnknownFormat;
+  const auto wmf = metafile::ReadWmfFrame(bytes);
+  if (!wmf) return metafile::IsPlaceableWmf(bytes) ? Error::kTruncated : Error::kUnknownFormat;
   info.format = Format::kWmf;
   const double perUnit = wmf->unitsPerInch > 0 ? 96.0 / wmf->unitsPerInch : 1;
   info.width = Pixels(std::floor(std::abs(static_cast<double>(wmf->box.Width())) * perUnit));

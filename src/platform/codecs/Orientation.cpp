@@ -3,7 +3,7 @@
 #include <optional>
 #include <utility>
 
-#include "platform/codecs/ByteReader.h"
+#include "platform/gdi/ByteReader.h"
 
 namespace vellumry::codecs {
 
@@ -18,7 +18,7 @@ bool Known(int orientation) { return orientation >= 1 && orientation <= 8; }
 }  // namespace
 
 int ExifOrientation(std::span<const uint8_t> exif) {
-  const ByteReader in(exif);
+  const gdi::ByteReader in(exif);
   const bool little = exif.size() >= 2 && exif[0] == 'I' && exif[1] == 'I';
   const bool big = exif.size() >= 2 && exif[0] == 'M' && exif[1] == 'M';
   if (!little && !big) return 1;

@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "platform/codecs/BlockReducer.h"
-#include "platform/codecs/ByteReader.h"
 #include "platform/codecs/Limits.h"
 #include "platform/codecs/PngIo.h"
+#include "platform/gdi/ByteReader.h"
 
 namespace vellumry::codecs {
 
@@ -133,7 +133,7 @@ Expected<ImageInfo> ProbePng(std::span<const uint8_t> bytes) {
   if (bytes.size() < 8 || std::memcmp(bytes.data(), kSignature, 8) != 0) {
     return Error::kUnknownFormat;
   }
-  const ByteReader in(bytes);
+  const gdi::ByteReader in(bytes);
   const auto length = in.Be32(8);
   const auto type = in.Be32(12);
   const auto width = in.Be32(16);

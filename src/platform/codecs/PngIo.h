@@ -38,9 +38,8 @@ template <bool kWriting>
 class Handle {
  public:
   Handle() {
-    png_ = kWriting
-               ? png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, OnError, OnWarning)
-               : png_create_read_struct(PNG_LIBPNG_VER_STRING, nullptr, OnError, OnWarning);
+    png_ = kWriting ? png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, OnError, OnWarning)
+                    : png_create_read_struct(PNG_LIBPNG_VER_STRING, nullptr, OnError, OnWarning);
     if (png_) info_ = png_create_info_struct(png_);
   }
   ~Handle() {

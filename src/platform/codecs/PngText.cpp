@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <csetjmp>
 
-#include "platform/codecs/ByteReader.h"
 #include "platform/codecs/PngIo.h"
+#include "platform/gdi/ByteReader.h"
 #include "platform/gdi/LockBits.h"
 
 namespace vellumry::codecs {
@@ -20,7 +20,7 @@ constexpr uint32_t kIdat = 0x49444154;  // "IDAT"
 // Whether every chunk before the image data lies wholly in `bytes`, so that libpng never
 // allocates for a length that the file doesn't hold.
 bool ChunksBeforeImageFit(std::span<const uint8_t> bytes) {
-  const ByteReader reader(bytes);
+  const gdi::ByteReader reader(bytes);
   uint64_t at = kSignatureBytes;
   while (true) {
     const auto length = reader.Be32(at), type = reader.Be32(at + 4);

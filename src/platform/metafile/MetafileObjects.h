@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace vellumry::codecs {
+namespace vellumry::metafile {
 
 // A logical font as a metafile describes it; sizes in logical units.
 struct FontSpec {
@@ -56,4 +56,4 @@ class ObjectTable {
   std::vector<GdiObject> slots_;
 };
 
-}  // namespace vellumry::codecs
+}  // namespace vellumry::metafile

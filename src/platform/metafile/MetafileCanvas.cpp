@@ -1,10 +1,10 @@
-#include "platform/codecs/MetafileCanvas.h"
+#include "platform/metafile/MetafileCanvas.h"
 
 #include <algorithm>
 #include <cmath>
 #include <numbers>
 
-namespace vellumry::codecs {
+namespace vellumry::metafile {
 
 namespace {
 
@@ -297,7 +297,6 @@ void MetafileCanvas::FillRegion(const QPainterPath& region, const QTransform& to
   painter_.fillPath(region, brush);
 }
 
-
 void MetafileCanvas::Blit(const QRectF& dest, const gdi::Surface* bitmap, const QRectF& source,
                           uint32_t rasterOp) {
   const auto mode = SourceMode(rasterOp);
@@ -336,4 +335,4 @@ void MetafileCanvas::Blit(const QRectF& dest, const gdi::Surface* bitmap, const 
   painter_.setCompositionMode(QPainter::CompositionMode_SourceOver);
 }
 
-}  // namespace vellumry::codecs
+}  // namespace vellumry::metafile

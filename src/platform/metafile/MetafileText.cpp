@@ -1,12 +1,12 @@
 // The text of a metafile: its font at the output's scale, its alignment, and its drawing.
-#include "platform/codecs/MetafileCanvas.h"
-
 #include <QFontMetricsF>
 #include <QGuiApplication>
 #include <algorithm>
 #include <cmath>
 
-namespace vellumry::codecs {
+#include "platform/metafile/MetafileCanvas.h"
+
+namespace vellumry::metafile {
 
 namespace {
 // Text larger than this many output pixels is left out: it can't be legible in the picture, and
@@ -96,4 +96,4 @@ void MetafileCanvas::DrawText(const Text& text) {
   painter_.restore();
 }
 
-}  // namespace vellumry::codecs
+}  // namespace vellumry::metafile

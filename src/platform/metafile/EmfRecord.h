@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-namespace vellumry::codecs {
+namespace vellumry::metafile {
 
 enum class EmfRecord : uint32_t {
   // Lines, of 32-bit points and of 16-bit ones.
@@ -89,4 +89,4 @@ enum class EmfRecord : uint32_t {
   EMR_ALPHABLEND = 114,
 };
 
-}  // namespace vellumry::codecs
+}  // namespace vellumry::metafile

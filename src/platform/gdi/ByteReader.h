@@ -4,7 +4,7 @@
 #include <optional>
 #include <span>
 
-namespace vellumry::codecs {
+namespace vellumry::gdi {
 
 // Bounds-checked reads of little- and big-endian numbers at an offset; nothing when the value
 // doesn't lie wholly inside `bytes`.
@@ -48,4 +48,4 @@ class ByteReader {
   std::span<const uint8_t> bytes_;
 };
 
-}  // namespace vellumry::codecs
+}  // namespace vellumry::gdi

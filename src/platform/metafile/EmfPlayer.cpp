@@ -1,15 +1,15 @@
 // The EMF records that keep state: the device context, the transforms, clipping and objects;
 // which family plays each record; and the walk over a file's records.
-#include "platform/codecs/EmfPlayer.h"
+#include "platform/metafile/EmfPlayer.h"
 
 #include <cmath>
 
-#include "platform/codecs/ByteReader.h"
-#include "platform/codecs/EmfPlayback.h"
-#include "platform/codecs/MetafileBitmaps.h"
-#include "platform/codecs/RecordTable.h"
+#include "platform/gdi/ByteReader.h"
+#include "platform/metafile/EmfPlayback.h"
+#include "platform/metafile/MetafileBitmaps.h"
+#include "platform/metafile/RecordTable.h"
 
-namespace vellumry::codecs {
+namespace vellumry::metafile {
 
 namespace emf {
 
@@ -78,10 +78,6 @@ void Player::Select(uint32_t index) {
   const GdiObject* object = index & kStockObject ? &stock : objects_.Get(index);
   if (object) canvas_.Select(*object);
 }
-
-
-
-
 
 void Player::State(const Params& p, EmfRecord record) {
   DcState& dc = canvas_.dc();
@@ -187,7 +183,7 @@ void Player::Objects(const Params& p, EmfRecord record) {
     case R::EMR_CREATEMONOBRUSH:
     case R::EMR_CREATEDIBPATTERNBRUSHPT: {
       GdiObject brush{GdiObject::Kind::kBrush};
-      const auto pattern = RecordBitmap(p, p.U32(16), p.U32(24), p.U32(28));
+      const auto pattern = dibs_(p.reader(), p.U32(16), p.U32(24), p.U32(28));
       brush.brush = pattern ? PatternBrush(*pattern) : QBrush(Qt::gray);
       objects_.Put(p.U32(8), brush);
       return;
@@ -205,17 +201,13 @@ void Player::Objects(const Params& p, EmfRecord record) {
   }
 }
 
-
-
-
-
 // Which family plays each record: comments (EMF+ among them), records without a drawing of their
 // own, and those left unplayed have none.
 Player::Family Player::FamilyOf(EmfRecord record) {
   static const RecordTable<EmfRecord, Family> families = {
       {&Player::Lines,
-       {R::EMR_POLYBEZIER, R::EMR_POLYGON, R::EMR_POLYLINE, R::EMR_POLYBEZIERTO,
-        R::EMR_POLYLINETO, R::EMR_POLYPOLYLINE, R::EMR_POLYPOLYGON, R::EMR_MOVETOEX, R::EMR_LINETO,
+       {R::EMR_POLYBEZIER, R::EMR_POLYGON, R::EMR_POLYLINE, R::EMR_POLYBEZIERTO, R::EMR_POLYLINETO,
+        R::EMR_POLYPOLYLINE, R::EMR_POLYPOLYGON, R::EMR_MOVETOEX, R::EMR_LINETO,
         R::EMR_POLYBEZIER16, R::EMR_POLYGON16, R::EMR_POLYLINE16, R::EMR_POLYBEZIERTO16,
         R::EMR_POLYLINETO16, R::EMR_POLYPOLYLINE16, R::EMR_POLYPOLYGON16}},
       {&Player::State,
@@ -258,7 +250,8 @@ namespace {
 constexpr uint64_t kRecordHead = 8;
 }  // namespace
 
-void PlayEmf(std::span<const uint8_t> bytes, const EmfFrame& frame, QPainter& painter) {
+void PlayEmf(std::span<const uint8_t> bytes, const EmfFrame& frame, QPainter& painter,
+             const DibReader& dibs) {
   // Device pixels to hundredths of a millimetre to the output, through the frame; the bounds in
   // pixels when the header gives no usable frame or device size.
   const double width = painter.device()->width(), height = painter.device()->height();
@@ -283,8 +276,8 @@ void PlayEmf(std::span<const uint8_t> bytes, const EmfFrame& frame, QPainter& pa
     const double left = frame.bounds.left, top = frame.bounds.top;
     deviceToOutput = QTransform(sx, 0, 0, sy, -left * sx, -top * sy);
   }
-  emf::Player player(frame, painter, deviceToOutput, perMm);
-  const ByteReader in(bytes);
+  emf::Player player(frame, painter, deviceToOutput, perMm, dibs);
+  const gdi::ByteReader in(bytes);
   uint64_t at = 0;
   while (const auto type = in.Le32(at)) {
     const uint64_t size = in.Le32(at + 4).value_or(0);
@@ -295,4 +288,4 @@ void PlayEmf(std::span<const uint8_t> bytes, const EmfFrame& frame, QPainter& pa
   }
 }
 
-}  // namespace vellumry::codecs
+}  // namespace vellumry::metafile

@@ -5,7 +5,7 @@
 #include <initializer_list>
 #include <unordered_map>
 
-namespace vellumry::codecs {
+namespace vellumry::metafile {
 
 template <class Record, class Handler>
 class RecordTable {
@@ -24,4 +24,4 @@ class RecordTable {
   std::unordered_map<uint32_t, Handler> handlers_;
 };
 
-}  // namespace vellumry::codecs
+}  // namespace vellumry::metafile

@@ -4,7 +4,7 @@
 #include <optional>
 #include <span>
 
-namespace vellumry::codecs {
+namespace vellumry::metafile {
 
 struct IntBox {
   int32_t left = 0, top = 0, right = 0, bottom = 0;
@@ -36,4 +36,4 @@ std::optional<WmfFrame> ReadWmfFrame(std::span<const uint8_t> bytes);
 bool IsPlaceableWmf(std::span<const uint8_t> bytes);
 std::optional<EmfFrame> ReadEmfFrame(std::span<const uint8_t> bytes);
 
-}  // namespace vellumry::codecs
+}  // namespace vellumry::metafile

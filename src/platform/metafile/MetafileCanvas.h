@@ -8,10 +8,10 @@
 #include <span>
 #include <vector>
 
-#include "platform/codecs/MetafileObjects.h"
 #include "platform/gdi/Surface.h"
+#include "platform/metafile/MetafileObjects.h"
 
-namespace vellumry::codecs {
+namespace vellumry::metafile {
 
 // The state of the device context that records change and that SaveDC keeps.
 struct DcState {
@@ -123,4 +123,4 @@ class MetafileCanvas {
   bool pathOpen_ = false;
 };
 
-}  // namespace vellumry::codecs
+}  // namespace vellumry::metafile

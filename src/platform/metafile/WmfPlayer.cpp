@@ -1,15 +1,15 @@
-#include "platform/codecs/WmfPlayer.h"
+#include "platform/metafile/WmfPlayer.h"
 
 #include <vector>
 
-#include "platform/codecs/ByteReader.h"
-#include "platform/codecs/MetafileBitmaps.h"
-#include "platform/codecs/MetafileCanvas.h"
-#include "platform/codecs/MetafileParams.h"
-#include "platform/codecs/RecordTable.h"
-#include "platform/codecs/WmfRecord.h"
+#include "platform/gdi/ByteReader.h"
+#include "platform/metafile/MetafileBitmaps.h"
+#include "platform/metafile/MetafileCanvas.h"
+#include "platform/metafile/MetafileParams.h"
+#include "platform/metafile/RecordTable.h"
+#include "platform/metafile/WmfRecord.h"
 
-namespace vellumry::codecs {
+namespace vellumry::metafile {
 
 namespace {
 
@@ -69,9 +69,10 @@ GdiObject Font(const Params& p) {
 
 class WmfPlayer {
  public:
-  WmfPlayer(const WmfFrame& frame, QPainter& painter)
+  WmfPlayer(const WmfFrame& frame, QPainter& painter, const DibReader& dibs)
       : canvas_(painter, QTransform(), QSizeF(1, 1)),
-        objects_(frame.objectCount ? frame.objectCount : kMaxObjects) {
+        objects_(frame.objectCount ? frame.objectCount : kMaxObjects),
+        dibs_(dibs) {
     // The box fills the output: the file's window maps onto a viewport of the whole device.
     DcState& dc = canvas_.dc();
     dc.mapMode = 8;
@@ -103,6 +104,7 @@ class WmfPlayer {
 
   MetafileCanvas canvas_;
   ObjectTable objects_;
+  const DibReader& dibs_;
 };
 
 void WmfPlayer::Select(uint16_t index) {
@@ -127,7 +129,7 @@ void WmfPlayer::Text(QPointF at, std::span<const uint8_t> text, const Params& p,
 }
 
 void WmfPlayer::Bitmap(const Params& p, QRectF dest, QRectF source, uint32_t rop, uint64_t dibAt) {
-  const auto bitmap = PackedBitmap(p, dibAt);
+  const auto bitmap = dibs_(p.reader(), dibAt, kAfterTable, 0);
   if (bitmap) {
     // Source rows count from the bottom of the bitmap.
     source.moveTop(bitmap->Height() - source.top() - source.height());
@@ -210,7 +212,7 @@ void WmfPlayer::Objects(const Params& p, WmfRecord record) {
     }
     case R::META_DIBCREATEPATTERNBRUSH: {
       GdiObject brush{GdiObject::Kind::kBrush};
-      const auto pattern = PackedBitmap(p, 4);
+      const auto pattern = dibs_(p.reader(), 4, kAfterTable, 0);
       brush.brush = pattern ? PatternBrush(*pattern) : QBrush(Qt::gray);
       return Create(brush);
     }
@@ -313,8 +315,7 @@ void WmfPlayer::Texts(const Params& p, WmfRecord record) {
 void WmfPlayer::Bitmaps(const Params& p, WmfRecord record) {
   switch (record) {
     case R::META_PATBLT:
-      return canvas_.Blit(QRectF(PointYX(p, 8), QSizeF(p.S16(6), p.S16(4))), nullptr, {},
-                          p.U32(0));
+      return canvas_.Blit(QRectF(PointYX(p, 8), QSizeF(p.S16(6), p.S16(4))), nullptr, {}, p.U32(0));
     case R::META_DIBBITBLT: {  // without a bitmap, a reserved word after the source
       const bool withBitmap = p.size() > 18;
       const uint64_t at = withBitmap ? 8 : 10;
@@ -334,8 +335,7 @@ void WmfPlayer::Bitmaps(const Params& p, WmfRecord record) {
                     QRectF(PointYX(p, 10), QSizeF(p.S16(8), p.S16(6))), p.U32(0), 22);
     case R::META_SETDIBTODEV: {
       const QSizeF size(p.S16(12), p.S16(10));
-      return Bitmap(p, QRectF(PointYX(p, 14), size), QRectF(PointYX(p, 6), size), 0x00CC0020,
-                    18);
+      return Bitmap(p, QRectF(PointYX(p, 14), size), QRectF(PointYX(p, 6), size), 0x00CC0020, 18);
     }
     default:
       return;
@@ -377,10 +377,11 @@ void WmfPlayer::Play(const Params& p, uint16_t function) {
 
 }  // namespace
 
-void PlayWmf(std::span<const uint8_t> bytes, const WmfFrame& frame, QPainter& painter) {
+void PlayWmf(std::span<const uint8_t> bytes, const WmfFrame& frame, QPainter& painter,
+             const DibReader& dibs) {
   if (frame.box.Width() == 0 || frame.box.Height() == 0) return;
-  WmfPlayer player(frame, painter);
-  const ByteReader in(bytes);
+  WmfPlayer player(frame, painter, dibs);
+  const gdi::ByteReader in(bytes);
   uint64_t at = frame.recordsAt;
   while (const auto words = in.Le32(at)) {
     const uint64_t size = uint64_t{*words} * 2;
@@ -392,4 +393,4 @@ void PlayWmf(std::span<const uint8_t> bytes, const WmfFrame& frame, QPainter& pa
   }
 }
 
-}  // namespace vellumry::codecs
+}  // namespace vellumry::metafile

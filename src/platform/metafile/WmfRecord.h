@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-namespace vellumry::codecs {
+namespace vellumry::metafile {
 
 enum class WmfRecord : uint16_t {
   META_EOF = 0x0000,
@@ -59,4 +59,4 @@ enum class WmfRecord : uint16_t {
   META_SETDIBTODEV = 0x0D33,
 };
 
-}  // namespace vellumry::codecs
+}  // namespace vellumry::metafile

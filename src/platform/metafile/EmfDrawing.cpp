@@ -2,10 +2,10 @@
 #include <cmath>
 #include <vector>
 
-#include "platform/codecs/EmfPlayback.h"
-#include "platform/codecs/MetafileBitmaps.h"
+#include "platform/metafile/EmfPlayback.h"
+#include "platform/metafile/MetafileBitmaps.h"
 
-namespace vellumry::codecs::emf {
+namespace vellumry::metafile::emf {
 
 namespace {
 
@@ -67,7 +67,7 @@ std::optional<gdi::Surface> Player::Bitmap(const Params& p, uint64_t at) {
   const uint32_t headerAt = p.U32(at), headerSize = p.U32(at + 4);
   const uint32_t bitsAt = p.U32(at + 8), bitsSize = p.U32(at + 12);
   if (headerSize == 0 || bitsSize == 0) return std::nullopt;
-  return RecordBitmap(p, headerAt, bitsAt, bitsSize);
+  return dibs_(p.reader(), headerAt, bitsAt, bitsSize);
 }
 
 void Player::Blit(const Params& p, QRectF dest, QRectF source, uint32_t rop, uint64_t bitmapAt) {
@@ -173,9 +173,7 @@ void Player::Paths(const Params& p, EmfRecord record) {
   }
 }
 
-void Player::Texts(const Params& p, EmfRecord record) {
-  Text(p, record == R::EMR_EXTTEXTOUTW);
-}
+void Player::Texts(const Params& p, EmfRecord record) { Text(p, record == R::EMR_EXTTEXTOUTW); }
 
 void Player::Bitmaps(const Params& p, EmfRecord record) {
   switch (record) {
@@ -205,4 +203,4 @@ void Player::Bitmaps(const Params& p, EmfRecord record) {
   }
 }
 
-}  // namespace vellumry::codecs::emf
+}  // namespace vellumry::metafile::emf

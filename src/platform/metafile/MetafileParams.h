@@ -4,9 +4,9 @@
 #include <cstdint>
 #include <span>
 
-#include "platform/codecs/ByteReader.h"
+#include "platform/gdi/ByteReader.h"
 
-namespace vellumry::codecs {
+namespace vellumry::metafile {
 
 // The parameters of one metafile record. Reads past the record's end give 0, so a short record
 // draws with zeros instead of reading its neighbour's bytes.
@@ -25,10 +25,10 @@ class Params {
   std::span<const uint8_t> Slice(uint64_t at, uint64_t length) const {
     return in_.Slice(at, length);
   }
-  const ByteReader& reader() const { return in_; }
+  const gdi::ByteReader& reader() const { return in_; }
 
  private:
-  ByteReader in_;
+  gdi::ByteReader in_;
 };
 
-}  // namespace vellumry::codecs
+}  // namespace vellumry::metafile

@@ -1,8 +1,8 @@
-#include "platform/codecs/MetafileHeader.h"
+#include "platform/metafile/MetafileHeader.h"
 
-#include "platform/codecs/ByteReader.h"
+#include "platform/gdi/ByteReader.h"
 
-namespace vellumry::codecs {
+namespace vellumry::metafile {
 
 namespace {
 
@@ -13,13 +13,13 @@ constexpr uint64_t kPlaceableSize = 22;
 constexpr uint64_t kWmfHeaderSize = 18;
 constexpr uint16_t kSetWindowOrg = 0x020B, kSetWindowExt = 0x020C;
 
-int16_t S16(const ByteReader& in, uint64_t at) {
+int16_t S16(const gdi::ByteReader& in, uint64_t at) {
   return static_cast<int16_t>(in.Le16(at).value_or(0));
 }
 
 // The first window origin and extent a bare WMF sets, read from its records up to the first
 // that draws or the end.
-IntBox FirstWindow(const ByteReader& in, uint64_t at) {
+IntBox FirstWindow(const gdi::ByteReader& in, uint64_t at) {
   IntBox box;
   bool extentSet = false;
   while (auto words = in.Le32(at)) {
@@ -45,11 +45,11 @@ IntBox FirstWindow(const ByteReader& in, uint64_t at) {
 }  // namespace
 
 bool IsPlaceableWmf(std::span<const uint8_t> bytes) {
-  return ByteReader(bytes).Le32(0) == kPlaceableKey;
+  return gdi::ByteReader(bytes).Le32(0) == kPlaceableKey;
 }
 
 std::optional<WmfFrame> ReadWmfFrame(std::span<const uint8_t> bytes) {
-  const ByteReader in(bytes);
+  const gdi::ByteReader in(bytes);
   WmfFrame frame;
   const bool placeable = IsPlaceableWmf(bytes);
   if (placeable) {
@@ -71,7 +71,7 @@ std::optional<WmfFrame> ReadWmfFrame(std::span<const uint8_t> bytes) {
 }
 
 std::optional<EmfFrame> ReadEmfFrame(std::span<const uint8_t> bytes) {
-  const ByteReader in(bytes);
+  const gdi::ByteReader in(bytes);
   if (in.Le32(0) != kEmfHeaderRecord || in.Le32(40) != kEmfSignature) return std::nullopt;
   const auto s32 = [&](uint64_t at) { return static_cast<int32_t>(in.Le32(at).value_or(0)); };
   EmfFrame frame;
@@ -85,4 +85,4 @@ std::optional<EmfFrame> ReadEmfFrame(std::span<const uint8_t> bytes) {
   return frame;
 }
 
-}  // namespace vellumry::codecs
+}  // namespace vellumry::metafile

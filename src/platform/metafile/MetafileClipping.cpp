@@ -1,7 +1,7 @@
 // The clipping and the paths of a metafile's canvas.
-#include "platform/codecs/MetafileCanvas.h"
+#include "platform/metafile/MetafileCanvas.h"
 
-namespace vellumry::codecs {
+namespace vellumry::metafile {
 
 void MetafileCanvas::IntersectClip(const QRectF& box) {
   QPainterPath area;
@@ -94,4 +94,4 @@ void MetafileCanvas::SelectClipPath(RegionMode mode) {
   SelectClip(LogicalToDevice().map(path), mode);
 }
 
-}  // namespace vellumry::codecs
+}  // namespace vellumry::metafile

@@ -1,6 +1,6 @@
-#include "platform/codecs/MetafileObjects.h"
+#include "platform/metafile/MetafileObjects.h"
 
-namespace vellumry::codecs {
+namespace vellumry::metafile {
 
 int ObjectTable::AddToFreeSlot(GdiObject object) {
   for (size_t i = 0; i < slots_.size(); ++i) {
@@ -27,4 +27,4 @@ void ObjectTable::Delete(uint32_t index) {
   if (index < slots_.size()) slots_[index] = GdiObject{};
 }
 
-}  // namespace vellumry::codecs
+}  // namespace vellumry::metafile

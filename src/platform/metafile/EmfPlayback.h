@@ -8,13 +8,14 @@
 #include <cstdint>
 #include <optional>
 
-#include "platform/codecs/EmfRecord.h"
-#include "platform/codecs/MetafileCanvas.h"
-#include "platform/codecs/MetafileHeader.h"
-#include "platform/codecs/MetafileObjects.h"
-#include "platform/codecs/MetafileParams.h"
+#include "platform/metafile/EmfRecord.h"
+#include "platform/metafile/MetafileBitmaps.h"
+#include "platform/metafile/MetafileCanvas.h"
+#include "platform/metafile/MetafileHeader.h"
+#include "platform/metafile/MetafileObjects.h"
+#include "platform/metafile/MetafileParams.h"
 
-namespace vellumry::codecs::emf {
+namespace vellumry::metafile::emf {
 
 inline QPointF Point32(const Params& p, uint64_t at) { return QPointF(p.S32(at), p.S32(at + 4)); }
 inline QRectF Box32(const Params& p, uint64_t at) {
@@ -32,8 +33,9 @@ std::optional<QPainterPath> Region(const Params& p, uint64_t at, uint32_t size);
 // Plays one EMF's records onto its canvas, each family of records by a handler of its own.
 class Player {
  public:
-  Player(const EmfFrame& frame, QPainter& painter, QTransform deviceToOutput, QSizeF perMm)
-      : canvas_(painter, deviceToOutput, perMm), objects_(frame.handleCount) {}
+  Player(const EmfFrame& frame, QPainter& painter, QTransform deviceToOutput, QSizeF perMm,
+         const DibReader& dibs)
+      : canvas_(painter, deviceToOutput, perMm), objects_(frame.handleCount), dibs_(dibs) {}
 
   void Play(const Params& p, uint32_t type);
 
@@ -60,6 +62,7 @@ class Player {
 
   MetafileCanvas canvas_;
   ObjectTable objects_;
+  const DibReader& dibs_;
 };
 
-}  // namespace vellumry::codecs::emf
+}  // namespace vellumry::metafile::emf
