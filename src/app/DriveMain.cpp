@@ -8,6 +8,7 @@
 #include "app/Driver.h"
 #include "app/LiveScreen.h"
 #include "platform/qt/ScreenShot.h"
+#include "program/Program.h"
 
 using namespace vellumry;
 

@@ -16,6 +16,7 @@
 #include "platform/toolkit/ListControls.h"
 #include "platform/toolkit/PictureControls.h"
 #include "platform/toolkit/ScrollBar.h"
+#include "program/Program.h"
 #include "shell/CommandLine.h"
 #include "shell/Main.h"
 

@@ -3,17 +3,21 @@
 // virtual clock and the scripted host, and writes what the program showed and the values
 // asked for. The command set is documented in the README.
 
-#include <iosfwd>
 #include <functional>
+#include <iosfwd>
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "platform/toolkit/Form.h"
 #include "platform/toolkit/HeadlessHost.h"
-#include "program/Program.h"
+#include "platform/toolkit/Screen.h"
+#include "program/Places.h"
 
 namespace vellumry {
+
+class Program;
 
 class Driver {
  public:

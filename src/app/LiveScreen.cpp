@@ -6,6 +6,7 @@
 #include "platform/qt/Presenter.h"
 #include "platform/qt/ScreenCheck.h"
 #include "platform/qt/ScreenShot.h"
+#include "program/Program.h"
 
 namespace vellumry {
 

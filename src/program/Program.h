@@ -17,6 +17,7 @@
 #include "platform/toolkit/Runtime.h"
 #include "program/GridState.h"
 #include "program/LinkState.h"
+#include "program/Places.h"
 #include "program/ShellState.h"
 #include "program/ToolState.h"
 #include "program/ViewerState.h"
@@ -36,16 +37,6 @@ class frmEdit;
 class frmMenu;
 class frmSet;
 class About;
-
-// Where the program finds its files; filled from the machine by the program's main, or by
-// the driver's set-up commands.
-struct Places {
-  std::string programFolder;   // holds the settings file and the link list
-  std::string installFolder;   // the per-user install folder setting
-  std::string picturesFolder;  // the user's default folder of pictures
-  std::string startFile;       // a file named on the command line: selected once the grid loads
-  std::string startFolder;     // a folder named on the command line: the start folder of this run
-};
 
 class Program {
  public:

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "program/Program.h"
+#include "program/Places.h"
 
 namespace vellumry {
 
