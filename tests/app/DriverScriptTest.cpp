@@ -15,6 +15,7 @@
 #include "platform/gdi/FileWriters.h"
 #include "platform/os/FileFacts.h"
 #include "platform/os/FileSystem.h"
+#include "program/Program.h"
 
 using namespace vellumry;
 
