@@ -13,7 +13,7 @@
 #include "platform/codecs/ClassifyAlpha.h"
 #include "platform/codecs/Codecs.h"
 #include "platform/gdi/Blit.h"
-#include "platform/gdi/FileWriters.h"
+#include "platform/codecs/Encoders.h"
 
 using namespace vellumry;
 
@@ -40,7 +40,7 @@ const std::vector<uint8_t>& Bmp32Premultiplied2Mp() {
       const uint32_t alpha = 128 + (n++ % 127);
       p = alpha << 24 | (n % alpha) << 16 | ((n / 3) % alpha) << 8 | ((n / 7) % alpha);
     }
-    return gdi::EncodeBmp(pixels);
+    return codecs::EncodeBmp(pixels);
   }();
   return bytes;
 }
@@ -52,11 +52,11 @@ const std::vector<uint8_t>& Tiff6Mp() {
 }
 
 const std::vector<uint8_t>& Bmp6Mp(gdi::AlphaMode alpha) {
-  static const std::vector<uint8_t> opaque = gdi::EncodeBmp(codecs::testing::Gradient(3000, 2000));
+  static const std::vector<uint8_t> opaque = codecs::EncodeBmp(codecs::testing::Gradient(3000, 2000));
   static const std::vector<uint8_t> withAlpha = [] {
     gdi::Surface pixels = codecs::testing::Gradient(3000, 2000);
     pixels.SetAlpha(gdi::AlphaMode::kStraight);
-    return gdi::EncodeBmp(pixels);
+    return codecs::EncodeBmp(pixels);
   }();
   return alpha == gdi::AlphaMode::kOpaque ? opaque : withAlpha;
 }

@@ -9,7 +9,7 @@
 #include <thread>
 
 #include "codecs/TestImages.h"
-#include "platform/gdi/FileWriters.h"
+#include "platform/codecs/Encoders.h"
 
 namespace vellumry::bench {
 
@@ -51,9 +51,9 @@ void PngRgb(int i, const std::string& path) { Write(path, images::MakePng(Scene(
 void PngRgba(int i, const std::string& path) {
   Write(path, images::MakePng(Scene(1632, 1224, i, true)));
 }
-void Bmp24(int i, const std::string& path) { Write(path, gdi::EncodeBmp(Scene(1632, 1224, i))); }
+void Bmp24(int i, const std::string& path) { Write(path, codecs::EncodeBmp(Scene(1632, 1224, i))); }
 void Bmp32(int i, const std::string& path) {
-  Write(path, gdi::EncodeBmp(Scene(1632, 1224, i, true)));
+  Write(path, codecs::EncodeBmp(Scene(1632, 1224, i, true)));
 }
 
 void Tiff6(int i, const std::string& path) {

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
-#include "gif/GifEncoder.h"
 #include "platform/codecs/Codecs.h"
+#include "platform/codecs/Encoders.h"
 
 namespace vellumry {
 
@@ -33,7 +33,7 @@ gdi::Picture FrameToBitmap(const gdi::IndexedSurface& pixels) {
 
 gdi::Picture FrameToGif(const gdi::IndexedSurface& pixels, const GifFrame& frame) {
   const auto bytes =
-      EncodeFrameGif(pixels, pixels.Colors(), frame.HasTrans ? frame.TransIndex : -1);
+      codecs::EncodeGif(pixels, frame.HasTrans ? frame.TransIndex : -1);
   auto decoded = codecs::Decode(bytes);
   if (!decoded) return {};
   return gdi::Picture::FromSurface(std::move(decoded->surface));

@@ -2,7 +2,7 @@
 #include "picture/PictureServices.h"
 #include "picture/StdPictureEx.h"
 #include "platform/codecs/IconResource.h"
-#include "platform/gdi/FileWriters.h"
+#include "platform/codecs/Encoders.h"
 
 namespace vellumry {
 
@@ -36,7 +36,7 @@ Stream OneImageFile(std::span<const uint8_t> data, int row) {
   file[4] = 1;
   file[5] = 0;
   file.insert(file.end(), data.begin() + rowAt, data.begin() + rowAt + 12);
-  gdi::PutLe32(file, codecs::kIconHeaderBytes + codecs::kIconRowBytes);
+  codecs::PutLe32(file, codecs::kIconHeaderBytes + codecs::kIconRowBytes);
   const auto bytes = data.subspan(image.offset, image.bytes);
   file.insert(file.end(), bytes.begin(), bytes.end());
   return std::make_shared<const std::vector<uint8_t>>(std::move(file));

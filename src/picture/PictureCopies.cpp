@@ -3,7 +3,7 @@
 #include "picture/PictureServices.h"
 #include "picture/StdPictureEx.h"
 #include "platform/codecs/ClassifyAlpha.h"
-#include "platform/gdi/FileWriters.h"
+#include "platform/codecs/Encoders.h"
 #include "platform/gdi/LockBits.h"
 
 namespace vellumry {
@@ -122,7 +122,7 @@ gdi::Picture StdPictureEx::ConvertToIcon(const gdi::Picture& picture, PictureRec
   for (const uint32_t p : icon.colour.Pixels()) {
     icon.andMask.push_back(alpha && gdi::AlphaOf(p) == 0 ? 1 : 0);
   }
-  const std::vector<uint8_t> file = gdi::EncodeIco(icon);
+  const std::vector<uint8_t> file = codecs::EncodeIco(icon);
   int32_t width = args.Width, height = args.Height, iconSize = -1, depth = args.ColorDepth;
   PictureRecord iconRecord;
   gdi::Picture converted =

@@ -4,11 +4,12 @@
 #include <cstring>
 #include <memory>
 
+#include "picture/PictureBytes.h"
 #include "picture/PictureServices.h"
 #include "picture/StdPictureEx.h"
 #include "platform/codecs/Limits.h"
 #include "platform/gdi/Blit.h"
-#include "platform/gdi/FileWriters.h"
+#include "platform/codecs/Encoders.h"
 #include "platform/gdi/Units.h"
 #include "platform/toolkit/Error.h"
 #include "platform/toolkit/PictureControls.h"
@@ -38,10 +39,27 @@ void WriteAll(std::FILE* file, const std::vector<uint8_t>& bytes) {
 
 }  // namespace
 
+bool SaveAsFile(const gdi::Picture& picture, std::vector<uint8_t>& out) {
+  if (!picture) return false;
+  if (const std::vector<uint8_t>* original = picture.OriginalBytes()) {
+    out = *original;
+    return true;
+  }
+  if (const gdi::IconImage* icon = picture.Icon()) {
+    out = codecs::EncodeIco(*icon);
+    return true;
+  }
+  if (picture.Type() != gdi::PictureType::kBitmap) return false;
+  const auto pixels = picture.Pixels();
+  if (!pixels) return false;
+  out = codecs::EncodeBmp(*pixels);
+  return true;
+}
+
 Stream StdPictureEx::SourceBytesOf(const gdi::Picture& picture) {
   if (picture.KeepOriginalFormat()) {
     std::vector<uint8_t> saved;
-    if (picture.SaveAsFile(saved)) return std::make_shared<const std::vector<uint8_t>>(saved);
+    if (SaveAsFile(picture, saved)) return std::make_shared<const std::vector<uint8_t>>(saved);
   }
   return Record(FindRecord(picture)).SourceBytes;
 }
@@ -85,7 +103,7 @@ void StdPictureEx::SavePicture(const gdi::Picture& Picture, SaveDestination& Des
       *variable = gdi::Picture::FromSurface(std::move(section), twips);
       return;
     }
-    bytes = gdi::EncodeBmp(section);
+    bytes = codecs::EncodeBmp(section);
   } else if (variable) {
     *variable = LoadPicture(Picture);
     return;

@@ -8,7 +8,7 @@
 
 #include "picture/ThumbnailDecoder.h"
 #include "platform/codecs/Codecs.h"
-#include "platform/codecs/PngText.h"
+#include "platform/codecs/Encoders.h"
 #include "platform/os/FileSystem.h"
 #include "platform/os/ThumbnailStore.h"
 

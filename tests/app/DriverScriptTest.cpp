@@ -12,7 +12,7 @@
 #include "app/LiveScreen.h"
 #include "app/ScriptWords.h"
 #include "codecs/TestImages.h"
-#include "platform/gdi/FileWriters.h"
+#include "platform/codecs/Encoders.h"
 #include "platform/os/FileFacts.h"
 #include "platform/os/FileSystem.h"
 #include "program/Program.h"
@@ -37,20 +37,20 @@ void writeFile(const std::filesystem::path& path, const std::vector<uint8_t>& by
 std::vector<uint8_t> bmp32(uint32_t argb) {
   gdi::Surface pixels(8, 8, gdi::AlphaMode::kUnknown);
   for (uint32_t& p : pixels.Pixels()) p = argb;
-  return gdi::EncodeBmp(pixels);
+  return codecs::EncodeBmp(pixels);
 }
 
 // A 1-bit BMP of 8 x 8 pixels, black and white columns by turns, white at the left.
 std::vector<uint8_t> bmp1() {
   std::vector<uint8_t> file = {'B', 'M'};
-  gdi::PutLe32(file, 14 + 40 + 8 + 32);
-  gdi::PutLe32(file, 0);
-  gdi::PutLe32(file, 14 + 40 + 8);
-  for (const uint32_t v : {40u, 8u, 8u}) gdi::PutLe32(file, v);
-  gdi::PutLe16(file, 1);
-  gdi::PutLe16(file, 1);
-  for (const uint32_t v : {0u, 32u, 0u, 0u, 2u, 0u, 0x000000u, 0xFFFFFFu}) gdi::PutLe32(file, v);
-  for (int row = 0; row < 8; ++row) gdi::PutLe32(file, 0xAA);  // 1010 1010, padded
+  codecs::PutLe32(file, 14 + 40 + 8 + 32);
+  codecs::PutLe32(file, 0);
+  codecs::PutLe32(file, 14 + 40 + 8);
+  for (const uint32_t v : {40u, 8u, 8u}) codecs::PutLe32(file, v);
+  codecs::PutLe16(file, 1);
+  codecs::PutLe16(file, 1);
+  for (const uint32_t v : {0u, 32u, 0u, 0u, 2u, 0u, 0x000000u, 0xFFFFFFu}) codecs::PutLe32(file, v);
+  for (int row = 0; row < 8; ++row) codecs::PutLe32(file, 0xAA);  // 1010 1010, padded
   return file;
 }
 

@@ -9,7 +9,7 @@
 #include "platform/codecs/Codecs.h"
 #include "platform/codecs/GifCodec.h"
 #include "platform/codecs/IcoCodec.h"
-#include "platform/gdi/FileWriters.h"
+#include "platform/codecs/Encoders.h"
 
 namespace vellumry::codecs {
 namespace {
@@ -74,7 +74,7 @@ TEST(Decode, ShrinkingAveragesBlocksWeightingColourByAlpha) {
 }
 
 TEST(Decode, HeadersAskingForMoreThanTheBudgetAreRefusedBeforeAllocating) {
-  std::vector<uint8_t> bmp = gdi::EncodeBmp(testing::Gradient(2, 2));
+  std::vector<uint8_t> bmp = codecs::EncodeBmp(testing::Gradient(2, 2));
   auto put32 = [&](size_t at, uint32_t v) {
     for (int i = 0; i < 4; ++i) bmp[at + i] = static_cast<uint8_t>(v >> (8 * i));
   };
@@ -114,7 +114,7 @@ TEST(Decode, Bmp32KeepsTheFourthByteAsStored) {
   pixels.SetPixel(0, 0, 0x00102030);
   pixels.SetPixel(1, 0, 0x80102030);
   pixels.SetPixel(2, 0, 0xFF102030);
-  const auto decoded = DecodeBmp(gdi::EncodeBmp(pixels), {});
+  const auto decoded = DecodeBmp(codecs::EncodeBmp(pixels), {});
   ASSERT_TRUE(decoded);
   EXPECT_EQ(decoded->surface.Alpha(), gdi::AlphaMode::kUnknown);
   EXPECT_EQ(decoded->info.bitsPerPixel, 32);
@@ -130,7 +130,7 @@ TEST(Decode, IconDefaultEntryIsTheLargestThenTheDeepest) {
 TEST(Decode, IconsKeepMaskAndHotspot) {
   gdi::IconImage icon{testing::Gradient(4, 4), std::vector<uint8_t>(16, 0), true, 3, 1};
   icon.andMask[5] = 1;
-  const auto bytes = gdi::EncodeIco(icon);
+  const auto bytes = codecs::EncodeIco(icon);
   const auto dir = ReadIconDirectory(bytes);
   ASSERT_TRUE(dir);
   EXPECT_TRUE(dir->isCursor);

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "platform/codecs/DibSectionProbe.h"
-#include "platform/gdi/FileWriters.h"
+#include "platform/codecs/Encoders.h"
 
 namespace vellumry::codecs {
 namespace {
@@ -21,7 +21,7 @@ std::vector<uint8_t> Bmp(const std::vector<std::vector<uint32_t>>& rows, AlphaMo
   const int width = static_cast<int>(rows[0].size()), height = static_cast<int>(rows.size());
   gdi::Surface pixels(width, height, mode);
   for (int y = 0; y < height; ++y) std::copy(rows[y].begin(), rows[y].end(), pixels.Row(y));
-  std::vector<uint8_t> file = gdi::EncodeBmp(pixels);
+  std::vector<uint8_t> file = codecs::EncodeBmp(pixels);
   if (topDown) {
     const size_t rowBytes = (file.size() - kPixelsAt) / static_cast<size_t>(height);
     std::vector<uint8_t> stored(file.begin() + kPixelsAt, file.end());

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "platform/codecs/BmpCodec.h"
-#include "platform/gdi/FileWriters.h"
+#include "platform/codecs/Encoders.h"
 
 namespace vellumry::codecs {
 namespace {
@@ -25,30 +25,30 @@ struct Bmp {
   std::vector<uint8_t> File() const {
     const bool masksInside = headerSize >= 52;
     std::vector<uint8_t> info;
-    gdi::PutLe32(info, headerSize);
-    gdi::PutLe32(info, static_cast<uint32_t>(width));
-    gdi::PutLe32(info, static_cast<uint32_t>(height));
-    gdi::PutLe16(info, 1);
-    gdi::PutLe16(info, bitCount);
-    gdi::PutLe32(info, compression);
-    gdi::PutLe32(info, static_cast<uint32_t>(pixels.size()));
-    gdi::PutLe32(info, 0);
-    gdi::PutLe32(info, 0);
-    gdi::PutLe32(info, colorsUsed);
-    gdi::PutLe32(info, 0);
+    codecs::PutLe32(info, headerSize);
+    codecs::PutLe32(info, static_cast<uint32_t>(width));
+    codecs::PutLe32(info, static_cast<uint32_t>(height));
+    codecs::PutLe16(info, 1);
+    codecs::PutLe16(info, bitCount);
+    codecs::PutLe32(info, compression);
+    codecs::PutLe32(info, static_cast<uint32_t>(pixels.size()));
+    codecs::PutLe32(info, 0);
+    codecs::PutLe32(info, 0);
+    codecs::PutLe32(info, colorsUsed);
+    codecs::PutLe32(info, 0);
     if (masksInside) {
-      for (const uint32_t m : masks) gdi::PutLe32(info, m);
+      for (const uint32_t m : masks) codecs::PutLe32(info, m);
     }
     info.resize(headerSize, 0);
     if (!masksInside) {
-      for (const uint32_t m : masks) gdi::PutLe32(info, m);
+      for (const uint32_t m : masks) codecs::PutLe32(info, m);
     }
-    for (const uint32_t c : palette) gdi::PutLe32(info, c);
+    for (const uint32_t c : palette) codecs::PutLe32(info, c);
     info.insert(info.end(), gap, 0xEE);
     std::vector<uint8_t> file = {'B', 'M'};
-    gdi::PutLe32(file, static_cast<uint32_t>(14 + info.size() + pixels.size()));
-    gdi::PutLe32(file, 0);
-    gdi::PutLe32(file, static_cast<uint32_t>(14 + info.size()));
+    codecs::PutLe32(file, static_cast<uint32_t>(14 + info.size() + pixels.size()));
+    codecs::PutLe32(file, 0);
+    codecs::PutLe32(file, static_cast<uint32_t>(14 + info.size()));
     file.insert(file.end(), info.begin(), info.end());
     file.insert(file.end(), pixels.begin(), pixels.end());
     return file;

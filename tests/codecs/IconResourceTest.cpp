@@ -5,7 +5,7 @@
 
 #include "codecs/TestImages.h"
 #include "platform/codecs/IconResource.h"
-#include "platform/gdi/FileWriters.h"
+#include "platform/codecs/Encoders.h"
 
 namespace vellumry::codecs {
 namespace {
@@ -18,11 +18,11 @@ using testing::MakePng;
 // for the directory's reading.
 std::vector<uint8_t> DibHeaderOnly(int size, int depth) {
   std::vector<uint8_t> image;
-  gdi::PutLe32(image, 40);
-  gdi::PutLe32(image, static_cast<uint32_t>(size));
-  gdi::PutLe32(image, static_cast<uint32_t>(size * 2));
-  gdi::PutLe16(image, 1);
-  gdi::PutLe16(image, static_cast<uint32_t>(depth));
+  codecs::PutLe32(image, 40);
+  codecs::PutLe32(image, static_cast<uint32_t>(size));
+  codecs::PutLe32(image, static_cast<uint32_t>(size * 2));
+  codecs::PutLe16(image, 1);
+  codecs::PutLe16(image, static_cast<uint32_t>(depth));
   image.resize(40, 0);
   return image;
 }

@@ -6,7 +6,7 @@
 #include "platform/codecs/Codecs.h"
 #include "platform/codecs/GifCodec.h"
 #include "platform/codecs/IcoCodec.h"
-#include "platform/gdi/FileWriters.h"
+#include "platform/codecs/Encoders.h"
 
 namespace vellumry::codecs {
 namespace {
@@ -61,7 +61,7 @@ TEST(Leniency, GifFrameCutShort) {
 }
 
 TEST(Leniency, BmpPixelsEndingEarly) {
-  const auto whole = gdi::EncodeBmp(Gradient(16, 16));
+  const auto whole = codecs::EncodeBmp(Gradient(16, 16));
   const auto cut = Cut(whole, whole.size() - 16 * 3 * 4);  // the top four rows (stored last)
   const auto lenient = Decode(cut);
   ASSERT_TRUE(lenient);
@@ -72,7 +72,7 @@ TEST(Leniency, BmpPixelsEndingEarly) {
 
 TEST(Leniency, IconImageWithoutItsMask) {
   gdi::IconImage icon{Gradient(8, 8), std::vector<uint8_t>(64, 0)};
-  std::vector<uint8_t> bytes = gdi::EncodeIco(icon);
+  std::vector<uint8_t> bytes = codecs::EncodeIco(icon);
   const uint32_t maskBytes = 8 * 4;
   bytes.resize(bytes.size() - maskBytes);
   const uint32_t size = bytes.size() - 22;  // the directory must still describe the image

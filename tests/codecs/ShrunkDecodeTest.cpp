@@ -14,7 +14,7 @@
 #include "platform/codecs/BlockReducer.h"
 #include "platform/codecs/Codecs.h"
 #include "platform/codecs/Orientation.h"
-#include "platform/gdi/FileWriters.h"
+#include "platform/codecs/Encoders.h"
 
 namespace vellumry::codecs {
 namespace {
@@ -94,9 +94,9 @@ std::vector<Layout> Layouts(const gdi::Surface& picture) {
       {"tiff strips of 7 rows", tiff({.rowsPerStrip = 7})},
       {"tiff strips of 1 row, raw", tiff({.rowsPerStrip = 1, .lzw = false})},
       {"tiff tiles of 16", tiff({.tileSize = 16})},
-      {"bmp 24 bits bottom-up", gdi::EncodeBmp(picture)},
-      {"bmp 32 bits", gdi::EncodeBmp(withAlpha)},
-      {"bmp 24 bits top-down", TopDown(gdi::EncodeBmp(picture))},
+      {"bmp 24 bits bottom-up", codecs::EncodeBmp(picture)},
+      {"bmp 32 bits", codecs::EncodeBmp(withAlpha)},
+      {"bmp 24 bits top-down", TopDown(codecs::EncodeBmp(picture))},
   };
 }
 
@@ -138,7 +138,7 @@ TEST(ShrunkDecode, ThumbnailsMatchASmoothlyScaledFullDecode) {
   const gdi::Surface picture = PhotoLike(1440, 1080);
   for (const auto& [name, bytes] :
        {std::pair{"tiff", testing::MakeTiff(picture, {.rowsPerStrip = 16})},
-        {"bmp", gdi::EncodeBmp(picture)}}) {
+        {"bmp", codecs::EncodeBmp(picture)}}) {
     SCOPED_TRACE(name);
     const gdi::Surface thumbnail = Decode(bytes, 180, 135)->surface;
     ASSERT_EQ(thumbnail.Dimensions(), (gdi::Size{180, 135}));

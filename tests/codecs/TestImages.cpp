@@ -9,7 +9,7 @@
 // jpeglib.h needs size_t and FILE declared first.
 #include <jpeglib.h>
 
-#include "platform/gdi/FileWriters.h"
+#include "platform/codecs/Encoders.h"
 
 namespace vellumry::codecs::testing {
 
@@ -116,14 +116,14 @@ std::vector<uint8_t> IconImageBytes(int size, uint32_t argb) {
   for (uint32_t& p : icon.colour.Pixels()) p = argb;
   icon.andMask.assign(static_cast<size_t>(size) * size, 0);
   icon.andMask[0] = 1;
-  const std::vector<uint8_t> file = gdi::EncodeIco(icon);
+  const std::vector<uint8_t> file = codecs::EncodeIco(icon);
   return {file.begin() + 22, file.end()};  // behind the header and the one directory row
 }
 
 std::vector<uint8_t> IconFile(uint16_t type, const std::vector<IconFileImage>& images) {
   std::vector<uint8_t> file;
-  const auto put16 = [&file](uint32_t v) { gdi::PutLe16(file, v); };
-  const auto put32 = [&file](uint32_t v) { gdi::PutLe32(file, v); };
+  const auto put16 = [&file](uint32_t v) { codecs::PutLe16(file, v); };
+  const auto put32 = [&file](uint32_t v) { codecs::PutLe32(file, v); };
   put16(0);
   put16(type);
   put16(static_cast<uint32_t>(images.size()));

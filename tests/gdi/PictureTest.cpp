@@ -99,19 +99,6 @@ TEST(Picture, PalettePixelsDrawnIntoAnIdentityTableKeepTheirIndices) {
   EXPECT_EQ(strip.Index(5, 1), 200);
 }
 
-TEST(Picture, SavesKeptBytesElseABmp) {
-  Picture p = Picture::FromSurface(Squares());
-  std::vector<uint8_t> out;
-  ASSERT_TRUE(p.SaveAsFile(out));
-  EXPECT_EQ(out.size(), 54u + 2 * 12);  // 24 bits, rows of 12 bytes
-  EXPECT_EQ(out[54], 4);                // bottom row first: blue of (0, 1)
-  p.KeepOriginal(std::make_shared<const std::vector<uint8_t>>(std::vector<uint8_t>{1, 2, 3}));
-  EXPECT_TRUE(p.KeepOriginalFormat());
-  ASSERT_TRUE(p.SaveAsFile(out));
-  EXPECT_EQ(out, (std::vector<uint8_t>{1, 2, 3}));
-  EXPECT_FALSE(Picture().SaveAsFile(out));
-}
-
 TEST(PixelCache, StaysWithinItsBudgetDroppingTheLeastRecentlyUsed) {
   PixelCache cache(3 * 400);  // three 10 x 10 surfaces
   auto surface = [] { return std::make_shared<const Surface>(10, 10, AlphaMode::kOpaque); };

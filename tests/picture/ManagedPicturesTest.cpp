@@ -7,7 +7,7 @@
 #include "picture/PictureServices.h"
 #include "picture/PictureTestSupport.h"
 #include "picture/StdPictureEx.h"
-#include "platform/gdi/FileWriters.h"
+#include "platform/codecs/Encoders.h"
 #include "platform/toolkit/EventLoop.h"
 
 namespace vellumry {
@@ -19,7 +19,7 @@ using testsupport::Filled;
 ByteArray Bmp32(const std::vector<uint32_t>& pixels) {
   gdi::Surface surface(static_cast<int>(pixels.size()), 1, gdi::AlphaMode::kUnknown);
   for (size_t x = 0; x < pixels.size(); ++x) surface.SetPixel(static_cast<int>(x), 0, pixels[x]);
-  return {gdi::EncodeBmp(surface), 0, 1};
+  return {codecs::EncodeBmp(surface), 0, 1};
 }
 
 class ManagedPicturesTest : public ::testing::Test {

@@ -5,7 +5,7 @@
 #include "picture/PictureServices.h"
 #include "picture/PictureTestSupport.h"
 #include "picture/StdPictureEx.h"
-#include "platform/gdi/FileWriters.h"
+#include "platform/codecs/Encoders.h"
 
 namespace vellumry {
 namespace {
@@ -20,7 +20,7 @@ constexpr int32_t kToIcon = 3;
 class PictureCopiesTest : public ::testing::Test {
  protected:
   gdi::Picture Bmp(uint32_t argb, gdi::AlphaMode mode) {
-    return ex.LoadPicture(ByteArray{gdi::EncodeBmp(Filled(4, 4, argb, mode)), 0, 1});
+    return ex.LoadPicture(ByteArray{codecs::EncodeBmp(Filled(4, 4, argb, mode)), 0, 1});
   }
   gdi::Picture Convert(const PictureSource& source, int32_t to, bool keep = false) {
     return ex.LoadPicture(source, -1, 0, 0, 0, keep, to);
@@ -75,7 +75,7 @@ TEST_F(PictureCopiesTest, AnIconBecomesABitmapWithItsAlphaOrMask) {
   EXPECT_EQ(masked.Pixels()->Pixel(1, 0), 0xFF123456u);
   // A bitmap stays what it is.
   const gdi::Picture plain =
-      Convert(ByteArray{gdi::EncodeBmp(Filled(2, 2, 0xFF123456, gdi::AlphaMode::kOpaque)), 0, 1},
+      Convert(ByteArray{codecs::EncodeBmp(Filled(2, 2, 0xFF123456, gdi::AlphaMode::kOpaque)), 0, 1},
               kToBitmap);
   ASSERT_TRUE(plain);
   EXPECT_FALSE(ex.IsManaged(plain));
@@ -93,7 +93,7 @@ TEST_F(PictureCopiesTest, ABitmapBecomesAnIconOfOneImage) {
   EXPECT_EQ(icon.Icon()->colour.Pixel(1, 1), 0x80C70000u);
   // An opaque bitmap gives a plain icon; with KeepOriginalFormat its one-image file is kept.
   const gdi::Picture kept = ex.LoadPicture(
-      ByteArray{gdi::EncodeBmp(Filled(4, 4, 0xFF123456, gdi::AlphaMode::kOpaque)), 0, 1}, -1, 0, 0,
+      ByteArray{codecs::EncodeBmp(Filled(4, 4, 0xFF123456, gdi::AlphaMode::kOpaque)), 0, 1}, -1, 0, 0,
       0, true, kToIcon);
   ASSERT_TRUE(kept);
   EXPECT_EQ(kept.Type(), gdi::PictureType::kIcon);

@@ -8,7 +8,7 @@
 #include "picture/PictureServices.h"
 #include "picture/PictureTestSupport.h"
 #include "picture/PlainLoader.h"
-#include "platform/gdi/FileWriters.h"
+#include "platform/codecs/Encoders.h"
 #include "platform/toolkit/Error.h"
 
 namespace vellumry {
@@ -65,7 +65,7 @@ TEST_F(PlainLoaderTest, ReadsTheOtherFormats) {
       LoadPicture(services, folder.Write("b.png", MakePng(Gradient(5, 3))));
   EXPECT_EQ(fromPng.PixelSize(), (gdi::Size{5, 3}));
   const gdi::IconImage cursor{Gradient(2, 2), std::vector<uint8_t>(4, 0), true, 1, 1};
-  const gdi::Picture fromCur = LoadPicture(services, folder.Write("a.cur", gdi::EncodeIco(cursor)));
+  const gdi::Picture fromCur = LoadPicture(services, folder.Write("a.cur", codecs::EncodeIco(cursor)));
   ASSERT_TRUE(fromCur);
   EXPECT_EQ(fromCur.Type(), gdi::PictureType::kIcon);
   EXPECT_EQ(fromCur.PixelSize(), (gdi::Size{2, 2}));

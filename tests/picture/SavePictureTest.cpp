@@ -3,10 +3,11 @@
 
 #include "codecs/TestFiles.h"
 #include "codecs/TestImages.h"
+#include "picture/PictureBytes.h"
 #include "picture/PictureServices.h"
 #include "picture/PictureTestSupport.h"
 #include "picture/StdPictureEx.h"
-#include "platform/gdi/FileWriters.h"
+#include "platform/codecs/Encoders.h"
 #include "platform/toolkit/Error.h"
 
 namespace vellumry {
@@ -24,7 +25,7 @@ class SavePictureTest : public ::testing::Test {
     return std::get<ByteArray>(destination).bytes;
   }
   gdi::Picture Bmp(const gdi::Surface& pixels) {
-    return ex.LoadPicture(ByteArray{gdi::EncodeBmp(pixels), 0, 1});
+    return ex.LoadPicture(ByteArray{codecs::EncodeBmp(pixels), 0, 1});
   }
   // Bit count and the first stored pixel's bytes (B, G, R[, A]) of a BMP file.
   static std::pair<int, std::vector<uint8_t>> FirstPixel(const std::vector<uint8_t>& bmp) {
@@ -36,6 +37,18 @@ class SavePictureTest : public ::testing::Test {
   StdPictureEx& ex = services.stdPictureEx();
   testsupport::TempFolder folder;
 };
+
+TEST(SaveAsFile, GivesTheKeptBytesElseABmp) {
+  gdi::Picture p = gdi::Picture::FromSurface(Filled(4, 2, 0xFF000004, gdi::AlphaMode::kOpaque));
+  std::vector<uint8_t> out;
+  ASSERT_TRUE(SaveAsFile(p, out));
+  EXPECT_EQ(out.size(), 54u + 2 * 12);  // 24 bits, rows of 12 bytes
+  EXPECT_EQ(out[54], 4);                // blue first
+  p.KeepOriginal(std::make_shared<const std::vector<uint8_t>>(std::vector<uint8_t>{1, 2, 3}));
+  ASSERT_TRUE(SaveAsFile(p, out));
+  EXPECT_EQ(out, (std::vector<uint8_t>{1, 2, 3}));
+  EXPECT_FALSE(SaveAsFile(gdi::Picture(), out));
+}
 
 TEST_F(SavePictureTest, APlainBitmapComesOutAs24Bits) {
   const gdi::Picture picture = Bmp(Filled(3, 2, 0xFF123456, gdi::AlphaMode::kOpaque));

@@ -1,4 +1,5 @@
 #include "platform/codecs/PngText.h"
+#include "platform/codecs/Encoders.h"
 
 #include <algorithm>
 #include <csetjmp>

@@ -1,5 +1,5 @@
 #pragma once
-// The text keys of a PNG (its tEXt, zTXt and iTXt chunks), read and written. The shared thumbnail
+// The text keys of a PNG (its tEXt, zTXt and iTXt chunks), as read; EncodePng writes them. The shared thumbnail
 // cache keeps what it knows of a picture's file in them (`Thumb::URI`, `Thumb::MTime`...).
 
 #include <cstdint>
@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "platform/codecs/Expected.h"
-#include "platform/gdi/Surface.h"
 
 namespace vellumry::codecs {
 
@@ -21,9 +20,5 @@ using PngTextKeys = std::map<std::string, std::string>;
 // aren't a PNG, kTruncated for one whose chunks before the image data don't all lie in `bytes`,
 // kCorrupt for one that breaks there otherwise.
 Expected<PngTextKeys> ReadPngText(std::span<const uint8_t> bytes);
-
-// `pixels` as an 8-bit RGBA PNG (straight alpha; opaque pixels get 255), with `keys` as tEXt
-// chunks before the image data, compressed for speed. Empty when libpng fails.
-std::vector<uint8_t> EncodePng(const gdi::Surface& pixels, const PngTextKeys& keys);
 
 }  // namespace vellumry::codecs

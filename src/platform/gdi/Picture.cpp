@@ -6,7 +6,6 @@
 #include <unordered_map>
 
 #include "platform/gdi/Blit.h"
-#include "platform/gdi/FileWriters.h"
 #include "platform/gdi/Units.h"
 
 namespace vellumry::gdi {
@@ -240,23 +239,6 @@ void Picture::Draw(Surface& target, const RenderArgs& a, bool smooth) const {
   } else {
     StretchNearest(target, dest, *pixels, source);
   }
-}
-
-bool Picture::SaveAsFile(std::vector<uint8_t>& out) const {
-  if (!object_) return false;
-  if (object_->original) {
-    out = *object_->original;
-    return true;
-  }
-  if (object_->icon) {
-    out = EncodeIco(*object_->icon);
-    return true;
-  }
-  if (object_->type != PictureType::kBitmap) return false;
-  const auto pixels = Pixels();
-  if (!pixels) return false;
-  out = EncodeBmp(*pixels);
-  return true;
 }
 
 }  // namespace vellumry::gdi

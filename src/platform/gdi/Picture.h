@@ -91,7 +91,7 @@ class Picture {
   // without holding the picture itself.
   std::shared_ptr<LazyPixels> Lazy() const;
 
-  // Source bytes kept with the picture, written by SaveAsFile as they are.
+  // Source bytes kept with the picture, to be saved as they are.
   bool KeepOriginalFormat() const;
   void KeepOriginal(std::shared_ptr<const std::vector<uint8_t>> bytes);
   void DropOriginal();
@@ -109,10 +109,6 @@ class Picture {
               int32_t cxSrc, int32_t cySrc) const;
   // The drawing without a manager, for managers that want it.
   void RenderPlain(Surface& target, const RenderArgs& args) const;
-
-  // The kept source bytes; else a BMP file of a bitmap or an ICO file of an icon. False, with `out`
-  // untouched, for an empty picture, a metafile, or pixels that can't be decoded.
-  bool SaveAsFile(std::vector<uint8_t>& out) const;
 
   void SetManager(std::shared_ptr<PictureManager> manager);
   // From now on the picture draws as a plain bitmap: the fourth byte of its pixels is ignored.

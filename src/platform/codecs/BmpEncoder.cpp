@@ -1,6 +1,10 @@
-#include "platform/gdi/FileWriters.h"
+#include "platform/codecs/Encoders.h"
 
-namespace vellumry::gdi {
+namespace vellumry::codecs {
+
+using gdi::AlphaMode;
+using gdi::IconImage;
+using gdi::Surface;
 
 namespace {
 
@@ -27,10 +31,10 @@ void PutPixels(std::vector<uint8_t>& out, const Surface& pixels, int bits) {
   for (int y = pixels.Height() - 1; y >= 0; --y) {
     for (int x = 0; x < pixels.Width(); ++x) {
       const uint32_t p = pixels.Pixel(x, y);
-      out.push_back(BlueOf(p));
-      out.push_back(GreenOf(p));
-      out.push_back(RedOf(p));
-      if (bits == 32) out.push_back(AlphaOf(p));
+      out.push_back(gdi::BlueOf(p));
+      out.push_back(gdi::GreenOf(p));
+      out.push_back(gdi::RedOf(p));
+      if (bits == 32) out.push_back(gdi::AlphaOf(p));
     }
     out.insert(out.end(), pad, 0);
   }
@@ -94,4 +98,4 @@ std::vector<uint8_t> EncodeIco(const IconImage& icon) {
   return out;
 }
 
-}  // namespace vellumry::gdi
+}  // namespace vellumry::codecs

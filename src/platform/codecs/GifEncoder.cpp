@@ -1,8 +1,8 @@
-#include "gif/GifEncoder.h"
+#include "platform/codecs/Encoders.h"
 
 #include <algorithm>
 
-namespace vellumry {
+namespace vellumry::codecs {
 
 namespace {
 
@@ -110,21 +110,15 @@ void Compress(const gdi::IndexedSurface& pixels, std::vector<uint8_t>& out) {
   writer.Flush();
 }
 
-void PutWord(std::vector<uint8_t>& out, int value) {
-  out.push_back(static_cast<uint8_t>(value));
-  out.push_back(static_cast<uint8_t>(value >> 8));
-}
-
 }  // namespace
 
-std::vector<uint8_t> EncodeFrameGif(const gdi::IndexedSurface& pixels, const ColorRow& colors,
-                                    int transIndex) {
+std::vector<uint8_t> EncodeGif(const gdi::IndexedSurface& pixels, int transIndex) {
   std::vector<uint8_t> out = {'G', 'I', 'F', '8', '9', 'a'};
   out.reserve(size_t(pixels.Width()) * pixels.Height() + 800);
-  PutWord(out, pixels.Width());
-  PutWord(out, pixels.Height());
+  PutLe16(out, pixels.Width());
+  PutLe16(out, pixels.Height());
   out.insert(out.end(), {0x87, 0, 0});  // a global table of 256 entries
-  for (const uint32_t color : colors) {
+  for (const uint32_t color : pixels.Colors()) {
     out.insert(out.end(), {static_cast<uint8_t>(color >> 16), static_cast<uint8_t>(color >> 8),
                            static_cast<uint8_t>(color)});
   }
@@ -132,12 +126,12 @@ std::vector<uint8_t> EncodeFrameGif(const gdi::IndexedSurface& pixels, const Col
     out.insert(out.end(), {0x21, 0xF9, 0x04, 0x01, 0, 0, static_cast<uint8_t>(transIndex), 0});
   }
   out.insert(out.end(), {0x2C, 0, 0, 0, 0});
-  PutWord(out, pixels.Width());
-  PutWord(out, pixels.Height());
+  PutLe16(out, pixels.Width());
+  PutLe16(out, pixels.Height());
   out.insert(out.end(), {0, 8});  // no local table, not interlaced; 8-bit pixels
   Compress(pixels, out);
   out.insert(out.end(), {0, 0x3B});
   return out;
 }
 
-}  // namespace vellumry
+}  // namespace vellumry::codecs
