@@ -4,12 +4,11 @@
 #include <cstring>
 #include <memory>
 
-#include "picture/PictureBytes.h"
 #include "picture/PictureServices.h"
 #include "picture/StdPictureEx.h"
+#include "platform/codecs/Encoders.h"
 #include "platform/codecs/Limits.h"
 #include "platform/gdi/Blit.h"
-#include "platform/codecs/Encoders.h"
 #include "platform/gdi/Units.h"
 #include "platform/toolkit/Error.h"
 #include "platform/toolkit/PictureControls.h"
@@ -39,27 +38,9 @@ void WriteAll(std::FILE* file, const std::vector<uint8_t>& bytes) {
 
 }  // namespace
 
-bool SaveAsFile(const gdi::Picture& picture, std::vector<uint8_t>& out) {
-  if (!picture) return false;
-  if (const std::vector<uint8_t>* original = picture.OriginalBytes()) {
-    out = *original;
-    return true;
-  }
-  if (const gdi::IconImage* icon = picture.Icon()) {
-    out = codecs::EncodeIco(*icon);
-    return true;
-  }
-  if (picture.Type() != gdi::PictureType::kBitmap) return false;
-  const auto pixels = picture.Pixels();
-  if (!pixels) return false;
-  out = codecs::EncodeBmp(*pixels);
-  return true;
-}
-
 Stream StdPictureEx::SourceBytesOf(const gdi::Picture& picture) {
-  if (picture.KeepOriginalFormat()) {
-    std::vector<uint8_t> saved;
-    if (SaveAsFile(picture, saved)) return std::make_shared<const std::vector<uint8_t>>(saved);
+  if (const std::vector<uint8_t>* original = picture.OriginalBytes()) {
+    return std::make_shared<const std::vector<uint8_t>>(*original);
   }
   return Record(FindRecord(picture)).SourceBytes;
 }

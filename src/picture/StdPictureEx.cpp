@@ -3,7 +3,6 @@
 #include <cstdlib>
 
 #include "picture/LazyPicture.h"
-#include "picture/PictureBytes.h"
 #include "picture/PictureServices.h"
 #include "platform/codecs/Codecs.h"
 #include "platform/codecs/DibSectionProbe.h"
@@ -238,14 +237,11 @@ int32_t StdPictureEx::PictureType(const gdi::Picture& picture) {
     return KindOf(flags);
   }
   int32_t type = static_cast<int32_t>(picture.Type());
-  if (picture.KeepOriginalFormat()) {
-    std::vector<uint8_t> saved;
-    if (SaveAsFile(picture, saved) && saved.size() >= 4) {
-      if (saved[0] == 'G' && saved[1] == 'I' && saved[2] == 'F') {
-        type = kKindGif;
-      } else if (!(saved[0] == 'B' && saved[1] == 'M')) {
-        type = kKindJpeg;
-      }
+  if (const std::vector<uint8_t>* saved = picture.OriginalBytes(); saved && saved->size() >= 4) {
+    if ((*saved)[0] == 'G' && (*saved)[1] == 'I' && (*saved)[2] == 'F') {
+      type = kKindGif;
+    } else if (!((*saved)[0] == 'B' && (*saved)[1] == 'M')) {
+      type = kKindJpeg;
     }
   }
   return type;
