@@ -1,40 +1,40 @@
-// BuildStrip: every frame's raw colour indices side by side in one 8-bit strip.
+// BuildStrip: every frame's raw colour indices side by side in one 8-bit strip; and the frames
+// given back out as pictures and palettes.
 #include <gtest/gtest.h>
 
 #include <utility>
 
-#include "gif/FrameStrip.h"
+#include "gif/FrameExport.h"
 #include "gif/GifBytes.h"
 
 namespace vellumry {
 namespace {
 
+using testing::EncodedData;
 using testing::kSampleRows;
 
 struct Loaded {
   GifFile gif;
   FrameStrip strip;
+  // The indices of frame `n` (from 0) as they stand in the strip.
+  std::vector<uint8_t> rows(int n) const {
+    const GifFrame& f = gif.m_Frames[n];
+    std::vector<uint8_t> out;
+    for (int y = 0; y < f.Height; ++y)
+      for (int x = 0; x < f.Width; ++x) out.push_back(strip.m_Strip.Index(f.StripX + x, y));
+    return out;
+  }
 };
 
-Loaded Load(const std::vector<uint8_t>& file, const StripProgress& progress = {}) {
+Loaded Load(const std::vector<uint8_t>& file = testing::SampleAnimation().bytes) {
   Loaded out;
   EXPECT_GT(ReadGifFile(file, out.gif), 0);
-  EXPECT_TRUE(BuildStrip(out.gif, out.strip, progress));
+  EXPECT_TRUE(BuildStrip(out.gif, out.strip));
   return out;
 }
 
-// The frame's indices as they stand in the strip.
-std::vector<uint8_t> StripRows(const Loaded& loaded, int frame) {
-  const GifFrame& f = loaded.gif.m_Frames[frame];
-  std::vector<uint8_t> rows;
-  for (int y = 0; y < f.Height; ++y) {
-    for (int x = 0; x < f.Width; ++x) rows.push_back(loaded.strip.m_Strip.Index(f.StripX + x, y));
-  }
-  return rows;
-}
-
 TEST(BuildStrip, FramesStandSideBySideAsRawIndices) {
-  const Loaded loaded = Load(testing::SampleAnimation().bytes);
+  const Loaded loaded = Load();
   const gdi::IndexedSurface& strip = loaded.strip.m_Strip;
   ASSERT_EQ(strip.Width(), 3 + 2 + 4);
   ASSERT_EQ(strip.Height(), 4);
@@ -42,33 +42,23 @@ TEST(BuildStrip, FramesStandSideBySideAsRawIndices) {
   for (int i = 0; i < 3; ++i) {
     EXPECT_EQ(loaded.gif.m_Frames[i].StripX, expectedX[i]);
     // Frame 2 is interlaced and has a local table of 2; frame 3's transparent 7 stays a 7.
-    EXPECT_EQ(StripRows(loaded, i), kSampleRows[i]) << "frame " << i + 1;
+    EXPECT_EQ(loaded.rows(i), kSampleRows[i]) << "frame " << i + 1;
   }
-  for (const auto& [x, y] : {std::pair{0, 2}, {2, 3}, {5, 1}, {8, 3}}) {
+  for (const auto& [x, y] : {std::pair{0, 2}, {2, 3}, {5, 1}, {8, 3}})
     EXPECT_EQ(strip.Index(x, y), 0) << "below a shorter frame at " << x << "," << y;
-  }
-  EXPECT_EQ(strip.Colors(), gdi::IndexedSurface::IdentityTable());
-  EXPECT_EQ(loaded.gif.m_PalTop, -1);
   EXPECT_EQ(loaded.strip.m_Mask, gdi::IndexedSurface::ColorTable{}) << "frame 3 is transparent";
 }
 
-TEST(BuildStrip, NoMaskWithoutTransparency) {
-  const auto file = testing::GifBytes::Screen(2, 2, 8)
-                        .Image(0, 0, 3, 2, 0, testing::EncodedData(3, 2, kSampleRows[0]))
-                        .bytes;
-  EXPECT_FALSE(Load(file).strip.m_Mask.has_value());
-}
-
-TEST(BuildStrip, UndecodableFrameIsAGapOfIndexZero) {
+TEST(BuildStrip, AnUndecodableFrameIsAGapOfIndexZero) {
   const std::vector<uint8_t> badCodeSize = {12, 2, 0xFF, 0xFF, 0};
-  const auto file = testing::GifBytes::Screen(2, 2, 8)
-                        .Image(0, 0, 3, 2, 0, testing::EncodedData(3, 2, kSampleRows[0]))
-                        .Image(0, 0, 2, 2, 0, badCodeSize)
-                        .Image(0, 0, 4, 1, 0, testing::EncodedData(4, 1, kSampleRows[2]))
-                        .bytes;
-  const Loaded loaded = Load(file);
-  EXPECT_EQ(StripRows(loaded, 1), std::vector<uint8_t>(4, 0));
-  EXPECT_EQ(StripRows(loaded, 2), kSampleRows[2]) << "the frames behind it are in place";
+  const Loaded loaded = Load(testing::GifBytes::Screen(2, 2, 8)
+                                 .Image(0, 0, 3, 2, 0, EncodedData(kSampleRows[0]))
+                                 .Image(0, 0, 2, 2, 0, badCodeSize)
+                                 .Image(0, 0, 4, 1, 0, EncodedData(kSampleRows[2]))
+                                 .bytes);
+  EXPECT_EQ(loaded.rows(1), std::vector<uint8_t>(4, 0));
+  EXPECT_EQ(loaded.rows(2), kSampleRows[2]) << "the frames behind it are in place";
+  EXPECT_FALSE(loaded.strip.m_Mask.has_value()) << "no frame is transparent: no mask";
 }
 
 TEST(BuildStrip, ReportsProgressAndShowsTheFirstFrameEarly) {
@@ -94,6 +84,33 @@ TEST(BuildStrip, ReportsProgressAndShowsTheFirstFrameEarly) {
   EXPECT_EQ(loadedFrames, (std::vector<std::pair<int, int>>{{1, 33}, {2, 66}, {3, 100}}));
   EXPECT_EQ(loaded.strip.m_Strip.Colors(), gdi::IndexedSurface::IdentityTable());
   EXPECT_EQ(loaded.gif.m_PalTop, -1);
+}
+
+TEST(FrameImage, GivesTheFrameInItsOwnColours) {
+  const Loaded loaded = Load();
+  const auto bitmap = FrameImage(loaded.gif, loaded.strip, 2, 1).Pixels();
+  ASSERT_TRUE(bitmap);
+  EXPECT_EQ(bitmap->Dimensions(), (gdi::Size{2, 4}));
+  EXPECT_EQ(bitmap->Pixel(0, 1), 0xFFFE0001u) << "index 1 of its local table (255 - i, 0, i)";
+  EXPECT_EQ(bitmap->Pixel(1, 1), 0xFFFF0000u) << "index 0 of its local table";
+  // As a GIF, the transparent index stays transparent; the others take the global table's
+  // (i, 2i, 3i).
+  const auto gif = FrameImage(loaded.gif, loaded.strip, 3, 0).Pixels();
+  ASSERT_TRUE(gif);
+  EXPECT_EQ(gdi::AlphaOf(gif->Pixel(0, 0)), 0);
+  EXPECT_EQ(gif->Pixel(1, 0), gdi::Argb(255, 200, 144, 88));
+  EXPECT_EQ(gif->Pixel(3, 0), gdi::Argb(255, 255, 254, 253));
+  for (const int index : {0, 4, -1}) EXPECT_FALSE(FrameImage(loaded.gif, loaded.strip, index, 1));
+}
+
+TEST(FramePalette, CopiesTheFramesRowOrZeros) {
+  const Loaded loaded = Load();
+  ColorRow palette;
+  FramePalette(loaded.gif, 2, palette);
+  EXPECT_EQ(palette[0], 0xFF0000u);
+  EXPECT_EQ(palette[1], 0xFE0001u);
+  FramePalette(loaded.gif, 4, palette);
+  EXPECT_EQ(palette, ColorRow{});
 }
 
 }  // namespace

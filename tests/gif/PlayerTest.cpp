@@ -1,67 +1,43 @@
 // The player on GIFs made at run time: where frames land for each stretch mode, what the canvas
-// shows after transparency and each disposal, and the read-outs' limits.
-#include <gtest/gtest.h>
-
+// shows after transparency and each disposal, and the read-outs' limits. The driver script
+// gif.drive shows its clock and its states through a whole run in the GIF window.
 #include <filesystem>
 #include <fstream>
 
 #include "codecs/TestImages.h"
-#include "gif/cGIFViewer.h"
-#include "platform/toolkit/HeadlessHost.h"
-#include "program/Program.h"
+#include "gif/PlayerHost.h"
 
-using namespace vellumry;
-using codecs::testing::GifFrameSpec;
-using codecs::testing::MakeAnimatedGif;
-
+namespace vellumry {
 namespace {
+
+using codecs::testing::GifFrameSpec;
 
 constexpr uint32_t kUntouched = 0, kRed = 0xFFFF0000, kGreen = 0xFF00FF00, kBlue = 0xFF0000FF,
                    kGrey = 0xFF808080, kWhite = 0xFFFFFFFF;
 
-// A surface to draw on, refreshed nowhere, telling nothing.
-struct Window : IGifRender {
-  gdi::Surface surface{8, 8, gdi::AlphaMode::kOpaque};
-  void GetRenderDC(int32_t, int32_t, gdi::Surface*& destDC, RefreshWindow&, bool&) override {
-    destDC = &surface;
-  }
-  void Rendered(int32_t, int32_t, int32_t, int32_t) override {}
-};
-
-class PlayerTest : public ::testing::Test {
+class PlayerTest : public testing::PlayerHost {
  protected:
-  // A player of `frames` on a `w` x `h` screen; with the window when `animated`.
+  // A player of `frames` on a `w` x `h` screen; with the window and the clock when `animated`.
   cGIFViewer& load(int w, int h, const std::vector<GifFrameSpec>& frames, bool animated = true) {
-    const std::vector<uint8_t> bytes = MakeAnimatedGif(w, h, frames, 0);
-    std::ofstream(path, std::ios::binary)
-        .write(reinterpret_cast<const char*>(bytes.data()),
-               static_cast<std::streamsize>(bytes.size()));
+    const std::vector<uint8_t> bytes = codecs::testing::MakeAnimatedGif(w, h, frames, 0);
+    std::ofstream(path, std::ios::binary) << std::string(bytes.begin(), bytes.end());
     const int32_t count = player.LoadGIF(path.string(), 0, animated ? &window : nullptr,
                                          animated ? &program.runtime.loop() : nullptr);
-    EXPECT_EQ(count, animated ? static_cast<int32_t>(frames.size())
-                              : -static_cast<int32_t>(frames.size()));
+    EXPECT_EQ(count, int32_t(frames.size()) * (animated ? 1 : -1));
     return player;
   }
   ~PlayerTest() override { std::filesystem::remove(path); }
 
   std::filesystem::path path = std::filesystem::temp_directory_path() /
                                ("vellumry-player-" + std::to_string(::getpid()) + ".gif");
-  tk::HeadlessHost host;
-  Program program{host, tk::EventLoop::Clock::Virtual, tk::Screen::ofPixels(640, 480), Places{}};
-  Window window;
+  testing::Window window;
   cGIFViewer player{program};
 };
 
-GifFrameSpec patch(int left, int top, int width, int height, uint8_t index, int disposal = 0,
+// A frame of one colour index (of black, red, green, blue).
+GifFrameSpec patch(int left, int top, int w, int h, uint8_t index, int disposal = 0,
                    int transparent = -1) {
-  return {left,
-          top,
-          width,
-          height,
-          std::vector<uint8_t>(static_cast<size_t>(width * height), index),
-          0,
-          disposal,
-          transparent};
+  return {left, top, w, h, std::vector<uint8_t>(size_t(w * h), index), 0, disposal, transparent};
 }
 
 TEST_F(PlayerTest, ScaleToDestinationPlacesTheCanvasAndItsFramesForEachMode) {
@@ -107,12 +83,12 @@ TEST_F(PlayerTest, TheCanvasShowsTransparencyAndEachDisposal) {
       {"what stood before", 3, -1, 0, kGreen},
       {"transparent: green shows through", 0, 1, 0, kGreen},
   };
+  gdi::Surface background(8, 8, gdi::AlphaMode::kOpaque);
+  for (uint32_t& p : background.Pixels()) p = kGrey;
   for (const Row& r : rows) {
     cGIFViewer& gif = load(2, 1,
                            {patch(0, 0, 2, 1, 2), patch(0, 0, 1, 1, 1, r.disposal, r.transparent),
                             patch(1, 0, 1, 1, 3)});
-    gdi::Surface background(8, 8, gdi::AlphaMode::kOpaque);
-    for (uint32_t& p : background.Pixels()) p = kGrey;
     ASSERT_TRUE(
         gif.SetAnimationBkg(r.bkgMethod, {.dc = &background, .color = 0xFFFFFF}, 0, 0, 0, 0, 0));
     gif.setAnimationState(4);  // frame 1 again, now on the canvas
@@ -161,3 +137,4 @@ TEST_F(PlayerTest, ReadOutsKeepTheirLimits) {
 }
 
 }  // namespace
+}  // namespace vellumry

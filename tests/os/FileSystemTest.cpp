@@ -1,11 +1,10 @@
+// Files and folders by their bytes: telling them apart, copying, discarding, reading, and
+// replacing a file whole, so that settings and the link list are never left half-written.
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
 #include <csignal>
-#include <cstdlib>
-#include <filesystem>
-#include <string>
-#include <vector>
+#include <tuple>
 
 #include "os/TestFiles.h"
 #include "platform/os/FileSystem.h"
@@ -16,44 +15,36 @@ using namespace vellumry;
 namespace {
 
 using namespace testfiles;
-
-// Makes every write past `bytes` into a file fail, as a full disk would, for the scope's life.
-class FileSizeLimit {
- public:
-  explicit FileSizeLimit(rlim_t bytes) {
-    getrlimit(RLIMIT_FSIZE, &old_limit_);
-    rlimit limit = old_limit_;
-    limit.rlim_cur = bytes;
-    setrlimit(RLIMIT_FSIZE, &limit);
-    old_handler_ = std::signal(SIGXFSZ, SIG_IGN);
-  }
-  ~FileSizeLimit() {
-    setrlimit(RLIMIT_FSIZE, &old_limit_);
-    std::signal(SIGXFSZ, old_handler_);
-  }
-  FileSizeLimit(const FileSizeLimit&) = delete;
-  FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-
- private:
-  rlimit old_limit_{};
-  void (*old_handler_)(int) = nullptr;
-};
-
 using FileSystem = TempFolderTest;
 
+// Makes every write past `bytes` into a file fail, as a full disk would, for the scope's life.
+struct FileSizeLimit {
+  explicit FileSizeLimit(rlim_t bytes) : old_handler(std::signal(SIGXFSZ, SIG_IGN)) {
+    getrlimit(RLIMIT_FSIZE, &old_limit);
+    rlimit limit = old_limit;
+    limit.rlim_cur = bytes;
+    setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  ~FileSizeLimit() {
+    setrlimit(RLIMIT_FSIZE, &old_limit);
+    std::signal(SIGXFSZ, old_handler);
+  }
+  rlimit old_limit{};
+  void (*old_handler)(int);
+};
+
 TEST_F(FileSystem, TellsFilesFromFoldersAndDiscardsFilesOnly) {
-  ::setenv("XDG_DATA_HOME", Path("data").c_str(), 1);
+  SetEnv("XDG_DATA_HOME", Path("data"));
   WriteBytes(Path("a.jpg"), "x");
   std::filesystem::create_directory(Path("sub"));
-  struct Case {
-    std::string path;
-    bool file, folder;
-  };
-  for (const Case& c : {Case{Path("a.jpg"), true, false}, Case{Path("sub"), false, true},
-                        Case{Path("sub") + "/", false, true}, Case{Path("none"), false, false},
-                        Case{"", false, false}}) {
-    EXPECT_EQ(os::FileExists(c.path), c.file) << c.path;
-    EXPECT_EQ(os::FolderExists(c.path), c.folder) << c.path;
+  for (const auto& [path, file, folder] :  // a file, a folder
+       {std::tuple{Path("a.jpg"), true, false},
+        {Path("sub"), false, true},
+        {Path("sub") + "/", false, true},
+        {Path("none"), false, false},
+        {"", false, false}}) {
+    EXPECT_EQ(os::FileExists(path), file) << path;
+    EXPECT_EQ(os::FolderExists(path), folder) << path;
   }
   EXPECT_TRUE(os::DiscardFile(Path("a.jpg")));
   EXPECT_FALSE(std::filesystem::exists(Path("a.jpg")));
@@ -68,13 +59,11 @@ TEST_F(FileSystem, CopiesAndHonoursTheOverwriteFlag) {
   WriteBytes(Path("src.bin"), big);
   ASSERT_TRUE(os::CopyFile(Path("src.bin"), Path("copy.bin"), false));
   EXPECT_EQ(ReadBytes(Path("copy.bin")), big);
-
   WriteBytes(Path("old.bin"), "old");
   EXPECT_FALSE(os::CopyFile(Path("src.bin"), Path("old.bin"), false));
   EXPECT_EQ(ReadBytes(Path("old.bin")), "old");
   EXPECT_TRUE(os::CopyFile(Path("src.bin"), Path("old.bin"), true));
   EXPECT_EQ(ReadBytes(Path("old.bin")), big);
-
   EXPECT_FALSE(os::CopyFile(Path("missing.bin"), Path("new.bin"), true));
   EXPECT_FALSE(std::filesystem::exists(Path("new.bin")));
 }
@@ -88,8 +77,8 @@ TEST_F(FileSystem, ReadsWholeFilesOrTheirStart) {
   EXPECT_EQ(os::ReadWholeFile(Folder()), std::nullopt);
 }
 
-// A write that breaks off half way (here: the disk is "full") leaves the old bytes whole and no
-// temporary file behind, for every writer that replaces a file.
+// A write that breaks off half way (here: the disk is "full") fails and leaves the old bytes
+// whole and no temporary file behind, for every writer that replaces a file.
 TEST_F(FileSystem, AWriteThatBreaksOffKeepsTheOldFile) {
   const std::string settings = "[Settings]\nrows=4\n";
   WriteBytes(Path("s.ini"), settings);
@@ -109,7 +98,7 @@ TEST_F(FileSystem, AWriteThatBreaksOffKeepsTheOldFile) {
 }
 
 // A whole-file write that fails at any one of its steps leaves the old file or, once renamed,
-// the new one; never a mix, and no temporary file.
+// the new one; never a mix, and no temporary file. Without a fault it replaces the file.
 TEST_F(FileSystem, AWriteFailingAtAnyStepLeavesTheOldFileWhole) {
   const std::string before = "Alpha*%*/p/Alpha*%*", after = "Beta*%*/p/Beta*%*Gamma*%*/g*%*";
   for (os::WriteStep failing :
@@ -120,35 +109,15 @@ TEST_F(FileSystem, AWriteFailingAtAnyStepLeavesTheOldFileWhole) {
       reached.push_back(s);
       return s != failing;
     });
-    const auto step = static_cast<int>(failing);
-    EXPECT_FALSE(written) << step;
-    EXPECT_EQ(reached.back(), failing) << step;  // nothing runs after the failing step
-    EXPECT_EQ(ReadBytes(Path("list0.txt")), before) << step;
-    EXPECT_EQ(FolderEntries(Folder()), std::vector<std::string>{"list0.txt"}) << step;
+    SCOPED_TRACE(static_cast<int>(failing));
+    EXPECT_FALSE(written);
+    EXPECT_EQ(reached.back(), failing);  // nothing runs after the failing step
+    EXPECT_EQ(ReadBytes(Path("list0.txt")), before);
+    EXPECT_EQ(FolderEntries(Folder()), std::vector<std::string>{"list0.txt"});
   }
-  EXPECT_TRUE(
-      os::WriteFileAtomically(Path("list0.txt"), after, [](os::WriteStep) { return true; }));
+  EXPECT_TRUE(os::WriteFileAtomically(Path("list0.txt"), after));
   EXPECT_EQ(ReadBytes(Path("list0.txt")), after);
   EXPECT_EQ(FolderEntries(Folder()), std::vector<std::string>{"list0.txt"});
-}
-
-TEST_F(FileSystem, AReadOnlyFolderKeepsTheOldFile) {
-  WriteBytes(Path("s.ini"), "[Settings]\nrows=4\n");
-  {
-    const ReadOnlyFolder read_only(Folder());
-    if (!read_only.Binds()) GTEST_SKIP() << "folder permissions don't bind this user";
-    EXPECT_FALSE(os::WritePrivateProfileString("Settings", "rows", "9", Path("s.ini")));
-  }
-  EXPECT_EQ(ReadBytes(Path("s.ini")), "[Settings]\nrows=4\n");
-  EXPECT_EQ(FolderEntries(Folder()), std::vector<std::string>{"s.ini"});
-}
-
-TEST_F(FileSystem, WritesWholeFilesCreatingOrReplacing) {
-  ASSERT_TRUE(os::WriteFileAtomically(Path("list0.txt"), "*%*"));
-  EXPECT_EQ(ReadBytes(Path("list0.txt")), "*%*");
-  ASSERT_TRUE(os::WriteFileAtomically(Path("list0.txt"), "A*%*/a*%*"));
-  EXPECT_EQ(ReadBytes(Path("list0.txt")), "A*%*/a*%*");
-  EXPECT_FALSE(os::WriteFileAtomically(Path("no/such/folder.txt"), "x"));
 }
 
 }  // namespace

@@ -1,87 +1,81 @@
+// The program's folders, and where the desktop's shared thumbnail cache keeps an entry.
 #include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <filesystem>
-#include <optional>
-#include <string>
+#include <unistd.h>
 
 #include "os/TestFiles.h"
 #include "platform/os/FileSystem.h"
 #include "platform/os/Folders.h"
+#include "platform/os/ThumbnailStore.h"
 
 using namespace vellumry;
 
 namespace {
 
-// Sets an environment variable for the scope's life.
-class ScopedEnv {
- public:
-  ScopedEnv(const char* name, const std::string& value) : name_(name) {
-    if (const char* old = std::getenv(name)) old_ = old;
-    setenv(name, value.c_str(), 1);
-  }
-  ~ScopedEnv() {
-    if (old_) {
-      setenv(name_, old_->c_str(), 1);
-    } else {
-      unsetenv(name_);
-    }
-  }
-  ScopedEnv(const ScopedEnv&) = delete;
-  ScopedEnv& operator=(const ScopedEnv&) = delete;
-
- private:
-  const char* name_;
-  std::optional<std::string> old_;
-};
-
+namespace fs = std::filesystem;
 using Folders = testfiles::TempFolderTest;
 
+// The settings stay beside a program that holds them and may write there; else they go to the
+// fallback, which is made only when used: for the running program, the user's configuration
+// folder, as the test binary's folder holds no settings file.
 TEST_F(Folders, SettingsStayBesideAWritableProgramThatHoldsThemElseGoToTheFallback) {
-  std::filesystem::create_directories(Path("holds"));
-  std::filesystem::create_directories(Path("lacks"));
+  fs::create_directories(Path("holds"));
+  fs::create_directories(Path("lacks"));
   testfiles::WriteBytes(Path("holds/OstrelWorks.INI"), "[Settings]\n");
   testfiles::WriteBytes(Path("lacks/list0.txt"), "*%*");
   EXPECT_EQ(os::SettingsFolderFor(Path("holds"), Path("config/vellumry")), Path("holds"));
-  EXPECT_FALSE(std::filesystem::exists(Path("config"))) << "the fallback is made only when used";
+  EXPECT_FALSE(fs::exists(Path("config")));
   EXPECT_EQ(os::SettingsFolderFor(Path("lacks"), Path("config/vellumry")), Path("config/vellumry"));
   EXPECT_TRUE(os::FolderExists(Path("config/vellumry")));
-}
-
-TEST_F(Folders, SettingsGoToTheFallbackWhenTheProgramFolderIsReadOnly) {
-  std::filesystem::create_directory(Path("program"));
-  testfiles::WriteBytes(Path("program/OstrelWorks.INI"), "[Settings]\n");
-  const testfiles::ReadOnlyFolder read_only(Path("program"));
-  if (!read_only.Binds()) GTEST_SKIP() << "folder permissions don't bind this user";
-  EXPECT_EQ(os::SettingsFolderFor(Path("program"), Path("config/vellumry")),
-            Path("config/vellumry"));
-}
-
-TEST_F(Folders, SettingsFolderFallsBackToTheUsersConfigFolder) {
-  // The test binary's folder holds no settings file.
+  fs::permissions(Path("holds"), fs::perms::owner_write, fs::perm_options::remove);
+  const bool locked = ::access(Path("holds").c_str(), W_OK) != 0;  // root writes anyway
+  EXPECT_EQ(os::SettingsFolderFor(Path("holds"), Path("config/vellumry")),
+            Path(locked ? "config/vellumry" : "holds"));
+  fs::permissions(Path("holds"), fs::perms::owner_write, fs::perm_options::add);
   EXPECT_TRUE(os::FileExists(os::ExecutableFolder() + "/os_tests"));
-  const ScopedEnv config("XDG_CONFIG_HOME", Path("xdg"));
-  EXPECT_EQ(os::SettingsFolder(), Path("xdg") + "/vellumry");
-  EXPECT_TRUE(os::FolderExists(Path("xdg") + "/vellumry"));
+  SetEnv("XDG_CONFIG_HOME", Path("xdg"));
+  EXPECT_EQ(os::SettingsFolder(), Path("xdg/vellumry"));
+  EXPECT_TRUE(os::FolderExists(Path("xdg/vellumry")));
 }
 
 TEST_F(Folders, DataLiesBesideABuiltProgramElseInTheSharedFolderOfItsPrefix) {
-  std::filesystem::create_directories(Path("build/ui"));
-  std::filesystem::create_directories(Path("prefix/bin"));
-  std::filesystem::create_directories(Path("prefix/share/vellumry/ui"));
+  fs::create_directories(Path("build/ui"));
+  fs::create_directories(Path("prefix/bin"));
+  fs::create_directories(Path("prefix/share/vellumry/ui"));
   EXPECT_EQ(os::DataFolderFor(Path("build")), Path("build"));
   EXPECT_EQ(os::DataFolderFor(Path("prefix/bin")), Path("prefix/share/vellumry"));
 }
 
 TEST_F(Folders, PicturesFolderIsTheUsersOrElseHome) {
-  const ScopedEnv home("HOME", Path("home"));
-  const ScopedEnv config("XDG_CONFIG_HOME", Path("home/.config"));
-  std::filesystem::create_directories(Path("home/.config"));
+  SetEnv("HOME", Path("home"));
+  SetEnv("XDG_CONFIG_HOME", Path("home/.config"));
+  fs::create_directories(Path("home/.config"));
   EXPECT_EQ(os::PicturesFolder(), Path("home")) << "no pictures folder yet";
-
-  std::filesystem::create_directory(Path("home/Bilder"));
+  fs::create_directory(Path("home/Bilder"));
   testfiles::WriteBytes(Path("home/.config/user-dirs.dirs"), "XDG_PICTURES_DIR=\"$HOME/Bilder\"\n");
   EXPECT_EQ(os::PicturesFolder(), Path("home/Bilder"));
+}
+
+// A folder's own name keeps its blanks; the root has none.
+TEST_F(Folders, AFolderIsNamedByWhatFollowsTheLastSlash) {
+  EXPECT_EQ(os::LastComponent("/p/my pics 2"), "my pics 2");
+  EXPECT_EQ(os::LastComponent("/"), "");
+}
+
+// Worked out by hand from RFC 2396: a blank is %20, '#' %23, '%' %25, and the two bytes of
+// 'ü' in UTF-8 (C3 BC) each their own escape; the path's marks and separators stay.
+TEST(ThumbnailStore, AnEntryIsNamedByTheMd5OfTheFilesEscapedUri) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"/home/anna/Bilder/Mai 2024/a b#c%d \xC3\xBC.jpg",
+       "file:///home/anna/Bilder/Mai%202024/a%20b%23c%25d%20%C3%BC.jpg"},
+      {"/p/(1)&=+$,:@!~*'_-.jpg", "file:///p/(1)&=+$,:@!~*'_-.jpg"},
+      {"/p/a;b?c\"d<e>[f]{g}|\\^`.png",
+       "file:///p/a%3Bb%3Fc%22d%3Ce%3E%5Bf%5D%7Bg%7D%7C%5C%5E%60.png"},
+      {"/p/./q/../r.gif", "file:///p/r.gif"},
+  };
+  for (const auto& [path, uri] : cases) EXPECT_EQ(os::FileUri(path), uri) << path;
+  EXPECT_EQ(os::ThumbnailName(cases[0].second), "1fcd053780b2cc64079a52732846800a.png");
+  // The well-known digest of the empty text.
+  EXPECT_EQ(os::ThumbnailName(""), "d41d8cd98f00b204e9800998ecf8427e.png");
 }
 
 }  // namespace

@@ -1,137 +1,86 @@
-// Reading and writing keys of a settings file.
+// Reading and writing keys of a settings file, and the file a new installation starts with.
+// tests/program/INIFunctionsTest.cpp reads through these calls too: missing files and keys,
+// empty values, a 300-character value cut to 254.
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <string>
-#include <vector>
+#include <array>
+#include <span>
+#include <tuple>
 
 #include "os/TestFiles.h"
 #include "platform/os/ProfileString.h"
+#include "platform/os/SettingsFile.h"
 #include "platform/os/Utf.h"
 
 using namespace vellumry;
 
 namespace {
 
-struct ReadResult {
-  std::size_t count;
-  std::string text;
-};
-
 class ProfileString : public testfiles::TempFolderTest {
  protected:
-  void Given(const std::string& bytes) { testfiles::WriteBytes(file_, bytes); }
-
-  // Like the settings reader: a buffer of 256 blanks of which `size` are offered.
-  ReadResult Read(const std::string& section, const std::string& key, const std::string& def = "?",
-                  std::size_t size = 255) {
+  // The text read with `size` of a buffer's 256 characters offered, NUL-terminated and counted.
+  std::string Read(const std::string& section, const std::string& key, const std::string& def,
+                   std::size_t size = 255) {
     std::u32string buffer(256, U'x');
     const std::size_t count =
         os::GetPrivateProfileString(section, key, def, std::span(buffer).first(size), file_);
     EXPECT_LT(count, size);
-    EXPECT_EQ(buffer[count], U'\0') << "the copied text is NUL-terminated";
-    return {count, os::Utf8FromChars(std::u32string_view(buffer).substr(0, count))};
+    EXPECT_EQ(buffer[count], U'\0');
+    return os::Utf8FromChars(std::u32string_view(buffer).substr(0, count));
   }
-
   std::string file_ = Path("s.ini");
 };
 
 TEST_F(ProfileString, FindsValuesOrGivesTheDefault) {
-  const std::string settings = "[Settings]\nrows=4\n";
-  const std::string cased = "[Other]\nrows=9\n[Settings]\nRows=4\nGFORMC=123\n";
-  const std::string trimmed =
-      "[ Settings ]\n  dest  =  C:/my pics  \t\nq=\"  spaced  \"\ns='single'\n"
-      "half=\"open\nmixed=\"x'\ninner=a \"b\" c\n";
-  const std::string lines = "top=1\n[A]\nx=a\n[B]\ny=b\n;k=1\nk\nk=a=b\nk=second\n";
-  struct Case {
-    std::string file;  // empty: no file
-    std::string section, key, def, expected;
-  };
-  const Case cases[] = {
-      // Sections and keys match whatever their case.
-      {cased, "settings", "ROWS", "?", "4"},
-      {cased, "SETTINGS", "gformc", "?", "123"},
-      {cased, "other", "rows", "?", "9"},
-      // A missing file, section or key gives the default less its trailing blanks.
-      {"", "Settings", "rows", "?", "?"},
-      {settings, "Nowhere", "rows", "dflt", "dflt"},
-      {settings, "Settings", "slsh", "ab  ", "ab"},
-      // An empty value is empty text, not the default.
-      {"[Settings]\ndest=\nInw=   \n", "Settings", "dest", "?", ""},
-      {"[Settings]\ndest=\nInw=   \n", "Settings", "Inw", "?", ""},
+  const std::string cased = "[Other]\nrows=9\n[ settings ]\nRows=4\n";
+  const std::string values =
+      "[S]\n  dest  =  C:/my pics  \t\nq=\"  spaced  \"\ns='single'\nmixed=\"x'\n";
+  const std::string lines = "top=1\n[A]\nx=a\n[B]\n;k=1\nk\nk=a=b\nk=second\n";
+  // The file, the section, the key, the default, what is read.
+  const std::tuple<std::string, std::string, std::string, std::string, std::string> cases[] = {
+      // Sections and keys match in any case, blanks around them ignored; keys stay in their own.
+      {cased, "SETTINGS", "rows", "?", "4"},
+      {lines, "A", "k", "?", "?"},
+      // A missing section gives the default less its trailing blanks.
+      {cased, "Nowhere", "rows", "ab  ", "ab"},
       // Blanks around the value and one pair of matching quotes go.
-      {trimmed, "Settings", "dest", "?", "C:/my pics"},
-      {trimmed, "Settings", "q", "?", "  spaced  "},
-      {trimmed, "Settings", "s", "?", "single"},
-      {trimmed, "Settings", "half", "?", "\"open"},
-      {trimmed, "Settings", "mixed", "?", "\"x'"},
-      {trimmed, "Settings", "inner", "?", "a \"b\" c"},
-      // Keys belong to their own section; the first equals sign counts; comments and lines
-      // without one are skipped.
-      {lines, "A", "y", "?", "?"},
-      {lines, "B", "x", "?", "?"},
-      {lines, "B", "y", "?", "b"},
+      {values, "S", "dest", "?", "C:/my pics"},
+      {values, "S", "q", "?", "  spaced  "},
+      {values, "S", "s", "?", "single"},
+      {values, "S", "mixed", "?", "\"x'"},
+      // The first key of a name counts, and its first equals sign; comments are skipped.
       {lines, "B", "k", "?", "a=b"},
       {lines, "B", ";k", "?", "?"},
       // CRLF line ends, no final line end, a byte-order mark.
-      {"[Settings]\r\nrows=4\r\nslsh=10", "Settings", "rows", "?", "4"},
-      {"[Settings]\r\nrows=4\r\nslsh=10", "Settings", "slsh", "?", "10"},
-      {"\xEF\xBB\xBF" + settings, "Settings", "rows", "?", "4"},
+      {"[S]\r\nrows=4\r\nslsh=10", "S", "rows", "?", "4"},
+      {"[S]\r\nrows=4\r\nslsh=10", "S", "slsh", "?", "10"},
+      {"\xEF\xBB\xBF[S]\nrows=4\n", "S", "rows", "?", "4"},
   };
-  for (const Case& c : cases) {
-    std::filesystem::remove(file_);
-    if (!c.file.empty()) Given(c.file);
-    EXPECT_EQ(Read(c.section, c.key, c.def).text, c.expected)
-        << c.file << " [" << c.section << "] " << c.key;
+  for (const auto& [bytes, section, key, def, expected] : cases) {
+    testfiles::WriteBytes(file_, bytes);
+    EXPECT_EQ(Read(section, key, def), expected) << bytes << " [" << section << "] " << key;
   }
 }
 
+// A value, or the default, is cut at the buffer's size less one, counted in characters; an
+// empty buffer receives nothing.
 TEST_F(ProfileString, CutsAtBufferSizeLessOneCountingCharacters) {
-  const std::string v(300, 'v');
-  const std::string ete = "\xC3\xA9t\xC3\xA9";  // "été": 3 characters, 5 bytes
-  struct Case {
-    std::string value, key, def;
-    std::size_t size;
-    std::string expected;
-  };
-  const Case cases[] = {
-      {v, "dest", "?", 255, v.substr(0, 254)},
-      {v, "dest", "?", 10, v.substr(0, 9)},
-      {v, "nokey", "defaultvalue", 4, "def"},  // the default is cut too
-      {ete + ete, "dest", "?", 5, ete + "\xC3\xA9"},
-  };
-  for (const Case& c : cases) {
-    Given("[Settings]\ndest=" + c.value + "\n");
-    const ReadResult read = Read("Settings", c.key, c.def, c.size);
-    EXPECT_EQ(read.text, c.expected) << c.size;
-    EXPECT_EQ(read.count, c.size - 1);
-  }
-}
-
-TEST_F(ProfileString, AnEmptyBufferReceivesNothing) {
-  Given("[Settings]\nrows=4\n");
+  testfiles::WriteBytes(file_, "[S]\nv=0123456789abc\nete=\xC3\xA9t\xC3\xA9\xC3\xA9t\xC3\xA9\n");
+  EXPECT_EQ(Read("S", "v", "?", 10), "012345678");
+  EXPECT_EQ(Read("S", "nokey", "defaultvalue", 4), "def");
+  EXPECT_EQ(Read("S", "ete", "?", 5), "\xC3\xA9t\xC3\xA9\xC3\xA9");
   std::u32string buffer(4, U'x');
-  EXPECT_EQ(os::GetPrivateProfileString("Settings", "rows", "?", std::span(buffer).first(0), file_),
-            0u);
+  EXPECT_EQ(os::GetPrivateProfileString("S", "v", "?", std::span(buffer).first(0), file_), 0u);
   EXPECT_EQ(buffer, U"xxxx");
 }
 
 TEST_F(ProfileString, WritingChangesOnlyTheLineItMust) {
-  struct Entry {
-    std::string section, key, value;
-  };
-  struct Case {
-    std::string before;  // empty: no file
-    std::vector<Entry> writes;
-    std::string after;
-  };
-  const Case cases[] = {
-      // An existing key is replaced in place, spelled as the file has it.
-      {"; kept comment\n\n[Other]\nRows = 7\n\n[Settings]\n  ROWS = 4 \n; note\nslsh=5\n\n"
-       "[Tail]\nx=1\n",
+  // The file before (none when empty), the keys written as section, key, value, the file after.
+  const std::tuple<std::string, std::vector<std::array<std::string, 3>>, std::string> cases[] = {
+      // An existing key is replaced in place, spelled as the file has it, in its own section.
+      {"; kept\n\n[Other]\nRows = 7\n\n[Settings]\n  ROWS = 4 \n; note\nslsh=5\n",
        {{"settings", "rows", "6"}},
-       "; kept comment\n\n[Other]\nRows = 7\n\n[Settings]\nROWS=6\n; note\nslsh=5\n\n"
-       "[Tail]\nx=1\n"},
+       "; kept\n\n[Other]\nRows = 7\n\n[Settings]\nROWS=6\n; note\nslsh=5\n"},
       // A new key goes behind the last key of its section, or behind the header of an empty one.
       {"[Settings]\nrows=4\n; about slsh\nslsh=5\n\n; next\n[Next]\na=1\n",
        {{"Settings", "beeps", "1"}},
@@ -144,9 +93,8 @@ TEST_F(ProfileString, WritingChangesOnlyTheLineItMust) {
       {"",
        {{"Settings", "dest", "/pics/\xC3\xA9t\xC3\xA9"}},
        "[Settings]\ndest=/pics/\xC3\xA9t\xC3\xA9\n"},
-      // An emptied key stays.
+      // An emptied key stays; the file's line ends and byte-order mark stay.
       {"[Settings]\ndest=/pics\n", {{"Settings", "dest", ""}}, "[Settings]\ndest=\n"},
-      // The file's line ends and byte-order mark stay.
       {"[Settings]\r\nrows=4\r\n",
        {{"Settings", "rows", "5"}, {"Settings", "slsh", "10"}, {"New", "k", "v"}},
        "[Settings]\r\nrows=5\r\nslsh=10\r\n[New]\r\nk=v\r\n"},
@@ -154,22 +102,33 @@ TEST_F(ProfileString, WritingChangesOnlyTheLineItMust) {
        {{"Settings", "rows", "3"}},
        "\xEF\xBB\xBF[Settings]\nrows=3\n"},
   };
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.before);
+  for (const auto& [before, writes, after] : cases) {
+    SCOPED_TRACE(before);
     std::filesystem::remove(file_);
-    if (!c.before.empty()) Given(c.before);
-    for (const Entry& e : c.writes) {
-      EXPECT_TRUE(os::WritePrivateProfileString(e.section, e.key, e.value, file_));
-    }
-    EXPECT_EQ(testfiles::ReadBytes(file_), c.after);
+    if (!before.empty()) testfiles::WriteBytes(file_, before);
+    for (const auto& [section, key, value] : writes)
+      EXPECT_TRUE(os::WritePrivateProfileString(section, key, value, file_));
+    EXPECT_EQ(testfiles::ReadBytes(file_), after);
   }
+  // A file that can't be read isn't written either.
+  std::filesystem::create_directory(Path("a folder"));
+  EXPECT_FALSE(os::WritePrivateProfileString("Settings", "rows", "4", Path("a folder")));
+  EXPECT_TRUE(std::filesystem::is_directory(Path("a folder")));
 }
 
-TEST_F(ProfileString, WritingFailsWithoutTouchingAFileThatCantBeRead) {
-  const std::string folder = Path("a folder");
-  std::filesystem::create_directory(folder);
-  EXPECT_FALSE(os::WritePrivateProfileString("Settings", "rows", "4", folder));
-  EXPECT_TRUE(std::filesystem::is_directory(folder));
+// Every key at its default, in the order of the settings table; an existing file is left
+// alone, and a missing folder fails.
+TEST_F(ProfileString, ANewSettingsFileHoldsEveryKeyAtItsDefault) {
+  ASSERT_TRUE(os::CreateSettingsFileIfMissing(file_));
+  EXPECT_EQ(testfiles::ReadBytes(file_),
+            "[Settings]\nrows=4\nframeprop=0\ngformc=4210752\ngselfrc=33023\nslsh=5\nanigifp=1\n"
+            "showmb=1\ndest=\nInw=<\nshowll=1\nlnvar=1\nbeeps=1\nsautor=0\nthumbcache=1\n");
+  EXPECT_EQ(os::DefaultSetting("GFORMC"), "4210752");
+  EXPECT_EQ(os::DefaultSetting("colour"), std::nullopt);
+  testfiles::WriteBytes(file_, "[Settings]\nrows=7\n");
+  EXPECT_TRUE(os::CreateSettingsFileIfMissing(file_));
+  EXPECT_EQ(testfiles::ReadBytes(file_), "[Settings]\nrows=7\n");
+  EXPECT_FALSE(os::CreateSettingsFileIfMissing(Path("none/OstrelWorks.INI")));
 }
 
 }  // namespace

@@ -1,14 +1,16 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <QTemporaryDir>
 #include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 // Plain std file access for tests, so that what is checked doesn't go through the code tested.
@@ -25,43 +27,31 @@ inline std::string ReadBytes(const std::string& path) {
 
 inline std::vector<std::string> FolderEntries(const std::string& folder) {
   std::vector<std::string> names;
-  for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+  for (const auto& entry : std::filesystem::directory_iterator(folder))
     names.push_back(entry.path().filename().string());
-  }
   std::ranges::sort(names);
   return names;
 }
 
-// Takes the owner's write permission from `folder` for the scope's life. Root ignores it, so
-// a test checks Binds() and skips when it doesn't.
-class ReadOnlyFolder {
- public:
-  explicit ReadOnlyFolder(std::string folder) : folder_(std::move(folder)) {
-    std::filesystem::permissions(folder_, std::filesystem::perms::owner_write,
-                                 std::filesystem::perm_options::remove);
-  }
-  ~ReadOnlyFolder() {
-    std::filesystem::permissions(folder_, std::filesystem::perms::owner_write,
-                                 std::filesystem::perm_options::add);
-  }
-  ReadOnlyFolder(const ReadOnlyFolder&) = delete;
-  ReadOnlyFolder& operator=(const ReadOnlyFolder&) = delete;
-
-  bool Binds() const { return ::access(folder_.c_str(), W_OK) != 0; }
-
- private:
-  std::string folder_;
-};
-
-// A test with a fresh temporary folder of its own.
+// A test with a fresh temporary folder of its own, and environment variables set for its life.
 class TempFolderTest : public ::testing::Test {
  protected:
+  ~TempFolderTest() override {
+    for (auto it = saved_.rbegin(); it != saved_.rend(); ++it)
+      it->second ? ::setenv(it->first, it->second->c_str(), 1) : ::unsetenv(it->first);
+  }
   std::string Path(const std::string& name) const {
     return dir_.filePath(QString::fromStdString(name)).toStdString();
   }
   std::string Folder() const { return dir_.path().toStdString(); }
+  void SetEnv(const char* name, const std::string& value) {
+    const char* old = std::getenv(name);
+    saved_.emplace_back(name, old ? std::optional<std::string>(old) : std::nullopt);
+    ::setenv(name, value.c_str(), 1);
+  }
 
   QTemporaryDir dir_;
+  std::vector<std::pair<const char*, std::optional<std::string>>> saved_;
 };
 
 }  // namespace testfiles

@@ -1,66 +1,173 @@
-// The conformance suites through the engine's three entry points: each file gives a picture or
-// is refused, and a picture given draws without fault.
+// The conformance suites through the engine: each file gives a picture or is refused through
+// each of the three entry points, and the picture class matches the suites' reference pictures
+// (BMP files through the DIB road, icon entries chosen by their size, cursors' hot spots).
 #include <gtest/gtest.h>
 
-#include <filesystem>
+#include <set>
+#include <tuple>
 
 #include "codecs/TestFiles.h"
 #include "picture/Module1.h"
-#include "picture/PictureServices.h"
 #include "picture/PictureTestSupport.h"
 #include "picture/PlainLoader.h"
-#include "picture/StdPictureEx.h"
-#include "platform/toolkit/Error.h"
+#include "platform/codecs/BmpCodec.h"
+#include "platform/codecs/IconResource.h"
 
 namespace vellumry {
 namespace {
 
-using codecs::testing::Corpus;
-using codecs::testing::FilesBelow;
-
-// Draws the whole picture small, through whatever decode it needs.
-void DrawSmall(const gdi::Picture& picture) {
-  gdi::Surface target(24, 24, gdi::AlphaMode::kOpaque);
-  picture.Render(target, 0, 0, 24, 24, 0, picture.Height(), picture.Width(), -picture.Height());
-}
+using namespace codecs::testing;
+using Names = std::set<std::string>;
 
 TEST(PictureCorpusTest, EveryFileLoadsOrIsRefused) {
   const auto root = Corpus("");
   SKIP_WITHOUT(root);
   PictureServices services(15, 32u << 20, 2);
   Module1 module1(services, [] { return 0x00808080u; });
-  int plain = 0, ex = 0, gdiRoad = 0, files = 0;
+  int loaded[3] = {}, files = 0;  // by the plain loader, the picture class, Module1
+  // Draws the whole picture small, through whatever decode it needs.
+  const auto drawSmall = [&](const gdi::Picture& picture, int road) {
+    testsupport::Drawn(picture, gdi::Surface(24, 24, gdi::AlphaMode::kOpaque));
+    ++loaded[road];
+  };
   for (const auto& path : FilesBelow(root)) {
     ++files;
     const std::string name = path.string();
-    try {
+    const auto plain = testsupport::ErrorOf([&] {
       const gdi::Picture picture = LoadPicture(services, name);
       ASSERT_TRUE(picture) << name;  // it raises rather than give nothing
       services.prefetch(picture, {24, 24});
-      DrawSmall(picture);
-      ++plain;
-    } catch (const tk::Error& error) {
-      EXPECT_EQ(error.Number, 481) << name;
-    }
+      drawSmall(picture, 0);
+    });
+    EXPECT_EQ(plain ? plain->Number : 481, 481) << name;
     if (const gdi::Picture picture = services.stdPictureEx().LoadPicture(name)) {
-      DrawSmall(picture);
-      ++ex;
+      drawSmall(picture, 1);
     }
-    try {
+    const auto gdiRoad = testsupport::ErrorOf([&] {
       int32_t w = -1, h = -1;
       const gdi::Picture picture = module1.LoadGdiPicture(name, w, h, 0xFFFFFF, false);
       EXPECT_EQ(picture.PixelSize(), (gdi::Size{w, h})) << name;
-      DrawSmall(picture);
-      ++gdiRoad;
-    } catch (const tk::Error& error) {
-      EXPECT_EQ(error.Number, 999) << name;
-    }
+      drawSmall(picture, 2);
+    });
+    EXPECT_EQ(gdiRoad ? gdiRoad->Number : 999, 999) << name;
   }
   services.drain();
   // The suites are mostly good pictures of the formats read here.
-  EXPECT_GT(plain, files / 2);
-  EXPECT_GT(ex, files / 2);
-  EXPECT_GT(gdiRoad, files / 2);
+  for (const int count : loaded) EXPECT_GT(count, files / 2);
+}
+
+using EngineCorpusTest = testsupport::EngineTest;
+
+// Straight BGRA of a picture as the class shows it: its full pixels, or an icon's colour with
+// masked pixels transparent.
+std::vector<uint8_t> Shown(const gdi::Picture& picture) {
+  if (const gdi::IconImage* icon = picture.Icon()) {
+    gdi::Surface flat = icon->colour;
+    if (!icon->HasAlpha()) {
+      const auto pixels = flat.Pixels();
+      for (size_t i = 0; i < pixels.size(); ++i) {
+        pixels[i] = !icon->andMask.empty() && icon->andMask[i] ? 0 : pixels[i] | 0xFF000000u;
+      }
+      flat.SetAlpha(gdi::AlphaMode::kStraight);
+    }
+    return Bgra(flat);
+  }
+  const auto pixels = picture.Pixels();
+  return pixels ? Bgra(*pixels) : std::vector<uint8_t>{};
+}
+
+TEST_F(EngineCorpusTest, BmpSuiteFilesMatchTheirReferencesOrAreRefused) {
+  SKIP_WITHOUT(Corpus("bmpsuite"));
+  // Checks a folder's count of files, how far their pixels may stray from the references (-1: not
+  // compared), and the files refused, differing and managed. Gives the files that the full
+  // decoder read rather than a section.
+  const auto check = [&](const std::string& folder, int count, int tolerance, const Names& refused,
+                         const Names& different, const Names& managed) {
+    SCOPED_TRACE(folder);
+    const auto references = BmpSuiteReferences(folder);
+    int files = 0;
+    Names refusedSeen, differentSeen, managedSeen, notThroughASection;
+    for (const auto& path : FilesBelow(Corpus("bmpsuite/" + folder))) {
+      ++files;
+      const std::string name = path.filename().string();
+      const gdi::Picture picture = ex.LoadPicture(path.string());
+      if (!picture) {
+        refusedSeen.insert(name);
+        continue;
+      }
+      if (!codecs::DecodeDibSection(ReadFile(path))) notThroughASection.insert(name);
+      if (ex.IsManaged(picture)) managedSeen.insert(name);
+      if (tolerance < 0) continue;
+      const auto reference = Corpus("bmpsuite/html/" + references.at(name));
+      if (MaxDifference(Shown(picture), ReferencePng(reference)) > tolerance) {
+        differentSeen.insert(name);
+      }
+    }
+    EXPECT_EQ(files, count);
+    EXPECT_EQ(refusedSeen, refused);
+    EXPECT_EQ(differentSeen, different);
+    EXPECT_EQ(managedSeen, managed);
+    return notThroughASection;
+  };
+  // No good file has alpha, and only the 12-byte header is left to the full decoder.
+  EXPECT_EQ(check("g", 27, 0, {}, {}, {}), (Names{"pal8os2.bmp"}));
+  // Odd bit-field depths scale to 8 bits with a rounding of their own. Pixels a run length skips
+  // keep index 0; the file header's pixel offset is ignored; a 16-bit section has no alpha; the
+  // "fake" fourth bytes of rgb32fakealpha read as alpha.
+  check("q", 43, 1,
+        {"pal1huffmsb.bmp", "rgb24jpeg.bmp", "rgb24png.bmp", "rgb24rle24.bmp", "rgba64.bmp"},
+        {"pal4rlecut.bmp", "pal4rletrns.bmp", "pal8offs.bmp", "pal8os2sp.bmp", "pal8rlecut.bmp",
+         "pal8rletrns.bmp", "rgb16faketrns.bmp", "rgb24prof2.bmp", "rgb32fakealpha.bmp",
+         "rgba16-1924.bmp", "rgba16-4444.bmp", "rgba16-5551.bmp"},
+        {"rgb32fakealpha.bmp", "rgba32-1.bmp", "rgba32-1010102.bmp", "rgba32-2.bmp",
+         "rgba32-61754.bmp", "rgba32-81284.bmp", "rgba32h56.bmp"});
+  // The others have harmless faults (sizes, densities, planes) or damaged pixel data that a
+  // section shows as far as it goes.
+  check(
+      "b", 20, -1,
+      {"badbitcount.bmp", "badpalettesize.bmp", "badwidth.bmp", "reallybig.bmp", "rletopdown.bmp"},
+      {}, {});
+}
+
+TEST_F(EngineCorpusTest, IconEntriesChosenBySizeMatchTheirPngs) {
+  const auto dir = Corpus("rust-ico/tests/images");
+  SKIP_WITHOUT(dir);
+  int compared = 0;
+  for (const std::string name : {"wiki", "ship", "litexl"}) {
+    const std::vector<uint8_t> bytes = ReadFile(dir / (name + ".ico"));
+    const auto resource = codecs::ReadIconResource(bytes);
+    ASSERT_TRUE(resource) << name;
+    for (const uint32_t key : resource->keys) {
+      const int size = codecs::IconKeySize(key);
+      const auto reference =
+          dir / (name + std::to_string(size) + "x" + std::to_string(size) + ".png");
+      if (!std::filesystem::exists(reference)) continue;
+      const gdi::Picture picture = ex.LoadPicture(ByteArray{bytes}, 4 /* custom */, 32, size, size);
+      ASSERT_TRUE(picture) << name << " " << size;
+      EXPECT_EQ(picture.PixelSize(), (gdi::Size{size, size}));
+      EXPECT_EQ(MaxDifference(Shown(picture), ReferencePng(reference)), 0) << reference;
+      ++compared;
+    }
+  }
+  EXPECT_EQ(compared, 11);
+}
+
+TEST_F(EngineCorpusTest, CursorsKeepTheirHotSpots) {
+  const auto dir = Corpus("faint-graphics-editor/tests/test-data");
+  SKIP_WITHOUT(dir);
+  // The file, its size and hot spot.
+  const std::tuple<const char*, int, int, int> cursors[] = {{"24bipp-6x6.cur", 6, 4, 1},
+                                                            {"24bipp-256x256.cur", 256, 254, 254}};
+  for (const auto& [file, size, hotspotX, hotspotY] : cursors) {
+    SCOPED_TRACE(file);
+    const gdi::Picture picture = ex.LoadPicture((dir / file).string());
+    ASSERT_TRUE(picture.Icon());
+    EXPECT_TRUE(picture.Icon()->isCursor);
+    EXPECT_EQ(picture.PixelSize(), (gdi::Size{size, size}));
+    EXPECT_EQ(picture.Icon()->hotspotX, hotspotX);
+    EXPECT_EQ(picture.Icon()->hotspotY, hotspotY);
+    EXPECT_EQ(ex.PictureType(picture), 3);
+  }
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <tiffio.h>
 
+#include <cstdlib>
 #include <fstream>
 
 namespace vellumry::testsupport {
@@ -24,14 +25,13 @@ void WriteTiff(const std::string& path, int width, int height,
     TIFFSetField(tiff, TIFFTAG_SAMPLESPERPIXEL, 3);
     TIFFSetField(tiff, TIFFTAG_BITSPERSAMPLE, 8);
     TIFFSetField(tiff, TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_RGB);
-    TIFFSetField(tiff, TIFFTAG_PLANARCONFIG, PLANARCONFIG_CONTIG);
     TIFFSetField(tiff, TIFFTAG_ROWSPERSTRIP, height);
-    if (colors.size() > 1) TIFFSetField(tiff, TIFFTAG_SUBFILETYPE, FILETYPE_PAGE);
-    std::vector<uint8_t> row;
-    for (int x = 0; x < width; ++x) {
-      row.insert(row.end(), {gdi::RedOf(color), gdi::GreenOf(color), gdi::BlueOf(color)});
+    TIFFSetField(tiff, TIFFTAG_SUBFILETYPE, FILETYPE_PAGE);
+    std::vector<uint8_t> page;
+    for (int i = 0; i < width * height; ++i) {
+      page.insert(page.end(), {gdi::RedOf(color), gdi::GreenOf(color), gdi::BlueOf(color)});
     }
-    for (int y = 0; y < height; ++y) TIFFWriteScanline(tiff, row.data(), y, 0);
+    TIFFWriteEncodedStrip(tiff, 0, page.data(), static_cast<tmsize_t>(page.size()));
     TIFFWriteDirectory(tiff);
   }
   TIFFClose(tiff);
@@ -41,6 +41,21 @@ gdi::Surface Filled(int width, int height, uint32_t argb, gdi::AlphaMode mode) {
   gdi::Surface surface(width, height, mode);
   for (uint32_t& p : surface.Pixels()) p = argb;
   return surface;
+}
+
+gdi::Surface Drawn(const gdi::Picture& picture, gdi::Surface target) {
+  picture.Render(target, 0, 0, target.Width(), target.Height(), 0, picture.Height(),
+                 picture.Width(), -picture.Height());
+  return target;
+}
+
+::testing::AssertionResult Near(uint32_t a, uint32_t b, int tolerance) {
+  for (int shift = 0; shift < 24; shift += 8) {
+    if (std::abs(int((a >> shift) & 0xFF) - int((b >> shift) & 0xFF)) > tolerance) {
+      return ::testing::AssertionFailure() << std::hex << "0x" << a << " is not near 0x" << b;
+    }
+  }
+  return ::testing::AssertionSuccess();
 }
 
 }  // namespace vellumry::testsupport

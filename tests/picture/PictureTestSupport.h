@@ -1,20 +1,18 @@
 #pragma once
-// Files made at run time in a folder of their own, and a form holding a picture box.
+// Files made at run time in a folder of their own, and an engine to load them with.
 
 #include <gtest/gtest.h>
 
 #include <QTemporaryDir>
 #include <cstdint>
-#include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "picture/PictureServices.h"
+#include "picture/StdPictureEx.h"
 #include "platform/gdi/Surface.h"
-#include "platform/toolkit/Form.h"
-#include "platform/toolkit/FormSlot.h"
-#include "platform/toolkit/HeadlessHost.h"
-#include "platform/toolkit/PictureControls.h"
-#include "platform/toolkit/Runtime.h"
+#include "platform/toolkit/Error.h"
 
 namespace vellumry::testsupport {
 
@@ -37,21 +35,28 @@ void WriteTiff(const std::string& path, int width, int height, const std::vector
 // A width x height surface of one colour (with its alpha when `mode` is kStraight).
 gdi::Surface Filled(int width, int height, uint32_t argb,
                     gdi::AlphaMode mode = gdi::AlphaMode::kStraight);
+// `target` with the whole of `picture` drawn over the whole of it.
+gdi::Surface Drawn(const gdi::Picture& picture, gdi::Surface target);
+// Whether red, green and blue of `a` and `b` each lie within `tolerance`.
+::testing::AssertionResult Near(uint32_t a, uint32_t b, int tolerance);
 
-class BoxForm : public tk::Form {
- public:
-  explicit BoxForm(tk::Runtime& rt) : Form(rt, "BoxForm") {}
-  tk::PictureBox Picture1{this, "Picture1"};
-};
+// The error `call` raises, or nothing.
+template <typename Call>
+std::optional<tk::Error> ErrorOf(Call&& call) {
+  try {
+    call();
+  } catch (const tk::Error& error) {
+    return error;
+  }
+  return std::nullopt;
+}
 
-// A form with a picture box on the virtual clock, at 15 twips a pixel.
-struct BoxProgram {
-  BoxProgram()
-      : runtime(tk::Screen{}, host, tk::EventLoop::Clock::Virtual),
-        form(runtime, [this] { return std::make_unique<BoxForm>(runtime); }) {}
-  tk::HeadlessHost host;
-  tk::Runtime runtime;
-  tk::FormSlot<BoxForm> form;
+// The picture class of a program at 15 twips a pixel, and a folder for its files.
+class EngineTest : public ::testing::Test {
+ protected:
+  PictureServices services{15, 16u << 20, 1};
+  StdPictureEx& ex = services.stdPictureEx();
+  TempFolder folder;
 };
 
 }  // namespace vellumry::testsupport

@@ -4,17 +4,16 @@
 #include <sys/stat.h>
 #include <utime.h>
 
-#include <QCryptographicHash>
 #include <QImage>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <tuple>
 
 #include "codecs/TestImages.h"
-#include "picture/PictureServices.h"
 #include "picture/PictureTestSupport.h"
 #include "picture/PlainLoader.h"
 #include "picture/ThumbnailCache.h"
+#include "platform/os/ThumbnailStore.h"
 
 namespace vellumry {
 namespace {
@@ -28,11 +27,7 @@ constexpr int kCellPixels = 200;
 constexpr time_t kWhen = 1700000000;
 constexpr gdi::Size kCellSize{150, 100};  // a 600 x 400 photo in a 200-pixel cell
 
-bool Near(uint32_t a, uint32_t b) {
-  const auto near = [](int x, int y) { return std::abs(x - y) <= 8; };
-  return near(gdi::RedOf(a), gdi::RedOf(b)) && near(gdi::GreenOf(a), gdi::GreenOf(b)) &&
-         near(gdi::BlueOf(a), gdi::BlueOf(b));
-}
+bool Near(uint32_t a, uint32_t b) { return testsupport::Near(a, b, 8); }
 
 void SetModified(const std::string& path, time_t when) {
   const utimbuf times{when, when};
@@ -51,7 +46,8 @@ class ThumbnailCacheTest : public ::testing::Test {
   }
   std::string large() const { return folder_.Path("cache/thumbnails/large"); }
   std::string uri() const { return "file://" + folder_.Path("my%20photo%20%231.jpg"); }
-  std::string entryPath() const;
+  // Named by the cache's own rule (its hand-computed check is in the os tests).
+  std::string entryPath() const { return large() + "/" + os::ThumbnailName(uri()); }
   // A red entry of the photo, written as another program would (Qt's writer, not ours).
   void WriteEntry(const std::string& uri, time_t mtime, const char* size) const {
     std::filesystem::create_directories(large());
@@ -77,35 +73,23 @@ class ThumbnailCacheTest : public ::testing::Test {
   uintmax_t size_ = 0;
 };
 
-std::string ThumbnailCacheTest::entryPath() const {
-  // MD5 of uri(), by the cache's own rule (its hand-computed check is in the os tests).
-  const QByteArray digest =
-      QCryptographicHash::hash(QByteArray::fromStdString(uri()), QCryptographicHash::Md5);
-  return large() + "/" + digest.toHex().toStdString() + ".png";
-}
-
 TEST_F(ThumbnailCacheTest, OnlyAnEntryOfThisVeryFileServesAndTheRestAreRewritten) {
   const std::string size = std::to_string(size_);
-  const struct {
-    const char* name;
-    std::string uri;
-    time_t mtime;
-    const char* size;  // null: the key is left out
-    bool served;
-  } cases[] = {
+  // The entry's URI, modification time and length (null: the key left out); whether it serves.
+  const std::tuple<const char*, std::string, time_t, const char*, bool> cases[] = {
       {"valid", uri(), kWhen, size.c_str(), true},
       {"valid without a length", uri(), kWhen, nullptr, true},
       {"stale modification time", uri(), kWhen - 1, size.c_str(), false},
       {"another file under the same name", uri() + "x", kWhen, size.c_str(), false},
       {"another length", uri(), kWhen, "12", false},
   };
-  for (const auto& c : cases) {
-    WriteEntry(c.uri, c.mtime, c.size);
-    EXPECT_TRUE(Near(Centre(kCellSize), c.served ? kRed : kBlue)) << c.name;
+  for (const auto& [name, entryUri, mtime, length, served] : cases) {
+    WriteEntry(entryUri, mtime, length);
+    EXPECT_TRUE(Near(Centre(kCellSize), served ? kRed : kBlue)) << name;
     const QImage after(QString::fromStdString(entryPath()));
-    EXPECT_EQ(Text(after, "Thumb::URI"), uri()) << c.name;
-    EXPECT_EQ(Text(after, "Thumb::MTime"), std::to_string(kWhen)) << c.name;
-    EXPECT_EQ(Near(after.pixel(128, 85), kRed), c.served) << c.name;
+    EXPECT_EQ(Text(after, "Thumb::URI"), uri()) << name;
+    EXPECT_EQ(Text(after, "Thumb::MTime"), std::to_string(kWhen)) << name;
+    EXPECT_EQ(Near(after.pixel(128, 85), kRed), served) << name;
   }
 }
 

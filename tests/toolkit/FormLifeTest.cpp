@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/toolkit/Input.h"
+#include "platform/toolkit/KeyCodes.h"
 #include "toolkit/TestForms.h"
 
 using namespace vellumry;
@@ -68,11 +69,11 @@ TEST_F(ShownForm, AGestureStopsAtAFormItsFirstEventUnloaded) {
 
 TEST_F(ShownForm, KeyPreviewSeesKeysFirstAndCanSwallowThem) {
   f.Command1.SetFocus();
-  tk::user::key(f, 27);
+  tk::user::key(f, tk::key::Esc);
   EXPECT_EQ(p.log, (Log{"Command1_KeyUp 27"}));
   f.setKeyPreview(true);
   p.log.clear();
-  tk::user::key(f, 112, tk::user::kCtrlMask);
+  tk::user::key(f, tk::key::F1, tk::user::kCtrlMask);
   EXPECT_EQ(p.log, (Log{"Form_KeyUp 112 2", "Command1_KeyUp 112"}));
   f.swallowKeys = true;
   p.log.clear();
@@ -83,7 +84,7 @@ TEST_F(ShownForm, KeyPreviewSeesKeysFirstAndCanSwallowThem) {
 TEST_F(ShownForm, DisabledFormsAndHiddenControlsGetNoInput) {
   f.setEnabled(false);
   EXPECT_FALSE(tk::user::click(f.Command1));
-  EXPECT_FALSE(tk::user::key(f, 27));
+  EXPECT_FALSE(tk::user::key(f, tk::key::Esc));
   f.setEnabled(true);
   f.Command1.setVisible(false);
   EXPECT_FALSE(tk::user::click(f.Command1));
