@@ -17,16 +17,16 @@ struct FillFolder {
 };
 
 // Every format's folder, in the table's order.
-const std::vector<FillFolder>& FillFolders();
+const std::vector<FillFolder>& fillFolders();
 
 // Makes each folder under `root` that isn't complete yet (once it is, "FOLDER.done" stands
 // beside it), on every core.
-void MakeFillFolders(const std::filesystem::path& root);
+void makeFillFolders(const std::filesystem::path& root);
 
 // Runs job(i) for i in [0, count) on every core.
-void OnAllCores(int count, const std::function<void(int)>& job);
+void onAllCores(int count, const std::function<void(int)>& job);
 
 // The picture files of `folder`, sorted.
-std::vector<std::string> PictureFiles(const std::filesystem::path& folder);
+std::vector<std::string> pictureFiles(const std::filesystem::path& folder);
 
 }  // namespace vellumry::bench

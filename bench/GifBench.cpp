@@ -21,12 +21,12 @@ constexpr int kFrames = 200;
 
 // A pattern that moves a little from frame to frame, with a noisy band so that the codes don't
 // run too long.
-uint8_t Pixel(int x, int y, int frame) {
+uint8_t pixel(int x, int y, int frame) {
   const uint32_t noise = (uint32_t(x * 31 + y * 17 + frame) * 2654435761u) >> 28;
   return static_cast<uint8_t>(((x ^ y) >> 2) + frame * 3 + (y % 96 < 24 ? noise : 0));
 }
 
-const std::string& AnimationFile() {
+const std::string& animationFile() {
   static const std::string path = [] {
     const auto file = std::filesystem::temp_directory_path() / "vellumry-gif-bench.gif";
     int error = 0;
@@ -44,7 +44,7 @@ const std::string& AnimationFile() {
                        static_cast<int>(EGifGCBToExtension(&control, extension)), extension);
       EGifPutImageDesc(gif, 0, 0, kWidth, kHeight, false, nullptr);
       for (int y = 0; y < kHeight; ++y) {
-        for (int x = 0; x < kWidth; ++x) row[x] = Pixel(x, y, frame);
+        for (int x = 0; x < kWidth; ++x) row[x] = pixel(x, y, frame);
         EGifPutLine(gif, row.data(), kWidth);
       }
     }
@@ -55,34 +55,34 @@ const std::string& AnimationFile() {
   return path;
 }
 
-void SetFileCounters(benchmark::State& state, double keptBytes) {
+void setFileCounters(benchmark::State& state, double keptBytes) {
   state.counters["file MB"] =
-      static_cast<double>(std::filesystem::file_size(AnimationFile())) / 1e6;
+      static_cast<double>(std::filesystem::file_size(animationFile())) / 1e6;
   state.counters["kept MB"] = keptBytes / 1e6;
 }
 
 void BM_ReadGifFileAndBuildStrip(benchmark::State& state) {
-  AnimationFile();  // written before the clock runs
+  animationFile();  // written before the clock runs
   double kept = 0;
   for (auto _ : state) {
     GifFile gif;
     FrameStrip strip;
-    if (ReadGifFile(AnimationFile(), gif) != kFrames || !BuildStrip(gif, strip)) {
+    if (ReadGifFile(animationFile(), gif) != kFrames || !BuildStrip(gif, strip)) {
       state.SkipWithError("load failed");
       break;
     }
     kept = double(strip.m_Strip.Width()) * strip.m_Strip.Height();
     benchmark::DoNotOptimize(strip);
   }
-  SetFileCounters(state, kept);
+  setFileCounters(state, kept);
 }
 
 void BM_DGifSlurp(benchmark::State& state) {
-  AnimationFile();
+  animationFile();
   double kept = 0;
   for (auto _ : state) {
     int error = 0;
-    GifFileType* gif = DGifOpenFileName(AnimationFile().c_str(), &error);
+    GifFileType* gif = DGifOpenFileName(animationFile().c_str(), &error);
     if (!gif || DGifSlurp(gif) != GIF_OK || gif->ImageCount != kFrames) {
       state.SkipWithError("slurp failed");
       break;
@@ -94,7 +94,7 @@ void BM_DGifSlurp(benchmark::State& state) {
     benchmark::DoNotOptimize(gif->SavedImages);
     DGifCloseFile(gif, &error);
   }
-  SetFileCounters(state, kept);
+  setFileCounters(state, kept);
 }
 
 BENCHMARK(BM_ReadGifFileAndBuildStrip)->Unit(benchmark::kMillisecond);

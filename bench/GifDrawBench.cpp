@@ -27,7 +27,7 @@ struct Window : IGifRender {
   void Rendered(int32_t, int32_t, int32_t, int32_t) override {}
 };
 
-void DrawScaledFrame(benchmark::State& state) {
+void drawScaledFrame(benchmark::State& state) {
   const bool transparent = state.range(0) != 0;
   std::vector<codecs::testing::GifFrameSpec> frames;
   uint32_t noise = 2463534242u;
@@ -41,7 +41,7 @@ void DrawScaledFrame(benchmark::State& state) {
   }
   const std::filesystem::path path = std::filesystem::temp_directory_path() /
                                      ("vellumry-gifdraw-" + std::to_string(::getpid()) + ".gif");
-  const std::vector<uint8_t> bytes = codecs::testing::MakeAnimatedGif(kW, kH, frames, 0);
+  const std::vector<uint8_t> bytes = codecs::testing::makeAnimatedGif(kW, kH, frames, 0);
   std::ofstream(path, std::ios::binary)
       .write(reinterpret_cast<const char*>(bytes.data()),
              static_cast<std::streamsize>(bytes.size()));
@@ -55,10 +55,10 @@ void DrawScaledFrame(benchmark::State& state) {
   player.SetAnimationBkg(0, {.color = 0x404040}, 0, 0, 1920, 1080, kScaleUpAndDownCentred);
   for (auto _ : state) {
     player.setAnimationState(3);  // the next frame, drawn
-    benchmark::DoNotOptimize(window.surface.Pixel(960, 540));
+    benchmark::DoNotOptimize(window.surface.pixel(960, 540));
   }
 }
-BENCHMARK(DrawScaledFrame)
+BENCHMARK(drawScaledFrame)
     ->Arg(0)
     ->Arg(1)
     ->ArgNames({"transparent"})

@@ -32,12 +32,12 @@ constexpr int kCellW = 180, kCellH = 135;  // a cell's inner size in pixels at 6
 constexpr double kCadence = 75;
 constexpr double kPeakLimitMb = 400;
 
-double Seconds(Clock::time_point since) {
+double seconds(Clock::time_point since) {
   return std::chrono::duration<double>(Clock::now() - since).count();
 }
 
 // The size a picture takes in a cell: fitted, never enlarged.
-gdi::Size Fitted(int width, int height) {
+gdi::Size fitted(int width, int height) {
   const double scale =
       std::min({1.0, static_cast<double>(kCellW) / width, static_cast<double>(kCellH) / height});
   return {static_cast<int>(std::lround(width * scale)),
@@ -45,25 +45,25 @@ gdi::Size Fitted(int width, int height) {
 }
 
 // Files a second that the format's decoder alone reads and decodes for a cell on every core.
-double DecoderRate(const std::vector<std::string>& files) {
+double decoderRate(const std::vector<std::string>& files) {
   const auto start = Clock::now();
-  bench::OnAllCores(static_cast<int>(files.size()), [&](int i) {
+  bench::onAllCores(static_cast<int>(files.size()), [&](int i) {
     const std::string& file = files[static_cast<size_t>(i)];
-    const auto bytes = os::ReadWholeFile(file);
+    const auto bytes = os::readWholeFile(file);
     if (!bytes) return;
-    const auto info = codecs::Probe(*bytes);
+    const auto info = codecs::probe(*bytes);
     if (!info) return;
-    const gdi::Size cell = Fitted(info->width, info->height);
-    if (!codecs::Decode(*bytes, cell.width, cell.height)) std::printf("%s failed\n", file.c_str());
+    const gdi::Size cell = fitted(info->width, info->height);
+    if (!codecs::decode(*bytes, cell.width, cell.height)) std::printf("%s failed\n", file.c_str());
   });
-  return static_cast<double>(files.size()) / Seconds(start);
+  return static_cast<double>(files.size()) / seconds(start);
 }
 
 // The child's part: the whole program's fill of `folder`, printed as its rate and peak memory.
-int FillRun(const fs::path& folder, const fs::path& home, bool thumbnailCache) {
+int fillRun(const fs::path& folder, const fs::path& home, bool thumbnailCache) {
   bench::HeadlessProgram run(folder, home, thumbnailCache);
-  const double seconds = run.LoadSeconds();
-  std::printf("%f %ld\n", run.program.Form1().nCount / seconds, bench::PeakKilobytes());
+  const double seconds = run.loadSeconds();
+  std::printf("%f %ld\n", run.program.Form1().nCount / seconds, bench::peakKilobytes());
   return 0;
 }
 
@@ -73,10 +73,10 @@ struct Fill {
 };
 
 // The program's fill of `folder` in a process of its own.
-Fill ProgramFill(const fs::path& folder, const fs::path& home, bool thumbnailCache = false) {
+Fill programFill(const fs::path& folder, const fs::path& home, bool thumbnailCache = false) {
   const std::string self = fs::canonical("/proc/self/exe").string();
-  const std::string command = "'" + self + "' --fill '" + folder.string() + "' '" +
-                              home.string() + "' " + (thumbnailCache ? "1" : "0");
+  const std::string command = "'" + self + "' --fill '" + folder.string() + "' '" + home.string() +
+                              "' " + (thumbnailCache ? "1" : "0");
   Fill fill;
   if (FILE* child = popen(command.c_str(), "r")) {
     long peakKb = 0;
@@ -88,11 +88,11 @@ Fill ProgramFill(const fs::path& folder, const fs::path& home, bool thumbnailCac
 
 // The shared thumbnail cache through the whole program: the folder with the cache off, then its
 // first visit (an empty cache, entries written) and its second (entries read).
-void ThumbnailCacheRates(const fs::path& folder, const fs::path& home, const std::string& title) {
+void thumbnailCacheRates(const fs::path& folder, const fs::path& home, const std::string& title) {
   fs::remove_all(home / "cache");
-  const double off = ProgramFill(folder, home).rate;
-  const double first = ProgramFill(folder, home, true).rate;
-  const double second = ProgramFill(folder, home, true).rate;
+  const double off = programFill(folder, home).rate;
+  const double first = programFill(folder, home, true).rate;
+  const double second = programFill(folder, home, true).rate;
   std::printf(
       "thumbnail cache, %s: off %.1f, first visit %.1f (%+.0f %%; goal no worse than -10 %%),"
       " second visit %.1f cells/s (goal %.0f)\n",
@@ -104,15 +104,15 @@ void ThumbnailCacheRates(const fs::path& folder, const fs::path& home, const std
 
 int main(int argc, char** argv) {
   if (argc == 5 && std::string(argv[1]) == "--fill")
-    return FillRun(argv[2], argv[3], std::string(argv[4]) == "1");
+    return fillRun(argv[2], argv[3], std::string(argv[4]) == "1");
   const bool cacheOnly = argc > 1 && std::string(argv[1]) == "--thumbcache";
   const fs::path root = argc > 1 + cacheOnly ? fs::path(argv[1 + cacheOnly])
                                              : fs::temp_directory_path() / "vellumry-grid-fill";
-  bench::MakeFillFolders(root);
+  bench::makeFillFolders(root);
   if (cacheOnly) {
-    for (const bench::FillFolder& row : bench::FillFolders()) {
+    for (const bench::FillFolder& row : bench::fillFolders()) {
       if (row.folder == "jpeg" || row.folder == "png")
-        ThumbnailCacheRates(root / row.folder, root / "home-cache", row.title);
+        thumbnailCacheRates(root / row.folder, root / "home-cache", row.title);
     }
     return 0;
   }
@@ -122,11 +122,11 @@ int main(int argc, char** argv) {
       std::thread::hardware_concurrency(), kCellW, kCellH, kCadence, kPeakLimitMb);
   std::printf("%-22s %6s %14s %14s %7s %10s  %s\n", "format", "files", "decoder/s", "program/s",
               "ratio", "peak MB", "goal");
-  for (const bench::FillFolder& row : bench::FillFolders()) {
-    const auto files = bench::PictureFiles(root / row.folder);
-    DecoderRate(files);  // once to warm the page cache
-    const double decoder = DecoderRate(files);
-    const Fill fill = ProgramFill(root / row.folder, root / "home");
+  for (const bench::FillFolder& row : bench::fillFolders()) {
+    const auto files = bench::pictureFiles(root / row.folder);
+    decoderRate(files);  // once to warm the page cache
+    const double decoder = decoderRate(files);
+    const Fill fill = programFill(root / row.folder, root / "home");
     const double goal = std::min(0.8 * decoder, kCadence);
     const bool met = fill.rate >= goal && fill.peakMb > 0 && fill.peakMb < kPeakLimitMb;
     std::printf("%-22s %6zu %14.1f %14.1f %7.2f %10.1f  %s\n", row.title.c_str(), files.size(),

@@ -24,13 +24,13 @@ fs::path makeFolder(int files) {
                   ("vellumry-ticks-" + std::to_string(getpid()) + "-" + std::to_string(files));
   fs::create_directories(root / "pictures");
   // Small real pictures, so that every tick reads, probes and places one.
-  const std::vector<uint8_t> jpeg = codecs::testing::MakeJpeg(64, 48);
+  const std::vector<uint8_t> jpeg = codecs::testing::makeJpeg(64, 48);
   for (int i = 1; i <= files; ++i) {
     std::ofstream(root / "pictures" / ("f" + std::to_string(i) + ".jpg"), std::ios::binary)
         .write(reinterpret_cast<const char*>(jpeg.data()),
                static_cast<std::streamsize>(jpeg.size()));
   }
-  os::CreateSettingsFileIfMissing((root / "OstrelWorks.INI").string());
+  os::createSettingsFileIfMissing((root / "OstrelWorks.INI").string());
   return root;
 }
 
@@ -48,7 +48,7 @@ void BM_LoadFolder(benchmark::State& state) {
   }
   state.counters["ticks/s"] = benchmark::Counter(static_cast<double>(files) * state.iterations(),
                                                  benchmark::Counter::kIsRate);
-  state.counters["peak MB"] = static_cast<double>(bench::PeakKilobytes()) / 1024;
+  state.counters["peak MB"] = static_cast<double>(bench::peakKilobytes()) / 1024;
   fs::remove_all(root);
 }
 BENCHMARK(BM_LoadFolder)->Arg(200)->Arg(1000)->Arg(2000)->Arg(10000)->Unit(benchmark::kMillisecond);

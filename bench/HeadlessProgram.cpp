@@ -16,7 +16,7 @@ namespace vellumry::bench {
 
 namespace fs = std::filesystem;
 
-long PeakKilobytes() {
+long peakKilobytes() {
   std::ifstream status("/proc/self/status");
   std::string line;
   while (std::getline(status, line)) {
@@ -26,10 +26,10 @@ long PeakKilobytes() {
 }
 
 namespace {
-const fs::path& SettingsIn(const fs::path& home, bool thumbnailCache) {
+const fs::path& settingsIn(const fs::path& home, bool thumbnailCache) {
   fs::create_directories(home);
   const std::string ini = (home / "OstrelWorks.INI").string();
-  os::CreateSettingsFileIfMissing(ini);
+  os::createSettingsFileIfMissing(ini);
   WriteIni(ini, "Settings", "rows", "6");
   WriteIni(ini, "Settings", "thumbcache", thumbnailCache ? "1" : "0");
   ::setenv("XDG_CACHE_HOME", (home / "cache").c_str(), 1);
@@ -39,11 +39,11 @@ const fs::path& SettingsIn(const fs::path& home, bool thumbnailCache) {
 
 HeadlessProgram::HeadlessProgram(const fs::path& folder, const fs::path& home, bool thumbnailCache)
     : program(host, tk::EventLoop::Clock::Real, tk::Screen::ofPixels(1920, 1080),
-              {SettingsIn(home, thumbnailCache).string(), home.string(), folder.string()}) {
+              {settingsIn(home, thumbnailCache).string(), home.string(), folder.string()}) {
   Main(program);
 }
 
-double HeadlessProgram::LoadSeconds() {
+double HeadlessProgram::loadSeconds() {
   tk::EventLoop& loop = program.runtime.loop();
   auto step = [&] {
     const int64_t wait = loop.runDue();

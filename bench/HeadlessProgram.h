@@ -9,7 +9,7 @@
 namespace vellumry::bench {
 
 // Peak resident memory of this process so far, in kilobytes.
-long PeakKilobytes();
+long peakKilobytes();
 
 // The program on a 1920 x 1080 screen with six rows, its settings in `home`, opening `folder`.
 // The shared thumbnail cache is `home`/cache, used only with `thumbnailCache`, so that runs
@@ -19,7 +19,7 @@ struct HeadlessProgram {
                   bool thumbnailCache = false);
   // Runs the start, then Timer1's ticks and pres on each file until the grid is loaded and
   // every cell's pixels are decoded. Seconds from the first tick.
-  double LoadSeconds();
+  double loadSeconds();
 
   tk::HeadlessHost host;
   Program program;

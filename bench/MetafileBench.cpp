@@ -18,7 +18,7 @@ namespace {
 constexpr const char* kLargestEmf =
     "../shared/corpus/libemf2svg/vendor/libuemf/test_libuemf_ref.emf";
 
-void DrawLargestEmf(benchmark::State& state) {
+void drawLargestEmf(benchmark::State& state) {
   std::ifstream in(kLargestEmf, std::ios::binary);
   const std::vector<uint8_t> bytes{std::istreambuf_iterator<char>(in), {}};
   if (bytes.empty()) {
@@ -26,12 +26,12 @@ void DrawLargestEmf(benchmark::State& state) {
     return;
   }
   for (auto _ : state) {
-    auto drawn = codecs::Decode(bytes, 1920, 1080);
+    auto drawn = codecs::decode(bytes, 1920, 1080);
     if (!drawn) state.SkipWithError("the EMF didn't draw");
     benchmark::DoNotOptimize(drawn);
   }
 }
-BENCHMARK(DrawLargestEmf)->Unit(benchmark::kMillisecond);
+BENCHMARK(drawLargestEmf)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 

@@ -20,7 +20,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-void Write(const fs::path& file, const std::vector<uint8_t>& bytes) {
+void write(const fs::path& file, const std::vector<uint8_t>& bytes) {
   fs::create_directories(file.parent_path());
   std::ofstream(file, std::ios::binary)
       .write(reinterpret_cast<const char*>(bytes.data()),
@@ -28,11 +28,11 @@ void Write(const fs::path& file, const std::vector<uint8_t>& bytes) {
 }
 
 // In the child: loads the folder that holds one file and prints one row of the table.
-int MeasureOne(const fs::path& folder) {
+int measureOne(const fs::path& folder) {
   bench::HeadlessProgram run(folder, folder.parent_path() / (folder.filename().string() + "-home"));
-  const long before = bench::PeakKilobytes();
-  const double seconds = run.LoadSeconds();
-  const long growth = bench::PeakKilobytes() - before;
+  const long before = bench::peakKilobytes();
+  const double seconds = run.loadSeconds();
+  const long growth = bench::peakKilobytes() - before;
   Form1& form = run.program.Form1();
   const bool shown = form.nCount == 1 && form.Image123(1).Visible();
   std::printf("| %-32s | %8.3f | %9.1f | %-7s |\n", folder.filename().c_str(), seconds,
@@ -43,13 +43,13 @@ int MeasureOne(const fs::path& folder) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc == 3 && std::string(argv[1]) == "--one") return MeasureOne(argv[2]);
+  if (argc == 3 && std::string(argv[1]) == "--one") return measureOne(argv[2]);
   const fs::path root =
       argc > 1 ? fs::path(argv[1]) : fs::temp_directory_path() / "vellumry-picture-bombs";
   fs::remove_all(root);
-  std::vector<codecs::testing::PictureBomb> files = codecs::testing::PictureBombs();
-  files.push_back(codecs::testing::LargestPng());
-  files.push_back({"normal-4000x3000.jpg", codecs::testing::MakeJpeg(4000, 3000)});
+  std::vector<codecs::testing::PictureBomb> files = codecs::testing::pictureBombs();
+  files.push_back(codecs::testing::largestPng());
+  files.push_back({"normal-4000x3000.jpg", codecs::testing::makeJpeg(4000, 3000)});
   std::printf("| %-32s | %8s | %9s | %-7s |\n|---|---|---|---|\n", "file", "seconds", "peak +MB",
               "cell");
   std::fflush(stdout);
@@ -57,7 +57,7 @@ int main(int argc, char** argv) {
   int failures = 0;
   for (const auto& file : files) {
     const fs::path folder = root / file.name;
-    Write(folder / file.name, file.bytes);
+    write(folder / file.name, file.bytes);
     if (std::system(("'" + self + "' --one '" + folder.string() + "'").c_str()) != 0) {
       std::printf("| %-32s | crashed |\n", file.name.c_str());
       ++failures;

@@ -36,10 +36,10 @@ gdi::Picture gradient(int seed) {
   gdi::Surface s(kPicturePixels, kPicturePixels, gdi::AlphaMode::kOpaque);
   for (int y = 0; y < kPicturePixels; ++y)
     for (int x = 0; x < kPicturePixels; ++x)
-      s.SetPixel(x, y,
-                 gdi::Argb(255, static_cast<uint8_t>(x * 4 + seed), static_cast<uint8_t>(y * 4),
+      s.setPixel(x, y,
+                 gdi::argb(255, static_cast<uint8_t>(x * 4 + seed), static_cast<uint8_t>(y * 4),
                            static_cast<uint8_t>(seed * 7)));
-  return gdi::Picture::FromSurface(std::move(s));
+  return gdi::Picture::fromSurface(std::move(s));
 }
 
 struct GridProgram {

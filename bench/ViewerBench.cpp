@@ -33,38 +33,38 @@ namespace fs = std::filesystem;
 constexpr int kRight = 39;
 
 // A photo-like JPEG: gradients with a little noise, so the coder has work to do.
-void WritePhoto(const fs::path& path, int width, int height) {
+void writePhoto(const fs::path& path, int width, int height) {
   gdi::Surface pixels(width, height, gdi::AlphaMode::kOpaque);
   uint32_t noise = 2463534242u;
   for (int y = 0; y < height; ++y) {
     for (int x = 0; x < width; ++x) {
       noise ^= noise << 13, noise ^= noise >> 17, noise ^= noise << 5;
       const auto n = static_cast<uint8_t>(noise & 31);
-      pixels.SetPixel(x, y,
-                      gdi::Argb(255, static_cast<uint8_t>(x * 255 / width + n),
+      pixels.setPixel(x, y,
+                      gdi::argb(255, static_cast<uint8_t>(x * 255 / width + n),
                                 static_cast<uint8_t>(y * 255 / height + n),
                                 static_cast<uint8_t>((x + y) % 256)));
     }
   }
-  const std::vector<uint8_t> bytes = codecs::testing::MakeJpeg(pixels, 85);
+  const std::vector<uint8_t> bytes = codecs::testing::makeJpeg(pixels, 85);
   std::ofstream(path, std::ios::binary)
       .write(reinterpret_cast<const char*>(bytes.data()),
              static_cast<std::streamsize>(bytes.size()));
 }
 
 // A folder of `count` names for one photo of `width` by `height`, with a settings file beside.
-fs::path MakeFolder(const std::string& name, int count, int width, int height) {
+fs::path makeFolder(const std::string& name, int count, int width, int height) {
   const fs::path root =
       fs::temp_directory_path() / ("vellumry-viewer-" + std::to_string(getpid()) + "-" + name);
   fs::create_directories(root / "pictures");
   const fs::path first = root / "pictures" / "p0000.jpg";
-  WritePhoto(first, width, height);
+  writePhoto(first, width, height);
   for (int i = 1; i < count; ++i) {
     char file[16];
     std::snprintf(file, sizeof file, "p%04d.jpg", i);
     fs::create_hard_link(first, root / "pictures" / file);
   }
-  os::CreateSettingsFileIfMissing((root / "OstrelWorks.INI").string());
+  os::createSettingsFileIfMissing((root / "OstrelWorks.INI").string());
   return root;
 }
 
@@ -91,7 +91,7 @@ struct LoadedProgram {
 // The first open as a person double-clicks: the first click, a pause of range(0) ms, then the
 // double click; timed from the double click.
 void BM_OpenFirst24MP(benchmark::State& state) {
-  const fs::path root = MakeFolder("first", 1, 6000, 4000);
+  const fs::path root = makeFolder("first", 1, 6000, 4000);
   for (auto _ : state) {
     state.PauseTiming();
     auto loaded = std::make_unique<LoadedProgram>(root);
@@ -111,7 +111,7 @@ void BM_OpenFirst24MP(benchmark::State& state) {
 BENCHMARK(BM_OpenFirst24MP)->Arg(0)->Arg(250)->Unit(benchmark::kMillisecond)->Iterations(5);
 
 void BM_StepToPrefetched24MP(benchmark::State& state) {
-  const fs::path root = MakeFolder("step", 3, 6000, 4000);
+  const fs::path root = makeFolder("step", 3, 6000, 4000);
   LoadedProgram loaded(root);
   Form2& viewer = loaded.open(1);
   for (auto _ : state) {
@@ -127,7 +127,7 @@ void BM_StepToPrefetched24MP(benchmark::State& state) {
 BENCHMARK(BM_StepToPrefetched24MP)->Unit(benchmark::kMillisecond)->Iterations(10);
 
 void BM_Step200Files12MP(benchmark::State& state) {
-  const fs::path root = MakeFolder("memory", 200, 4000, 3000);
+  const fs::path root = makeFolder("memory", 200, 4000, 3000);
   for (auto _ : state) {
     std::ofstream("/proc/self/clear_refs") << "5";  // starts the peak afresh
     LoadedProgram loaded(root);
@@ -136,9 +136,9 @@ void BM_Step200Files12MP(benchmark::State& state) {
       tk::user::key(viewer, kRight);
       loaded.program.runtime.loop().advance(1);
     }
-    state.counters["peak_MB"] = static_cast<double>(bench::PeakKilobytes()) / 1024;
+    state.counters["peak_MB"] = static_cast<double>(bench::peakKilobytes()) / 1024;
     state.counters["cache_MB"] =
-        static_cast<double>(loaded.program.pictures().cache()->BytesInUse()) / (1 << 20);
+        static_cast<double>(loaded.program.pictures().cache()->bytesInUse()) / (1 << 20);
   }
   fs::remove_all(root);
 }

@@ -4,15 +4,15 @@
 
 namespace vellumry::fuzz {
 
-int FuzzBmp(const uint8_t* data, size_t size) {
+int fuzzBmp(const uint8_t* data, size_t size) {
   const std::span<const uint8_t> bytes(data, size);
-  codecs::ProbeBmp(bytes);
-  codecs::DecodeBmp(bytes, {});
+  codecs::probeBmp(bytes);
+  codecs::decodeBmp(bytes, {});
   codecs::Leniency strict;
   strict.bmpShortPixels = false;
-  codecs::DecodeBmp(bytes, strict);
-  codecs::DecodeBmp(bytes, {}, 4);
-  codecs::DecodeBmp(bytes, strict, 4);
+  codecs::decodeBmp(bytes, strict);
+  codecs::decodeBmp(bytes, {}, 4);
+  codecs::decodeBmp(bytes, strict, 4);
   return 0;
 }
 

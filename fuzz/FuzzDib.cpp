@@ -7,15 +7,15 @@
 
 namespace vellumry::fuzz {
 
-int FuzzDib(const uint8_t* data, size_t size) {
-  const auto section = codecs::DecodeDibSection({data, size});
-  const auto probed = codecs::ProbeDibSection({data, size});
+int fuzzDib(const uint8_t* data, size_t size) {
+  const auto section = codecs::decodeDibSection({data, size});
+  const auto probed = codecs::probeDibSection({data, size});
   if (probed.has_value() != static_cast<bool>(section)) __builtin_trap();
   if (section) {
     const gdi::Surface& pixels = section->surface;
     const uint32_t kind = codecs::ClassifyAlpha(pixels.Pixels(), pixels.Width(), pixels.Height());
-    if (probed->natural != pixels.Dimensions()) __builtin_trap();
-    if (section->info.bitsPerPixel == 32 && probed->stored != codecs::AlphaModeOf(kind)) {
+    if (probed->natural != pixels.dimensions()) __builtin_trap();
+    if (section->info.bitsPerPixel == 32 && probed->stored != codecs::alphaModeOf(kind)) {
       __builtin_trap();
     }
   }

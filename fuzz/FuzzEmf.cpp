@@ -5,11 +5,11 @@
 
 namespace vellumry::fuzz {
 
-int FuzzEmf(const uint8_t* data, size_t size) {
-  EnsureFontDatabase();
+int fuzzEmf(const uint8_t* data, size_t size) {
+  ensureFontDatabase();
   const std::span<const uint8_t> bytes(data, size);
-  const auto info = codecs::Probe(bytes);
-  if (info && info->format == codecs::Format::kEmf) codecs::Decode(bytes, 96, 72);
+  const auto info = codecs::probe(bytes);
+  if (info && info->format == codecs::Format::kEmf) codecs::decode(bytes, 96, 72);
   return 0;
 }
 

@@ -1,4 +1,4 @@
-// libFuzzer's entry for one target; VELLUMRY_FUZZ_TARGET names its body (FuzzTiff, ...).
+// libFuzzer's entry for one target; VELLUMRY_FUZZ_TARGET names its body (fuzzTiff, ...).
 #include "fuzz/FuzzTargets.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {

@@ -4,10 +4,10 @@
 
 namespace vellumry::fuzz {
 
-int FuzzExif(const uint8_t* data, size_t size) {
-  const int orientation = codecs::ExifOrientation({data, size});
+int fuzzExif(const uint8_t* data, size_t size) {
+  const int orientation = codecs::exifOrientation({data, size});
   gdi::Surface surface(3, 2, gdi::AlphaMode::kOpaque);
-  codecs::TurnUpright(surface, orientation);
+  codecs::turnUpright(surface, orientation);
   return 0;
 }
 

@@ -6,7 +6,7 @@
 
 namespace vellumry::fuzz {
 
-inline void EnsureFontDatabase() {
+inline void ensureFontDatabase() {
   if (QGuiApplication::instance()) return;
   static int argc = 1;
   static char name[] = "fuzz";

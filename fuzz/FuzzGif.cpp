@@ -6,12 +6,12 @@
 
 namespace vellumry::fuzz {
 
-int FuzzGif(const uint8_t* data, size_t size) {
+int fuzzGif(const uint8_t* data, size_t size) {
   const std::span<const uint8_t> bytes(data, size);
-  const auto info = codecs::ProbeGif(bytes);
-  codecs::DecodeGif(bytes, {});
+  const auto info = codecs::probeGif(bytes);
+  codecs::decodeGif(bytes, {});
   const int frames = info ? std::min(info->frameCount, 3) : 1;
-  for (int i = 0; i < frames; ++i) codecs::DecodeGifFrameIndices(bytes, i, {});
+  for (int i = 0; i < frames; ++i) codecs::decodeGifFrameIndices(bytes, i, {});
   return 0;
 }
 

@@ -6,7 +6,7 @@
 
 namespace vellumry::fuzz {
 
-int FuzzGifFile(const uint8_t* data, size_t size) {
+int fuzzGifFile(const uint8_t* data, size_t size) {
   GifFile gif;
   const int32_t count = ReadGifFile(std::vector<uint8_t>(data, data + size), gif);
   if (count < 0 || gif.m_Frames.size() != size_t(count) || gif.m_Spans.size() != size_t(count)) {

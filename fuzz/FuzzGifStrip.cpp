@@ -8,7 +8,7 @@ namespace vellumry::fuzz {
 
 constexpr int64_t kMostExportedPixels = 1 << 20;
 
-int FuzzGifStrip(const uint8_t* data, size_t size) {
+int fuzzGifStrip(const uint8_t* data, size_t size) {
   GifFile gif;
   const int32_t count = ReadGifFile(std::vector<uint8_t>(data, data + size), gif);
   FrameStrip strip;

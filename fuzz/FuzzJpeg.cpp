@@ -4,10 +4,10 @@
 
 namespace vellumry::fuzz {
 
-int FuzzJpeg(const uint8_t* data, size_t size) {
+int fuzzJpeg(const uint8_t* data, size_t size) {
   const std::span<const uint8_t> bytes(data, size);
-  codecs::ProbeJpeg(bytes);
-  codecs::DecodeJpeg(bytes, size > 0 ? data[size - 1] % 8 + 1 : 8, {});
+  codecs::probeJpeg(bytes);
+  codecs::decodeJpeg(bytes, size > 0 ? data[size - 1] % 8 + 1 : 8, {});
   return 0;
 }
 

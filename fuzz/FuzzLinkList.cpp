@@ -7,10 +7,10 @@
 
 namespace vellumry::fuzz {
 
-int FuzzLinkList(const uint8_t* data, size_t size) {
+int fuzzLinkList(const uint8_t* data, size_t size) {
   const std::string_view text(reinterpret_cast<const char*>(data), size);
-  const std::vector<LinkRecord> records = ParseLinkList(text);
-  if (ParseLinkList(FormatLinkList(records)) != records) __builtin_trap();
+  const std::vector<LinkRecord> records = parseLinkList(text);
+  if (parseLinkList(formatLinkList(records)) != records) __builtin_trap();
   return 0;
 }
 

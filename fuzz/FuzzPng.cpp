@@ -4,10 +4,10 @@
 
 namespace vellumry::fuzz {
 
-int FuzzPng(const uint8_t* data, size_t size) {
+int fuzzPng(const uint8_t* data, size_t size) {
   const std::span<const uint8_t> bytes(data, size);
-  codecs::ProbePng(bytes);
-  codecs::DecodePng(bytes, {}, 1 << (size % 3));
+  codecs::probePng(bytes);
+  codecs::decodePng(bytes, {}, 1 << (size % 3));
   return 0;
 }
 

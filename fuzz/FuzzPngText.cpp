@@ -4,8 +4,8 @@
 
 namespace vellumry::fuzz {
 
-int FuzzPngText(const uint8_t* data, size_t size) {
-  codecs::ReadPngText({data, size});
+int fuzzPngText(const uint8_t* data, size_t size) {
+  codecs::readPngText({data, size});
   return 0;
 }
 

@@ -1,12 +1,12 @@
-// Probe and NativeSizes on any bytes.
+// Probe and nativeSizes on any bytes.
 #include "fuzz/FuzzTargets.h"
 #include "platform/codecs/Codecs.h"
 
 namespace vellumry::fuzz {
 
-int FuzzProbe(const uint8_t* data, size_t size) {
-  const auto info = codecs::Probe({data, size});
-  if (info) codecs::NativeSizeFor(*info, {info->width / 3, info->height / 3});
+int fuzzProbe(const uint8_t* data, size_t size) {
+  const auto info = codecs::probe({data, size});
+  if (info) codecs::nativeSizeFor(*info, {info->width / 3, info->height / 3});
   return 0;
 }
 

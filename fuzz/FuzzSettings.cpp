@@ -8,13 +8,13 @@
 
 namespace vellumry::fuzz {
 
-int FuzzSettings(const uint8_t* data, size_t size) {
+int fuzzSettings(const uint8_t* data, size_t size) {
   const std::string_view bytes(reinterpret_cast<const char*>(data), size);
   os::ProfileDocument document(bytes);
-  if (document.Bytes() != bytes) __builtin_trap();
-  document.SetValue("Settings", "rows", "7");
+  if (document.bytes() != bytes) __builtin_trap();
+  document.setValue("Settings", "rows", "7");
   if (document.Value("Settings", "rows") != "7") __builtin_trap();
-  if (os::ProfileDocument(document.Bytes()).Value("Settings", "rows") != "7") __builtin_trap();
+  if (os::ProfileDocument(document.bytes()).Value("Settings", "rows") != "7") __builtin_trap();
   return 0;
 }
 

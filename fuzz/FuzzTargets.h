@@ -10,22 +10,22 @@
 
 namespace vellumry::fuzz {
 
-int FuzzProbe(const uint8_t* data, size_t size);
-int FuzzJpeg(const uint8_t* data, size_t size);
-int FuzzPng(const uint8_t* data, size_t size);
-int FuzzTiff(const uint8_t* data, size_t size);
-int FuzzGif(const uint8_t* data, size_t size);
-int FuzzBmp(const uint8_t* data, size_t size);
-int FuzzIco(const uint8_t* data, size_t size);
-int FuzzDib(const uint8_t* data, size_t size);
-int FuzzIconData(const uint8_t* data, size_t size);
-int FuzzWmf(const uint8_t* data, size_t size);
-int FuzzEmf(const uint8_t* data, size_t size);
-int FuzzLinkList(const uint8_t* data, size_t size);
-int FuzzSettings(const uint8_t* data, size_t size);
-int FuzzGifFile(const uint8_t* data, size_t size);
-int FuzzGifStrip(const uint8_t* data, size_t size);
-int FuzzExif(const uint8_t* data, size_t size);
-int FuzzPngText(const uint8_t* data, size_t size);
+int fuzzProbe(const uint8_t* data, size_t size);
+int fuzzJpeg(const uint8_t* data, size_t size);
+int fuzzPng(const uint8_t* data, size_t size);
+int fuzzTiff(const uint8_t* data, size_t size);
+int fuzzGif(const uint8_t* data, size_t size);
+int fuzzBmp(const uint8_t* data, size_t size);
+int fuzzIco(const uint8_t* data, size_t size);
+int fuzzDib(const uint8_t* data, size_t size);
+int fuzzIconData(const uint8_t* data, size_t size);
+int fuzzWmf(const uint8_t* data, size_t size);
+int fuzzEmf(const uint8_t* data, size_t size);
+int fuzzLinkList(const uint8_t* data, size_t size);
+int fuzzSettings(const uint8_t* data, size_t size);
+int fuzzGifFile(const uint8_t* data, size_t size);
+int fuzzGifStrip(const uint8_t* data, size_t size);
+int fuzzExif(const uint8_t* data, size_t size);
+int fuzzPngText(const uint8_t* data, size_t size);
 
 }  // namespace vellumry::fuzz

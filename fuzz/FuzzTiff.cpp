@@ -4,15 +4,15 @@
 
 namespace vellumry::fuzz {
 
-int FuzzTiff(const uint8_t* data, size_t size) {
+int fuzzTiff(const uint8_t* data, size_t size) {
   const std::span<const uint8_t> bytes(data, size);
-  const auto info = codecs::ProbeTiff(bytes);
-  codecs::DecodeTiff(bytes, 0, {});
-  codecs::DecodeTiff(bytes, 0, {}, 4);
+  const auto info = codecs::probeTiff(bytes);
+  codecs::decodeTiff(bytes, 0, {});
+  codecs::decodeTiff(bytes, 0, {}, 4);
   codecs::Leniency strict;
   strict.tiffDamagedStrips = false;
-  codecs::DecodeTiff(bytes, 0, strict, 4);
-  if (info && info->frameCount > 1) codecs::DecodeTiff(bytes, 1, {});
+  codecs::decodeTiff(bytes, 0, strict, 4);
+  if (info && info->frameCount > 1) codecs::decodeTiff(bytes, 1, {});
   return 0;
 }
 

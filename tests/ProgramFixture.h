@@ -37,7 +37,7 @@ class ProgramFixture : public ::testing::Test {
     ::setenv("XDG_DATA_HOME", (root / "data").c_str(), 1);
     // And thumbnails to a cache of its own.
     ::setenv("XDG_CACHE_HOME", (root / "cache").c_str(), 1);
-    vellumry::os::CreateSettingsFileIfMissing(iniPath());
+    vellumry::os::createSettingsFileIfMissing(iniPath());
   }
   void TearDown() override {
     program.reset();

@@ -20,7 +20,7 @@ int main(int argc, char** argv) {
   driver.shot = [](vellumry::Program& program, const std::string& png) {
     return presenter::saveShot(program.runtime, nullptr, QString::fromStdString(png));
   };
-  driver.host().screenPicture = [&driver] {
+  driver.host().drawScreen = [&driver] {
     tk::Runtime& runtime = driver.program()->runtime;
     return presenter::asPicture(presenter::renderScreen(runtime), runtime.screen().TwipsPerPixelX);
   };

@@ -144,12 +144,12 @@ std::string shownPixel(const Target& t, double twipsPerPixel, int x, int y) {
   const int width = pixels("Width"), height = pixels("Height");
   if (x < 0 || y < 0 || x >= width || y >= height) raise(err::InvalidCall, "no such pixel");
   gdi::Surface shown(width, height, gdi::AlphaMode::kOpaque);
-  gdi::Fill(shown, {0, 0, width, height},
+  gdi::fill(shown, {0, 0, width, height},
             tk::pixelOf(static_cast<uint32_t>(tk::CLng(tk::toNumber(holder.get("BackColor"))))));
   picture.Render(shown, 0, 0, width, height, 0, picture.Height(), picture.Width(),
                  -picture.Height());
   char hex[16];
-  std::snprintf(hex, sizeof hex, "0x%06X", shown.Pixel(x, y) & 0xFFFFFFu);
+  std::snprintf(hex, sizeof hex, "0x%06X", shown.pixel(x, y) & 0xFFFFFFu);
   return hex;
 }
 
@@ -293,7 +293,7 @@ const std::vector<Driver::Verb>& Driver::verbs() {
       {"pictures", 2, "pictures DIR", [](Driver& d, A a) { d.places_.picturesFolder = a[1]; }},
       {"named", 2, "named PATH",
        [](Driver& d, A a) {
-         TakeCommandLine({"vellumry", a[1]}, d.places_);
+         takeCommandLine({"vellumry", a[1]}, d.places_);
        }},
       {"start", 1, "start", [](Driver& d, A) { d.start(); }},
       {"wait", 2, "wait MS",
@@ -346,10 +346,10 @@ const std::vector<Driver::Verb>& Driver::verbs() {
        }},
       {"dump", 2, "dump FORM", [](Driver& d, A a) { d.out_ << dumpJson(d.form(a[1])) << "\n"; }},
       {"setting", 3, "setting KEY VALUE",
-       [](Driver& d, A a) { d.running().WriteSetting(a[1], a[2]); }},
+       [](Driver& d, A a) { d.running().writeSetting(a[1], a[2]); }},
       {"file", 2, "file FILE",
        [](Driver& d, A a) {
-         const auto bytes = os::ReadWholeFile(a[1]);
+         const auto bytes = os::readWholeFile(a[1]);
          d.out_ << (bytes ? tk::jsonQuote(std::string(bytes->begin(), bytes->end())) : "missing")
                 << "\n";
        }},

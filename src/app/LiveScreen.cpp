@@ -34,7 +34,7 @@ LiveScreen::LiveScreen(Driver& driver) : driver_(driver) {
   driver.shot = [this](Program& program, const std::string& png) {
     return presenter::saveShot(program.runtime, presenter_.get(), QString::fromStdString(png));
   };
-  driver.host().screenPicture = [this] {
+  driver.host().drawScreen = [this] {
     tk::Runtime& runtime = driver_.program()->runtime;
     return presenter::asPicture(presenter::renderScreen(*presenter_),
                                 runtime.screen().TwipsPerPixelX);
@@ -45,7 +45,7 @@ LiveScreen::~LiveScreen() {
   driver_.onStart = nullptr;
   driver_.afterCommand = nullptr;
   driver_.shot = nullptr;
-  driver_.host().screenPicture = nullptr;
+  driver_.host().drawScreen = nullptr;
 }
 
 }  // namespace vellumry

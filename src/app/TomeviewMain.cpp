@@ -8,9 +8,9 @@
 #include "platform/os/Folders.h"
 
 int main() {
-  const std::string folder = vellumry::os::ExecutableFolder();
+  const std::string folder = vellumry::os::executableFolder();
   const std::filesystem::path page =
-      std::filesystem::path(vellumry::os::DataFolderFor(folder)) / "help" / "index.html";
+      std::filesystem::path(vellumry::os::dataFolderFor(folder)) / "help" / "index.html";
   if (folder.empty() || !std::filesystem::is_regular_file(page)) {
     std::fprintf(stderr, "tomeview: no help page at %s\n", page.c_str());
     return 1;

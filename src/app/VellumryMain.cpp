@@ -17,9 +17,9 @@ int main(int argc, char** argv) {
   QApplication app(argc, argv);
   QRect area = app.primaryScreen()->geometry();
 
-  vellumry::Places places{os::SettingsFolder(), os::InstallFolder(), os::PicturesFolder()};
+  vellumry::Places places{os::settingsFolder(), os::installFolder(), os::picturesFolder()};
   // Names are bytes: taken as they stand, not through Qt's text.
-  TakeCommandLine(std::vector<std::string>(argv, argv + argc), places);
+  takeCommandLine(std::vector<std::string>(argv, argv + argc), places);
 
   presenter::QtHost host;
   vellumry::Program program(host, tk::EventLoop::Clock::Real,

@@ -33,8 +33,8 @@ gdi::Surface framePixels(const gdi::IndexedSurface& strip, const GifFrame& f,
 void place(gdi::Surface& target, gdi::Rect rect, const gdi::Surface& pixels, bool stretch,
            gdi::RasterOp op) {
   const gdi::Rect whole{0, 0, pixels.Width(), pixels.Height()};
-  if (!stretch) return gdi::Blit(target, rect.x, rect.y, pixels, whole, op);
-  gdi::StretchHalftone(target, rect, pixels, whole, op);
+  if (!stretch) return gdi::blit(target, rect.x, rect.y, pixels, whole, op);
+  gdi::stretchHalftone(target, rect, pixels, whole, op);
 }
 }  // namespace
 
@@ -145,14 +145,14 @@ bool cGIFViewer::SetAnimationBkg(int32_t bkgMethod, AnimationBkg bkgDC_Color, in
   if (fromDc) {
     const int32_t x = bkgDC_X < 0 ? DestX : bkgDC_X;
     const int32_t y = bkgDC_Y < 0 ? DestY : bkgDC_Y;
-    gdi::Blit(m_Cache.bitmap, 0, m_Cache.DestCy, *bkgDC_Color.dc,
+    gdi::blit(m_Cache.bitmap, 0, m_Cache.DestCy, *bkgDC_Color.dc,
               {x, y, m_Cache.DestCx, m_Cache.DestCy}, gdi::RasterOp::kCopy);
-    gdi::Blit(m_Cache.bitmap, 0, 0, m_Cache.bitmap,
+    gdi::blit(m_Cache.bitmap, 0, 0, m_Cache.bitmap,
               {0, m_Cache.DestCy, m_Cache.DestCx, m_Cache.DestCy}, gdi::RasterOp::kCopy);
   } else {
     m_Cache.hBrush = true;
     m_Cache.brushPixel = tk::pixelOf(static_cast<uint32_t>(bkgDC_Color.color));
-    gdi::Fill(m_Cache.bitmap, canvas, m_Cache.brushPixel);
+    gdi::fill(m_Cache.bitmap, canvas, m_Cache.brushPixel);
   }
   if (wasPlaying) setAnimationState(1);
   return true;
@@ -163,7 +163,7 @@ void cGIFViewer::SetAnimationBkgColor(int32_t bkgColor) {
   const bool wasPlaying = m_State == 1;
   if (wasPlaying) setAnimationState(2);
   m_Cache.brushPixel = tk::pixelOf(static_cast<uint32_t>(bkgColor));
-  gdi::Fill(m_Cache.bitmap, {0, 0, m_Cache.DestCx + 1, m_Cache.DestCy + 1}, m_Cache.brushPixel);
+  gdi::fill(m_Cache.bitmap, {0, 0, m_Cache.DestCx + 1, m_Cache.DestCy + 1}, m_Cache.brushPixel);
   if (wasPlaying) setAnimationState(1);
 }
 
@@ -204,7 +204,7 @@ bool cGIFViewer::DrawFrame(int32_t Index, gdi::Surface* hDC, const RefreshWindow
       if (f.Top + f.Height > m_Cache.DestCy) rect.height = m_Cache.DestCy - f.Top;
     }
     if (f.Disposal == 3) {
-      gdi::Blit(m_Cache.bitmap, 0, saveAreaY(), m_Cache.bitmap, rect, gdi::RasterOp::kCopy);
+      gdi::blit(m_Cache.bitmap, 0, saveAreaY(), m_Cache.bitmap, rect, gdi::RasterOp::kCopy);
     }
   } else {
     float sx = 1, sy = 1;
@@ -214,7 +214,7 @@ bool cGIFViewer::DrawFrame(int32_t Index, gdi::Surface* hDC, const RefreshWindow
   gdi::Surface& target = Cached ? m_Cache.bitmap : *hDC;
   BlitFrame(Index, target, (mode & ~kCentred) != 0, rect);
   if (Cached) {
-    gdi::Blit(*hDC, m_Cache.DestX, m_Cache.DestY, m_Cache.bitmap,
+    gdi::blit(*hDC, m_Cache.DestX, m_Cache.DestY, m_Cache.bitmap,
               {0, 0, m_Cache.DestCx, m_Cache.DestCy}, gdi::RasterOp::kCopy);
     dispose(f, rect);
   }
@@ -236,13 +236,13 @@ void cGIFViewer::dispose(const GifFrame& f, gdi::Rect rect) {
                          floorOf(double{m_Cache.ScaleX} * (f.Left + f.Width)) - rect.x,
                          floorOf(double{m_Cache.ScaleY} * (f.Top + f.Height)) - rect.y};
     if (m_Cache.hBrush) {
-      gdi::Fill(m_Cache.bitmap, area, m_Cache.brushPixel);
+      gdi::fill(m_Cache.bitmap, area, m_Cache.brushPixel);
     } else {
-      gdi::Blit(m_Cache.bitmap, area.x, area.y, m_Cache.bitmap,
+      gdi::blit(m_Cache.bitmap, area.x, area.y, m_Cache.bitmap,
                 {area.x, area.y + m_Cache.DestCy, area.width, area.height}, gdi::RasterOp::kCopy);
     }
   } else if (f.Disposal == 3) {
-    gdi::Blit(m_Cache.bitmap, rect.x, rect.y, m_Cache.bitmap,
+    gdi::blit(m_Cache.bitmap, rect.x, rect.y, m_Cache.bitmap,
               {0, saveAreaY(), rect.width, rect.height}, gdi::RasterOp::kCopy);
   }
 }

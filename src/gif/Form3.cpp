@@ -103,11 +103,11 @@ void Form3::GetRenderDC(int32_t, int32_t, gdi::Surface*& destDC, RefreshWindow& 
   const int w = static_cast<int>(picBkg.ScaleWidth()), h = static_cast<int>(picBkg.ScaleHeight());
   if (canvas_.Width() != w || canvas_.Height() != h) {
     canvas_ = gdi::Surface(w, h, gdi::AlphaMode::kOpaque);
-    gdi::Fill(canvas_, {0, 0, w, h}, tk::pixelOf(picBkg.BackColor()));
+    gdi::fill(canvas_, {0, 0, w, h}, tk::pixelOf(picBkg.BackColor()));
   }
   destDC = &canvas_;
   hwndRefresh = [this](gdi::Rect) {
-    picBkg.setPicture(gdi::Picture::FromSurface(canvas_, runtime().screen().TwipsPerPixelX));
+    picBkg.setPicture(gdi::Picture::fromSurface(canvas_, runtime().screen().TwipsPerPixelX));
   };
 }
 
@@ -127,7 +127,7 @@ void Form3::setBackground(int32_t StretchMode) {
   if (!gifViewer) return;
   // A rebuilt cache starts from the background, around it as much as under it: nothing of
   // what the old size drew stays on the picture box.
-  gdi::Fill(canvas_, {0, 0, canvas_.Width(), canvas_.Height()}, tk::pixelOf(picBkg.BackColor()));
+  gdi::fill(canvas_, {0, 0, canvas_.Width(), canvas_.Height()}, tk::pixelOf(picBkg.BackColor()));
   const tk::Screen& screen = runtime().screen();
   const auto px = [&](double twips) {
     return static_cast<int32_t>(tk::roundHalfEven(twips / screen.TwipsPerPixelX));

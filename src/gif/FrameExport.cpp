@@ -11,7 +11,7 @@ namespace vellumry {
 namespace {
 
 // The frame's rectangle of the strip in its own colours; nothing when it doesn't lie there.
-std::optional<gdi::IndexedSurface> FramePixels(const GifFile& gif, const FrameStrip& strip,
+std::optional<gdi::IndexedSurface> framePixels(const GifFile& gif, const FrameStrip& strip,
                                                const GifFrame& frame) {
   const gdi::IndexedSurface& from = strip.m_Strip;
   if (frame.Width < 1 || frame.Height < 1 || frame.StripX < 0 ||
@@ -23,20 +23,19 @@ std::optional<gdi::IndexedSurface> FramePixels(const GifFile& gif, const FrameSt
   for (int y = 0; y < frame.Height; ++y) {
     std::memcpy(pixels.Row(y), from.Row(y) + frame.StripX, frame.Width);
   }
-  pixels.SetColors(gif.m_Palettes[frame.PaletteRow]);
+  pixels.setColors(gif.m_Palettes[frame.PaletteRow]);
   return pixels;
 }
 
 gdi::Picture FrameToBitmap(const gdi::IndexedSurface& pixels) {
-  return gdi::Picture::FromSurface(pixels.ToSurface());
+  return gdi::Picture::fromSurface(pixels.toSurface());
 }
 
 gdi::Picture FrameToGif(const gdi::IndexedSurface& pixels, const GifFrame& frame) {
-  const auto bytes =
-      codecs::EncodeGif(pixels, frame.HasTrans ? frame.TransIndex : -1);
-  auto decoded = codecs::Decode(bytes);
+  const auto bytes = codecs::encodeGif(pixels, frame.HasTrans ? frame.TransIndex : -1);
+  auto decoded = codecs::decode(bytes);
   if (!decoded) return {};
-  return gdi::Picture::FromSurface(std::move(decoded->surface));
+  return gdi::Picture::fromSurface(std::move(decoded->surface));
 }
 
 }  // namespace
@@ -45,7 +44,7 @@ gdi::Picture FrameImage(const GifFile& gif, const FrameStrip& strip, int32_t Ind
                         int32_t PicType) {
   if (Index < 1 || Index > static_cast<int32_t>(gif.m_Frames.size())) return {};
   const GifFrame& frame = gif.m_Frames[Index - 1];
-  const auto pixels = FramePixels(gif, strip, frame);
+  const auto pixels = framePixels(gif, strip, frame);
   if (!pixels) return {};
   return PicType == 1 ? FrameToBitmap(*pixels) : FrameToGif(*pixels, frame);
 }

@@ -20,7 +20,7 @@ constexpr size_t kTableBytes = 768;
 constexpr size_t kHeaderBytes = kScreenBytes + kTableBytes;
 constexpr size_t kControlBytes = 8;
 
-void WriteIdentityTable(uint8_t* table, size_t entries) {
+void writeIdentityTable(uint8_t* table, size_t entries) {
   for (size_t i = 0; i < entries; ++i) {
     table[3 * i] = 0;
     table[3 * i + 1] = 0;
@@ -36,20 +36,20 @@ class FrameWrapper {
     buffer_.assign(file.begin(), file.begin() + kScreenBytes);
     buffer_[10] |= 0x87;  // a global table of 256 entries
     buffer_.resize(kHeaderBytes);
-    WriteIdentityTable(buffer_.data() + kScreenBytes, 256);
+    writeIdentityTable(buffer_.data() + kScreenBytes, 256);
   }
 
   // The single-image GIF of `frame`; empty when its bytes aren't in the file.
-  std::span<const uint8_t> Wrap(const GifFrame& frame, const FrameSpan& span) {
+  std::span<const uint8_t> wrap(const GifFrame& frame, const FrameSpan& span) {
     buffer_.resize(kHeaderBytes);
     // A graphic control goes along, but without transparency, so that every index comes out.
     if (span.Offset != frame.StripX) {
-      const auto control = file_.Slice(int64_t{frame.StripX} - 1, kControlBytes);
+      const auto control = file_.slice(int64_t{frame.StripX} - 1, kControlBytes);
       if (control.empty()) return {};
       buffer_.insert(buffer_.end(), control.begin(), control.end());
       buffer_[kHeaderBytes + 3] &= ~1;
     }
-    const auto image = file_.Slice(int64_t{span.Offset} - 1, span.Length);
+    const auto image = file_.slice(int64_t{span.Offset} - 1, span.Length);
     if (image.size() < 10) return {};
     const size_t at = buffer_.size();
     buffer_.insert(buffer_.end(), image.begin(), image.end());
@@ -60,7 +60,7 @@ class FrameWrapper {
     if (flags & 0x80) {
       const size_t entries = size_t{1} << ((flags & 7) + 1);
       if (image.size() < 10 + 3 * entries) return {};
-      WriteIdentityTable(descriptor + 10, entries);
+      writeIdentityTable(descriptor + 10, entries);
     }
     buffer_.push_back(0x3B);
     return buffer_;
@@ -71,7 +71,7 @@ class FrameWrapper {
   std::vector<uint8_t> buffer_;
 };
 
-void Place(const gdi::IndexedSurface& frame, gdi::IndexedSurface& strip, int x, int width,
+void place(const gdi::IndexedSurface& frame, gdi::IndexedSurface& strip, int x, int width,
            int height) {
   const int rows = std::min({frame.Height(), height, strip.Height()});
   const int columns = std::min({frame.Width(), width, strip.Width() - x});
@@ -105,7 +105,7 @@ bool BuildStrip(GifFile& gif, FrameStrip& strip, const StripProgress& progress) 
     return false;
   }
   strip.m_Strip = gdi::IndexedSurface(static_cast<int>(width), height);
-  strip.m_Strip.SetColors(gdi::IndexedSurface::IdentityTable());
+  strip.m_Strip.setColors(gdi::IndexedSurface::identityTable());
   gif.m_PalTop = -1;
   if (anyTransparent) strip.m_Mask.emplace();
 
@@ -113,7 +113,7 @@ bool BuildStrip(GifFile& gif, FrameStrip& strip, const StripProgress& progress) 
   int32_t x = 0;
   for (int32_t i = 0; i < count; ++i) {
     GifFrame& frame = gif.m_Frames[i];
-    const auto wrapped = wrapper.Wrap(frame, gif.m_Spans[i]);
+    const auto wrapped = wrapper.wrap(frame, gif.m_Spans[i]);
     if (wrapped.empty()) {
       strip = {};
       return false;
@@ -121,12 +121,12 @@ bool BuildStrip(GifFile& gif, FrameStrip& strip, const StripProgress& progress) 
     frame.StripX = x;
     x += frame.Width;
     // A frame the decoder refuses stays a gap of index 0.
-    if (const auto pixels = codecs::DecodeGifIndexed(wrapped, {})) {
-      Place(*pixels, strip.m_Strip, frame.StripX, frame.Width, frame.Height);
+    if (const auto pixels = codecs::decodeGifIndexed(wrapped, {})) {
+      place(*pixels, strip.m_Strip, frame.StripX, frame.Width, frame.Height);
     }
     if (i == 0 && progress.FirstFrame) {
       progress.FirstFrame();
-      strip.m_Strip.SetColors(gdi::IndexedSurface::IdentityTable());
+      strip.m_Strip.setColors(gdi::IndexedSurface::identityTable());
       gif.m_PalTop = -1;
     }
     if (progress.FrameLoaded)

@@ -20,15 +20,15 @@ class Reader {
  public:
   explicit Reader(std::span<const uint8_t> file) : file_(file) {}
 
-  int64_t Position() const { return at_ + 1; }
-  void Seek(int64_t position) { at_ = position - 1; }
+  int64_t position() const { return at_ + 1; }
+  void seek(int64_t position) { at_ = position - 1; }
 
   uint8_t ReadByte() {
-    if (at_ >= Size()) PastTheEnd();
+    if (at_ >= Size()) pastTheEnd();
     return file_[at_++];
   }
   uint16_t ReadWord() {
-    if (at_ + 1 >= Size()) PastTheEnd();
+    if (at_ + 1 >= Size()) pastTheEnd();
     const uint16_t word = static_cast<uint16_t>(file_[at_] | file_[at_ + 1] << 8);
     at_ += 2;
     return word;
@@ -44,7 +44,7 @@ class Reader {
   // 2^bits RGB triples into the first entries of `row`; the rest keep what they held.
   void ReadPalette(ColorRow& row, int bits) {
     const int n = 1 << bits;
-    if (at_ + 3 * n > Size()) PastTheEnd();
+    if (at_ + 3 * n > Size()) pastTheEnd();
     for (int i = 0; i < n; ++i, at_ += 3) {
       row[i] = uint32_t{file_[at_]} << 16 | uint32_t{file_[at_ + 1]} << 8 | file_[at_ + 2];
     }
@@ -55,7 +55,7 @@ class Reader {
 
  private:
   int64_t Size() const { return static_cast<int64_t>(file_.size()); }
-  [[noreturn]] static void PastTheEnd() { throw EndOfFile{}; }
+  [[noreturn]] static void pastTheEnd() { throw EndOfFile{}; }
 
   std::span<const uint8_t> file_;
   int64_t at_ = 0;  // 0-based; may lie past the end after a skip
@@ -66,30 +66,30 @@ ColorRow& PaletteRow(GifFile& gif, int32_t row) {
   return gif.m_Palettes[row];
 }
 
-bool IsLooping(std::vector<uint8_t> identifier) {
+bool isLooping(std::vector<uint8_t> identifier) {
   for (uint8_t& c : identifier) c = static_cast<uint8_t>(std::toupper(c));
   constexpr std::string_view kLooping = "NETSCAPE2.0";
   return std::string_view(reinterpret_cast<const char*>(identifier.data()), identifier.size()) ==
          kLooping;
 }
 
-void ReadApplication(Reader& in, GifFile& gif) {
+void readApplication(Reader& in, GifFile& gif) {
   const uint8_t n = in.ReadByte();
-  if (IsLooping(in.ReadBytes(n))) {
+  if (isLooping(in.ReadBytes(n))) {
     if (in.ReadByte() == 3) {
       in.ReadByte();
       gif.m_LoopCount = in.ReadWord();
     } else {
-      in.Seek(in.Position() - 1);  // another layout: skipped as plain sub-blocks
+      in.seek(in.position() - 1);  // another layout: skipped as plain sub-blocks
     }
   }
   in.SkipSubBlocks();
 }
 
 // A new record each time, so only the last graphic control before an image counts.
-void ReadGraphicControl(Reader& in, GifFile& gif, GifFrame& pending) {
+void readGraphicControl(Reader& in, GifFile& gif, GifFrame& pending) {
   pending = {};
-  pending.StripX = static_cast<int32_t>(in.Position() - 2);
+  pending.StripX = static_cast<int32_t>(in.position() - 2);
   in.ReadByte();  // block size, trusted to be 4
   const uint8_t flags = in.ReadByte();
   // Two of the three disposal bits: 4 to 7 fold down to 0 to 3.
@@ -100,14 +100,14 @@ void ReadGraphicControl(Reader& in, GifFile& gif, GifFrame& pending) {
   if (pending.HasTrans) {
     pending.TransIndex = in.ReadByte();
   } else {
-    in.Seek(pending.StripX + 7);
+    in.seek(pending.StripX + 7);
   }
   in.SkipSubBlocks();
 }
 
 // False for an image with no colour table to draw it in: the whole file is refused then.
-bool ReadImage(Reader& in, GifFile& gif, GifFrame& pending, bool hasGlobalTable) {
-  const int32_t separator = static_cast<int32_t>(in.Position() - 1);
+bool readImage(Reader& in, GifFile& gif, GifFrame& pending, bool hasGlobalTable) {
+  const int32_t separator = static_cast<int32_t>(in.position() - 1);
   if (pending.StripX == 0) pending.StripX = separator;
   pending.Left = in.ReadWord();
   pending.Top = in.ReadWord();
@@ -121,14 +121,14 @@ bool ReadImage(Reader& in, GifFile& gif, GifFrame& pending, bool hasGlobalTable)
   } else if (!hasGlobalTable) {
     return false;
   }
-  const int64_t data = in.Position();
+  const int64_t data = in.position();
   in.ReadByte();  // LZW minimum code size: the decoder's business
   in.SkipSubBlocks();
   // An image without a single data sub-block has nothing to decode: it is dropped, and its
   // graphic control with it.
-  if (in.Position() - data >= 3) {
+  if (in.position() - data >= 3) {
     gif.m_Frames.push_back(pending);
-    gif.m_Spans.push_back({static_cast<int32_t>(in.Position() - separator), separator});
+    gif.m_Spans.push_back({static_cast<int32_t>(in.position() - separator), separator});
     gif.m_Width = std::max(gif.m_Width, pending.Left + pending.Width);
     gif.m_Height = std::max(gif.m_Height, pending.Top + pending.Height);
   }
@@ -136,21 +136,21 @@ bool ReadImage(Reader& in, GifFile& gif, GifFrame& pending, bool hasGlobalTable)
   return true;
 }
 
-bool HasSignature(std::span<const uint8_t> file) {
+bool hasSignature(std::span<const uint8_t> file) {
   std::string signature(file.begin(), file.begin() + 6);
   for (char& c : signature) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
   return signature == "gif89a" || signature == "gif87a";
 }
 
 // The walk over the blocks; false when the file must be refused whole.
-bool Walk(std::span<const uint8_t> file, GifFile& gif) {
-  if (!HasSignature(file)) return false;
+bool walk(std::span<const uint8_t> file, GifFile& gif) {
+  if (!hasSignature(file)) return false;
   Reader in(file);
   // The logical screen's size and aspect are never read: the frames make the canvas.
-  in.Seek(11);
+  in.seek(11);
   const uint8_t packed = in.ReadByte();
   gif.m_BkgIndex = in.ReadByte();
-  in.Seek(14);
+  in.seek(14);
   try {
     const bool hasGlobalTable = packed & 0x80;
     if (hasGlobalTable) in.ReadPalette(PaletteRow(gif, 0), (packed & 7) + 1);
@@ -161,14 +161,14 @@ bool Walk(std::span<const uint8_t> file, GifFile& gif) {
       if (block == 0x21) {
         const uint8_t label = in.ReadByte();
         if (label == 0xFF) {
-          ReadApplication(in, gif);
+          readApplication(in, gif);
         } else if (label == 0xF9) {
-          ReadGraphicControl(in, gif, pending);
+          readGraphicControl(in, gif, pending);
         } else {
           in.SkipSubBlocks();
         }
       } else if (block == 0x2C) {
-        if (!ReadImage(in, gif, pending, hasGlobalTable)) return false;
+        if (!readImage(in, gif, pending, hasGlobalTable)) return false;
       } else {
         break;  // the trailer, or a byte where no block can begin
       }
@@ -185,7 +185,7 @@ int32_t ReadGifFile(std::vector<uint8_t> fileData, GifFile& gif) {
   // Positions are 32-bit, so a file beyond that is as unusable as one too short for a header.
   if (fileData.size() < 20 || fileData.size() > std::numeric_limits<int32_t>::max()) return 0;
   gif.m_FileData = std::move(fileData);
-  if (!Walk(gif.m_FileData, gif) || gif.m_Frames.empty()) gif = {};
+  if (!walk(gif.m_FileData, gif) || gif.m_Frames.empty()) gif = {};
   return static_cast<int32_t>(gif.m_Frames.size());
 }
 

@@ -15,7 +15,7 @@ void Grid::pThumbnailCache() {
   const tk::Image& cell = form_.Image1(0);
   const double longest =
       std::max(cell.Width() / screen.TwipsPerPixelX, cell.Height() / screen.TwipsPerPixelY);
-  program_.pictures().thumbnails().configure(program_.ReadSetting("thumbcache") != "0",
+  program_.pictures().thumbnails().configure(program_.readSetting("thumbcache") != "0",
                                              static_cast<int>(std::ceil(longest)));
 }
 

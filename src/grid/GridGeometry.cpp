@@ -7,7 +7,7 @@
 
 namespace vellumry {
 
-using tk::IntDiv;
+using tk::intDiv;
 using tk::resumeNext;
 
 namespace {
@@ -17,13 +17,13 @@ constexpr double kMinCell = 1264;  // a cell must be taller than this
 void Grid::pSizeCell() {
   double T = form_.screenH(), S = form_.screenW();
   tk::Image& cell = form_.Image1(0);
-  for (int16_t r = tk::CInt(program_.ReadSettingNumber("rows")); r >= 2; --r) {
-    cell.setHeight(static_cast<double>(IntDiv(T, r) - IntDiv(300, r)));
+  for (int16_t r = tk::CInt(program_.readSettingNumber("rows")); r >= 2; --r) {
+    cell.setHeight(static_cast<double>(intDiv(T, r) - intDiv(300, r)));
     if (cell.Height() > kMinCell) break;
   }
-  if (program_.ReadSetting("frameprop") == "1") {
-    for (int16_t r = tk::CInt(program_.ReadSettingNumber("rows")); r >= 2; --r) {
-      cell.setWidth(static_cast<double>(IntDiv(S, r) - IntDiv(600, r)));
+  if (program_.readSetting("frameprop") == "1") {
+    for (int16_t r = tk::CInt(program_.readSettingNumber("rows")); r >= 2; --r) {
+      cell.setWidth(static_cast<double>(intDiv(S, r) - intDiv(600, r)));
       if (cell.Width() > kMinCell) break;
     }
   } else {
@@ -83,8 +83,8 @@ void Grid::pRollRow() {
     resumeNext([&] { form_.Image1(j).setTop(form_.Image1(j).Top() - form_.Image1(j).Height()); });
     resumeNext([&] {
       tk::Image& pic = form_.Image123(j);
-      pic.setTop(form_.Image1(j).Top() + static_cast<double>(IntDiv(form_.Image1(j).Height(), 2) -
-                                                             IntDiv(pic.Height(), 2)));
+      pic.setTop(form_.Image1(j).Top() + static_cast<double>(intDiv(form_.Image1(j).Height(), 2) -
+                                                             intDiv(pic.Height(), 2)));
     });
   }
 }

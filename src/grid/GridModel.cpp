@@ -19,10 +19,10 @@ void Grid::pAct() {
   pSizeCell();
   pThumbnailCache();
   form_.Image1(0).setLeft(-form_.Image1(0).Width());
-  form_.Frame1.setBackColor(static_cast<uint32_t>(program_.ReadSettingNumber("gformc")));
-  form_.Frame3(0).setBorderColor(static_cast<uint32_t>(program_.ReadSettingNumber("gselfrc")));
-  program_.viewer.setSlideMs(static_cast<int32_t>(program_.ReadSettingNumber("slsh") * 1000));
-  program_.viewer.setAniGif(program_.ReadSetting("anigifp"));
+  form_.Frame1.setBackColor(static_cast<uint32_t>(program_.readSettingNumber("gformc")));
+  form_.Frame3(0).setBorderColor(static_cast<uint32_t>(program_.readSettingNumber("gselfrc")));
+  program_.viewer.setSlideMs(static_cast<int32_t>(program_.readSettingNumber("slsh") * 1000));
+  program_.viewer.setAniGif(program_.readSetting("anigifp"));
   form_.Timer5.setEnabled(true);
 }
 
@@ -103,7 +103,7 @@ void Grid::pCaption() {
     p.links.setCurLink(static_cast<int16_t>(i));
     return;
   }
-  std::string caption = os::LastComponent(form_.File2.Path());
+  std::string caption = os::lastComponent(form_.File2.Path());
   p.Form0.form().setCaption(tk::Trim(caption).empty() ? "Vellumry" : caption);
 }
 
@@ -163,7 +163,7 @@ void Grid::Timer2_Timer() {
       p.grid.aDeleted_[static_cast<size_t>(position)] = 0;
       // A file that vanished meanwhile is no error: its mark goes all the same.
       if (nAfterClear > kDeleteMarked)
-        os::DiscardFile(form_.File2.Path() + "/" + form_.File2.FileName());
+        os::discardFile(form_.File2.Path() + "/" + form_.File2.FileName());
       --p.grid.nDeleted_;
       form_.Img1.Unload(position);
     });

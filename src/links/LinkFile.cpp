@@ -15,7 +15,7 @@ std::vector<std::string_view> split(std::string_view text) {
 }
 }  // namespace
 
-std::vector<LinkRecord> ParseLinkList(std::string_view text) {
+std::vector<LinkRecord> parseLinkList(std::string_view text) {
   const std::vector<std::string_view> parts = split(text);
   const size_t last = parts.size() - 1;
   std::vector<LinkRecord> records;
@@ -24,7 +24,7 @@ std::vector<LinkRecord> ParseLinkList(std::string_view text) {
   return records;
 }
 
-std::string FormatLinkList(const std::vector<LinkRecord>& records) {
+std::string formatLinkList(const std::vector<LinkRecord>& records) {
   if (records.empty()) return std::string(kLinkSeparator);
   std::string text;
   for (const LinkRecord& r : records)

@@ -21,9 +21,9 @@ struct LinkRecord {
 // the last separator, whatever it holds, is dropped with the pairing. So a text whose last
 // target lost its separator gives one record fewer, and a text without a separator none.
 // Any number of records is read, so a list longer than 499 links survives a restart.
-std::vector<LinkRecord> ParseLinkList(std::string_view text);
+std::vector<LinkRecord> parseLinkList(std::string_view text);
 
 // The text of `records`: "name*%*target" joined by "*%*", with a final "*%*" and no line end.
-std::string FormatLinkList(const std::vector<LinkRecord>& records);
+std::string formatLinkList(const std::vector<LinkRecord>& records);
 
 }  // namespace vellumry

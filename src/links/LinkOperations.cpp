@@ -49,8 +49,8 @@ void Links::btnADD_Click() {
   }
   frmEdit& dialog = program_.frmEdit();
   dialog.Label(1).setCaption(path);
-  const bool prompt = program_.ReadSetting("lnvar") != "0";
-  dialog.Text1.setText(prompt ? os::LastComponent(path) : "");
+  const bool prompt = program_.readSetting("lnvar") != "0";
+  dialog.Text1.setText(prompt ? os::lastComponent(path) : "");
   dialog.pShowMode("add");
   form_.setEnabled(false);
 }

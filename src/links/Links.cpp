@@ -25,10 +25,10 @@ void Links::pLoadlist() {
   form_.List(0).Clear();
   form_.List(1).Clear();
   // A missing or unreadable file is an empty list, without a word.
-  const auto bytes = os::ReadWholeFile(listPath());
+  const auto bytes = os::readWholeFile(listPath());
   if (!bytes) return;
   const std::string_view text(reinterpret_cast<const char*>(bytes->data()), bytes->size());
-  for (const LinkRecord& record : ParseLinkList(text)) {
+  for (const LinkRecord& record : parseLinkList(text)) {
     form_.List(0).AddItem(record.name);
     form_.List(1).AddItem(record.target);
   }
@@ -40,7 +40,7 @@ void Links::btnSAVE_Click() {
     records.push_back({form_.List(0).List(i), form_.List(1).List(i)});
   // A list that can't be written stays as it is in memory, and the file keeps its old bytes;
   // the next change tries again.
-  os::WriteFileAtomically(listPath(), FormatLinkList(records));
+  os::writeFileAtomically(listPath(), formatLinkList(records));
 }
 
 }  // namespace vellumry

@@ -106,7 +106,7 @@ void frmEdit::pSefocus() {
 
 void frmEdit::selectAllText() {
   Text1.setSelStart(0);
-  Text1.setSelLength(static_cast<int>(os::CharsFromUtf8(Text1.Text()).size()));
+  Text1.setSelLength(static_cast<int>(os::charsFromUtf8(Text1.Text()).size()));
 }
 
 void frmEdit::Form_MouseDown(int Button, int, double X, double Y) {

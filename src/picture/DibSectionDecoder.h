@@ -15,10 +15,10 @@ class DibSectionDecoder : public gdi::ScaledDecoder {
  public:
   DibSectionDecoder(PictureOrigin origin, gdi::Size natural, gdi::AlphaMode stored);
 
-  gdi::Size NaturalSize() const override { return natural_; }
-  bool HasAlpha() const override;
-  gdi::Size NativeSizeFor(gdi::Size) const override { return natural_; }
-  std::optional<gdi::Surface> Decode(gdi::Size native) const override;
+  gdi::Size naturalSize() const override { return natural_; }
+  bool hasAlpha() const override;
+  gdi::Size nativeSizeFor(gdi::Size) const override { return natural_; }
+  std::optional<gdi::Surface> decode(gdi::Size native) const override;
 
  private:
   PictureOrigin origin_;

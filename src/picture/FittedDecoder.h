@@ -19,10 +19,10 @@ class FittedDecoder : public gdi::ScaledDecoder {
   FittedDecoder(std::unique_ptr<gdi::ScaledDecoder> inner, gdi::Size natural,
                 std::optional<uint32_t> background = std::nullopt);
 
-  gdi::Size NaturalSize() const override { return natural_; }
-  bool HasAlpha() const override { return !background_ && inner_->HasAlpha(); }
-  gdi::Size NativeSizeFor(gdi::Size wanted) const override;
-  std::optional<gdi::Surface> Decode(gdi::Size native) const override;
+  gdi::Size naturalSize() const override { return natural_; }
+  bool hasAlpha() const override { return !background_ && inner_->hasAlpha(); }
+  gdi::Size nativeSizeFor(gdi::Size wanted) const override;
+  std::optional<gdi::Surface> decode(gdi::Size native) const override;
 
  private:
   std::unique_ptr<gdi::ScaledDecoder> inner_;

@@ -1,8 +1,8 @@
 // Icon and cursor files: one image chosen by size and colour depth.
 #include "picture/PictureServices.h"
 #include "picture/StdPictureEx.h"
-#include "platform/codecs/IconResource.h"
 #include "platform/codecs/Encoders.h"
+#include "platform/codecs/IconResource.h"
 
 namespace vellumry {
 
@@ -29,14 +29,14 @@ constexpr int32_t kDisplayBitsPerPixel = 32;
 
 // An icon file of the one image at directory position `row`: the header with a count of 1, the
 // row with the image's offset 22, the image.
-Stream OneImageFile(std::span<const uint8_t> data, int row) {
+Stream oneImageFile(std::span<const uint8_t> data, int row) {
   const size_t rowAt = codecs::kIconHeaderBytes + codecs::kIconRowBytes * static_cast<size_t>(row);
-  const codecs::IconResourceRow image = codecs::ReadIconRow(gdi::ByteReader(data), row);
+  const codecs::IconResourceRow image = codecs::readIconRow(gdi::ByteReader(data), row);
   std::vector<uint8_t> file(data.begin(), data.begin() + codecs::kIconHeaderBytes);
   file[4] = 1;
   file[5] = 0;
   file.insert(file.end(), data.begin() + rowAt, data.begin() + rowAt + 12);
-  codecs::PutLe32(file, codecs::kIconHeaderBytes + codecs::kIconRowBytes);
+  codecs::putLe32(file, codecs::kIconHeaderBytes + codecs::kIconRowBytes);
   const auto bytes = data.subspan(image.offset, image.bytes);
   file.insert(file.end(), bytes.begin(), bytes.end());
   return std::make_shared<const std::vector<uint8_t>>(std::move(file));
@@ -83,21 +83,21 @@ void StdPictureEx::ResolveIconSize(int32_t IconSize, int32_t& Width, int32_t& He
 gdi::Picture StdPictureEx::LoadIconData(std::span<const uint8_t> Data, int32_t& Width,
                                         int32_t& Height, int32_t& IconSize, int32_t& ColorDepth,
                                         bool KeepOriginalFormat, PictureRecord& Record) {
-  const auto resource = codecs::ReadIconResource(Data);
+  const auto resource = codecs::readIconResource(Data);
   if (!resource) return {};
   ResolveIconSize(IconSize, Width, Height, static_cast<int>(resource->rows.size()));
   if (resource->rows.size() > 1 && ColorDepth < 1) ColorDepth = kDisplayBitsPerPixel;
-  auto chosen = codecs::LoadIconImage(Data, *resource, Width, Height, ColorDepth);
+  auto chosen = codecs::loadIconImage(Data, *resource, Width, Height, ColorDepth);
   if (!chosen) return {};
   gdi::Picture picture =
-      gdi::Picture::FromIcon(std::move(chosen->image), services_.twipsPerPixel());
+      gdi::Picture::fromIcon(std::move(chosen->image), services_.twipsPerPixel());
   if (!picture) return {};
   if (KeepOriginalFormat) {
-    Record.SourceBytes = OneImageFile(Data, chosen->row);
-    Record.Flags = FlagsOf(kKindIcon);
+    Record.SourceBytes = oneImageFile(Data, chosen->row);
+    Record.Flags = flagsOf(kKindIcon);
   }
   // A 32-bit image is drawn with its alpha.
-  if (chosen->depth == 32) Record.Flags = FlagsOf(kKindIcon);
+  if (chosen->depth == 32) Record.Flags = flagsOf(kKindIcon);
   return picture;
 }
 

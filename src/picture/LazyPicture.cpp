@@ -11,53 +11,53 @@ namespace vellumry {
 
 namespace {
 
-gdi::Picture IconPicture(const PictureOrigin& origin, double twipsPerPixel) {
-  const auto bytes = SharedOrRead(origin.bytes, origin.path);
+gdi::Picture iconPicture(const PictureOrigin& origin, double twipsPerPixel) {
+  const auto bytes = sharedOrRead(origin.bytes, origin.path);
   if (!bytes) return {};
-  auto directory = codecs::ReadIconDirectory(*bytes);
+  auto directory = codecs::readIconDirectory(*bytes);
   if (!directory) return {};
-  auto icon = codecs::DecodeIconEntry(*bytes, codecs::DefaultIconEntry(*directory), {});
+  auto icon = codecs::decodeIconEntry(*bytes, codecs::defaultIconEntry(*directory), {});
   if (!icon) return {};
-  return gdi::Picture::FromIcon(std::move(*icon), twipsPerPixel);
+  return gdi::Picture::fromIcon(std::move(*icon), twipsPerPixel);
 }
 
-std::unique_ptr<gdi::ScaledDecoder> MakeSourceDecoder(const PictureOrigin& origin,
+std::unique_ptr<gdi::ScaledDecoder> makeSourceDecoder(const PictureOrigin& origin,
                                                       const codecs::ImageInfo& info) {
   if (origin.bytes) return std::make_unique<SourceDecoder>(origin.bytes, info);
   return std::make_unique<SourceDecoder>(origin.path, info);
 }
 
 // Pixels of `inner`, fitted to the size they are drawn at and kept in the program's cache.
-gdi::Picture FittedPicture(PictureServices& services, std::unique_ptr<gdi::ScaledDecoder> inner,
+gdi::Picture fittedPicture(PictureServices& services, std::unique_ptr<gdi::ScaledDecoder> inner,
                            gdi::Size natural, std::optional<uint32_t> background) {
   auto decoder = std::make_unique<FittedDecoder>(std::move(inner), natural, background);
-  return gdi::Picture::FromLazyPixels(
+  return gdi::Picture::fromLazyPixels(
       std::make_shared<gdi::LazyPixels>(std::move(decoder), services.cache()),
       services.twipsPerPixel());
 }
 
-gdi::Picture MetafilePicture(PictureServices& services, const PictureOrigin& origin,
+gdi::Picture metafilePicture(PictureServices& services, const PictureOrigin& origin,
                              const codecs::ImageInfo& info, std::optional<gdi::Size> size) {
   const gdi::Size natural = size.value_or(gdi::Size{info.width, info.height});
   if (natural.width <= 0 || natural.height <= 0) return {};
-  auto decoder = std::make_unique<FittedDecoder>(MakeSourceDecoder(origin, info), natural);
+  auto decoder = std::make_unique<FittedDecoder>(makeSourceDecoder(origin, info), natural);
   const auto type = info.format == codecs::Format::kEmf ? gdi::PictureType::kEnhancedMetafile
                                                         : gdi::PictureType::kMetafile;
-  return gdi::Picture::FromMetafile(
+  return gdi::Picture::fromMetafile(
       std::make_shared<gdi::LazyPixels>(std::move(decoder), services.cache()), type,
       services.twipsPerPixel());
 }
 
 }  // namespace
 
-gdi::Picture MakeDibPicture(PictureServices& services, const PictureOrigin& origin,
+gdi::Picture makeDibPicture(PictureServices& services, const PictureOrigin& origin,
                             gdi::Size natural, gdi::AlphaMode stored) {
   if (natural.width <= 0 || natural.height <= 0) return {};
-  return FittedPicture(services, std::make_unique<DibSectionDecoder>(origin, natural, stored),
+  return fittedPicture(services, std::make_unique<DibSectionDecoder>(origin, natural, stored),
                        natural, std::nullopt);
 }
 
-gdi::Picture MakeLazyPicture(PictureServices& services, const PictureOrigin& origin,
+gdi::Picture makeLazyPicture(PictureServices& services, const PictureOrigin& origin,
                              const codecs::ImageInfo& info, std::optional<uint32_t> background,
                              std::optional<gdi::Size> size) {
   if (info.width <= 0 || info.height <= 0) return {};
@@ -65,12 +65,12 @@ gdi::Picture MakeLazyPicture(PictureServices& services, const PictureOrigin& ori
     case codecs::Format::kIco:
     case codecs::Format::kCur:
       // Flattened, an icon is a bitmap like any other.
-      if (!background) return IconPicture(origin, services.twipsPerPixel());
+      if (!background) return iconPicture(origin, services.twipsPerPixel());
       break;
     case codecs::Format::kEmf:
     case codecs::Format::kWmf:
       // Flattened, a metafile is a bitmap of its drawing; else a picture of its own kind.
-      if (!background) return MetafilePicture(services, origin, info, size);
+      if (!background) return metafilePicture(services, origin, info, size);
       break;
     case codecs::Format::kUnknown:
       return {};
@@ -79,9 +79,9 @@ gdi::Picture MakeLazyPicture(PictureServices& services, const PictureOrigin& ori
   }
   const gdi::Size natural = size.value_or(gdi::Size{info.width, info.height});
   if (natural.width <= 0 || natural.height <= 0) return {};
-  auto decoder = MakeSourceDecoder(origin, info);
-  if (!origin.bytes) decoder = services.thumbnails().Wrap(std::move(decoder), origin.path);
-  return FittedPicture(services, std::move(decoder), natural, background);
+  auto decoder = makeSourceDecoder(origin, info);
+  if (!origin.bytes) decoder = services.thumbnails().wrap(std::move(decoder), origin.path);
+  return fittedPicture(services, std::move(decoder), natural, background);
 }
 
 }  // namespace vellumry

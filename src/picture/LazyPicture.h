@@ -27,14 +27,14 @@ struct PictureOrigin {
 // Icons and cursors that aren't flattened are decoded at once, their default entry. Metafiles that
 // aren't flattened are metafile pictures (WMF type 2, EMF type 4) played when drawn. Anything
 // unreadable gives an empty picture.
-gdi::Picture MakeLazyPicture(PictureServices& services, const PictureOrigin& origin,
+gdi::Picture makeLazyPicture(PictureServices& services, const PictureOrigin& origin,
                              const codecs::ImageInfo& info,
                              std::optional<uint32_t> background = std::nullopt,
                              std::optional<gdi::Size> size = std::nullopt);
 
 // A bitmap picture of a BMP as the DIB road reads it, decoded when drawn at `natural` size; the
 // fourth byte of its pixels means what `stored` says (see DibSectionDecoder).
-gdi::Picture MakeDibPicture(PictureServices& services, const PictureOrigin& origin,
+gdi::Picture makeDibPicture(PictureServices& services, const PictureOrigin& origin,
                             gdi::Size natural, gdi::AlphaMode stored);
 
 }  // namespace vellumry

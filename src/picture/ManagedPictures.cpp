@@ -14,12 +14,12 @@ class StdPictureEx::Keeper : public gdi::PictureManager,
   // Managed bitmaps hold premultiplied pixels and icons their alpha or mask, which the
   // picture's own drawing blends over the target at any size.
   bool Render(const gdi::Picture&, gdi::Surface&, const gdi::RenderArgs&) override { return false; }
-  void Released(uint32_t handle) override {
+  void released(uint32_t handle) override {
     services_.post([keeper = weak_from_this(), handle] {
       if (auto self = keeper.lock(); self && self->owner_) self->owner_->RemoveRecord(handle);
     });
   }
-  void Disown() { owner_ = nullptr; }
+  void disown() { owner_ = nullptr; }
 
  private:
   StdPictureEx* owner_;
@@ -29,7 +29,7 @@ class StdPictureEx::Keeper : public gdi::PictureManager,
 StdPictureEx::StdPictureEx(PictureServices& services)
     : services_(services), keeper_(std::make_shared<Keeper>(*this, services)), records_(1) {}
 
-StdPictureEx::~StdPictureEx() { keeper_->Disown(); }
+StdPictureEx::~StdPictureEx() { keeper_->disown(); }
 
 int32_t StdPictureEx::FindRecord(const gdi::Picture& picture) const {
   if (!picture) return -1;
@@ -65,21 +65,21 @@ void StdPictureEx::RemoveRecord(uint32_t key) {
   }
 }
 
-bool StdPictureEx::DrawsHere(const gdi::Picture& picture) const {
-  return picture && picture.Manager() == keeper_;
+bool StdPictureEx::drawsHere(const gdi::Picture& picture) const {
+  return picture && picture.manager() == keeper_;
 }
 
-void StdPictureEx::Manage(gdi::Picture& picture) { picture.SetManager(keeper_); }
+void StdPictureEx::manage(gdi::Picture& picture) { picture.setManager(keeper_); }
 
 bool StdPictureEx::IsManaged(const gdi::Picture& picture) const {
-  return FindRecord(picture) >= 0 && DrawsHere(picture);
+  return FindRecord(picture) >= 0 && drawsHere(picture);
 }
 
 void StdPictureEx::UnManage(const gdi::Picture& picture) {
-  if (!DrawsHere(picture) || picture.Handle() == 0) return;
+  if (!drawsHere(picture) || picture.Handle() == 0) return;
   gdi::Picture plain = picture;
-  plain.SetManager(nullptr);
-  plain.DropAlpha();  // an ordinary bitmap again, with the pixels it holds
+  plain.setManager(nullptr);
+  plain.dropAlpha();  // an ordinary bitmap again, with the pixels it holds
   RemoveRecord(picture.Handle());
 }
 

@@ -12,9 +12,9 @@ namespace {
 
 enum class Action { kReadBytes, kIcon, kBitmap };
 
-bool HasFourthByte(const gdi::Surface& pixels) { return pixels.Alpha() != gdi::AlphaMode::kOpaque; }
+bool hasFourthByte(const gdi::Surface& pixels) { return pixels.alpha() != gdi::AlphaMode::kOpaque; }
 
-uint32_t Classify(const gdi::Surface& pixels) {
+uint32_t classify(const gdi::Surface& pixels) {
   return codecs::ClassifyAlpha(pixels.Pixels(), pixels.Width(), pixels.Height());
 }
 
@@ -28,7 +28,7 @@ gdi::Picture StdPictureEx::LoadFromPicture(const gdi::Picture& picture, Argument
   Action action = Action::kBitmap;
   if (picture.KeepOriginalFormat()) {
     action = Action::kReadBytes;
-    bytes = SourceBytesOf(picture);
+    bytes = sourceBytesOf(picture);
   } else if (row >= 0 && args.KeepOriginalFormat && Record(row).SourceBytes) {
     action = Action::kReadBytes;
     bytes = Record(row).SourceBytes;
@@ -47,13 +47,13 @@ gdi::Picture StdPictureEx::LoadFromPicture(const gdi::Picture& picture, Argument
   if (action == Action::kReadBytes) {
     if (bytes) copy = LoadFromBytes(bytes, {}, args, record);
   } else if (action == Action::kIcon) {
-    if (const gdi::IconImage* icon = picture.Icon()) {
-      if (icon->HasAlpha() && Classify(icon->colour) != 0) record.Flags = FlagsOf(kKindIcon);
+    if (const gdi::IconImage* icon = picture.icon()) {
+      if (icon->hasAlpha() && classify(icon->colour) != 0) record.Flags = flagsOf(kKindIcon);
       int32_t width = args.Width, height = args.Height;
       ResolveIconSize(args.IconSize, width, height, 1);
-      const gdi::Size own = icon->colour.Dimensions();
-      copy = gdi::Picture::FromIcon(
-          gdi::ScaleIcon(*icon, {width > 0 ? width : own.width, height > 0 ? height : own.height}),
+      const gdi::Size own = icon->colour.dimensions();
+      copy = gdi::Picture::fromIcon(
+          gdi::scaleIcon(*icon, {width > 0 ? width : own.width, height > 0 ? height : own.height}),
           services_.twipsPerPixel());
     }
   } else if (const auto pixels = picture.Pixels()) {
@@ -65,47 +65,47 @@ gdi::Picture StdPictureEx::LoadFromPicture(const gdi::Picture& picture, Argument
 
 gdi::Picture StdPictureEx::ExamineBitmap(gdi::Surface pixels, PictureRecord& record) {
   record.Flags = 0;
-  if (HasFourthByte(pixels)) {
-    switch (Classify(pixels)) {
+  if (hasFourthByte(pixels)) {
+    switch (classify(pixels)) {
       case codecs::kPixelFormat32bppARGB:
-        pixels.SetAlpha(gdi::AlphaMode::kStraight);
-        pixels = gdi::ConvertAlpha(pixels, gdi::AlphaMode::kPremultiplied);
-        record.Flags = FlagsOf(kKindBitmap);
+        pixels.setAlpha(gdi::AlphaMode::kStraight);
+        pixels = gdi::convertAlpha(pixels, gdi::AlphaMode::kPremultiplied);
+        record.Flags = flagsOf(kKindBitmap);
         break;
       case codecs::kPixelFormat32bppPARGB:
       case codecs::kAlphaOnlyZeroHoles:
-        pixels.SetAlpha(gdi::AlphaMode::kPremultiplied);
-        record.Flags = FlagsOf(kKindBitmap);
+        pixels.setAlpha(gdi::AlphaMode::kPremultiplied);
+        record.Flags = flagsOf(kKindBitmap);
         break;
       default:
-        pixels.SetAlpha(gdi::AlphaMode::kUnknown);
+        pixels.setAlpha(gdi::AlphaMode::kUnknown);
         break;
     }
   }
-  return gdi::Picture::FromSurface(std::move(pixels), services_.twipsPerPixel());
+  return gdi::Picture::fromSurface(std::move(pixels), services_.twipsPerPixel());
 }
 
 gdi::Picture StdPictureEx::ConvertToBitmap(const gdi::Picture& picture, PictureRecord& record) {
   if (picture.Type() == gdi::PictureType::kBitmap) {
-    if (record.Flags != 0) record.Flags = FlagsOf(kKindBitmap);
+    if (record.Flags != 0) record.Flags = flagsOf(kKindBitmap);
     return picture;
   }
-  const gdi::IconImage* icon = picture.Icon();
+  const gdi::IconImage* icon = picture.icon();
   if (!icon) return picture;  // metafiles draw nothing to convert
-  if (icon->HasAlpha() && Classify(icon->colour) != 0) return ExamineBitmap(icon->colour, record);
+  if (icon->hasAlpha() && classify(icon->colour) != 0) return ExamineBitmap(icon->colour, record);
   // The mask decides: masked pixels become transparent, the rest opaque. Drawn with alpha only
   // when some pixel is masked.
   gdi::Surface pixels = icon->colour;
   bool masked = false;
   for (int y = 0; y < pixels.Height(); ++y) {
     for (int x = 0; x < pixels.Width(); ++x) {
-      masked = masked || icon->Masked(x, y);
-      pixels.SetPixel(x, y, icon->Masked(x, y) ? 0 : pixels.Pixel(x, y) | 0xFF000000u);
+      masked = masked || icon->masked(x, y);
+      pixels.setPixel(x, y, icon->masked(x, y) ? 0 : pixels.pixel(x, y) | 0xFF000000u);
     }
   }
-  pixels.SetAlpha(masked ? gdi::AlphaMode::kPremultiplied : gdi::AlphaMode::kOpaque);
-  record.Flags = masked ? FlagsOf(kKindBitmap) : 0;
-  return gdi::Picture::FromSurface(std::move(pixels), services_.twipsPerPixel());
+  pixels.setAlpha(masked ? gdi::AlphaMode::kPremultiplied : gdi::AlphaMode::kOpaque);
+  record.Flags = masked ? flagsOf(kKindBitmap) : 0;
+  return gdi::Picture::fromSurface(std::move(pixels), services_.twipsPerPixel());
 }
 
 gdi::Picture StdPictureEx::ConvertToIcon(const gdi::Picture& picture, PictureRecord& record,
@@ -115,14 +115,14 @@ gdi::Picture StdPictureEx::ConvertToIcon(const gdi::Picture& picture, PictureRec
   if (!pixels) return picture;
   // An icon file of one image: alpha pixels of 0 masked, colour unscaled as icon readers expect.
   gdi::IconImage icon;
-  const bool alpha = HasFourthByte(*pixels);
+  const bool alpha = hasFourthByte(*pixels);
   icon.colour =
-      gdi::ConvertAlpha(*pixels, alpha ? gdi::AlphaMode::kStraight : gdi::AlphaMode::kOpaque);
+      gdi::convertAlpha(*pixels, alpha ? gdi::AlphaMode::kStraight : gdi::AlphaMode::kOpaque);
   icon.andMask.reserve(icon.colour.Pixels().size());
   for (const uint32_t p : icon.colour.Pixels()) {
-    icon.andMask.push_back(alpha && gdi::AlphaOf(p) == 0 ? 1 : 0);
+    icon.andMask.push_back(alpha && gdi::alphaOf(p) == 0 ? 1 : 0);
   }
-  const std::vector<uint8_t> file = codecs::EncodeIco(icon);
+  const std::vector<uint8_t> file = codecs::encodeIco(icon);
   int32_t width = args.Width, height = args.Height, iconSize = -1, depth = args.ColorDepth;
   PictureRecord iconRecord;
   gdi::Picture converted =

@@ -30,12 +30,12 @@ struct PictureRecord {
   std::shared_ptr<const std::vector<uint8_t>> SourceBytes;  // kept for KeepOriginalFormat
 };
 
-constexpr uint32_t FlagsOf(int32_t kind, uint32_t current = 0, uint32_t count = 0) {
+constexpr uint32_t flagsOf(int32_t kind, uint32_t current = 0, uint32_t count = 0) {
   return (static_cast<uint32_t>(kind) & 0xFu) | ((current & 0xFFFu) << 4) |
          ((count & 0xFFFu) << 16);
 }
-constexpr int32_t KindOf(uint32_t flags) { return static_cast<int32_t>(flags & 0xFu); }
-constexpr uint32_t SubImageOf(uint32_t flags) { return (flags >> 4) & 0xFFFu; }
-constexpr uint32_t SubImageCountOf(uint32_t flags) { return (flags >> 16) & 0xFFFu; }
+constexpr int32_t kindOf(uint32_t flags) { return static_cast<int32_t>(flags & 0xFu); }
+constexpr uint32_t subImageOf(uint32_t flags) { return (flags >> 4) & 0xFFFu; }
+constexpr uint32_t subImageCountOf(uint32_t flags) { return (flags >> 16) & 0xFFFu; }
 
 }  // namespace vellumry

@@ -9,7 +9,7 @@ namespace vellumry {
 PictureServices::PictureServices(double twipsPerPixel, size_t cacheBudgetBytes, unsigned workers)
     : twipsPerPixel_(twipsPerPixel),
       cache_(std::make_shared<gdi::PixelCache>(cacheBudgetBytes)),
-      thumbnails_(std::make_shared<ThumbnailCache>(os::ThumbnailRoot())) {
+      thumbnails_(std::make_shared<ThumbnailCache>(os::thumbnailRoot())) {
   if (workers == 0) workers = std::max(1u, std::thread::hardware_concurrency());
   for (unsigned i = 0; i < workers; ++i) workers_.emplace_back([this] { work(); });
 }
@@ -25,7 +25,7 @@ PictureServices::~PictureServices() {
 }
 
 void PictureServices::prefetch(const gdi::Picture& picture, gdi::Size pixels) {
-  auto lazy = picture.Lazy();
+  auto lazy = picture.lazy();
   if (!lazy || pixels.width <= 0 || pixels.height <= 0) return;
   {
     std::lock_guard lock(mutex_);
@@ -65,7 +65,7 @@ void PictureServices::work() {
     lock.unlock();
     // The pixels are dropped here, on the worker, only when their picture is already gone; the
     // picture object itself never is.
-    if (auto pixels = job.pixels.lock()) pixels->PixelsFor(job.size);
+    if (auto pixels = job.pixels.lock()) pixels->pixelsFor(job.size);
     lock.lock();
     --running_;
     if (jobs_.empty() && running_ == 0) idle_.notify_all();

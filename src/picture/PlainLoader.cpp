@@ -11,9 +11,9 @@ namespace vellumry {
 gdi::Picture LoadPicture(PictureServices& services, const std::string& path) {
   std::error_code error;
   if (!std::filesystem::is_regular_file(path, error)) tk::raise(tk::err::FileNotFound);
-  const auto info = ProbeFile(path);
+  const auto info = probeFile(path);
   gdi::Picture picture;
-  if (info) picture = MakeLazyPicture(services, {path, nullptr}, *info);
+  if (info) picture = makeLazyPicture(services, {path, nullptr}, *info);
   if (!picture) tk::raise(tk::err::InvalidPicture);
   return picture;
 }

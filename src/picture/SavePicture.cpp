@@ -22,24 +22,24 @@ constexpr int kErrorDestination = 17;
 constexpr int kErrorNoBitmap = 7;
 constexpr int kErrorNoSource = 5;
 
-[[noreturn]] void Raise(int number, const std::string& description) {
+[[noreturn]] void raise(int number, const std::string& description) {
   throw tk::Error(number, kSource, description);
 }
 
 using File = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
 
 // Writes all of `bytes`; a short write raises the system's error.
-void WriteAll(std::FILE* file, const std::vector<uint8_t>& bytes) {
+void writeAll(std::FILE* file, const std::vector<uint8_t>& bytes) {
   if (std::fwrite(bytes.data(), 1, bytes.size(), file) != bytes.size() || std::fflush(file) != 0) {
     const int error = errno;
-    Raise(error, std::strerror(error));
+    raise(error, std::strerror(error));
   }
 }
 
 }  // namespace
 
-Stream StdPictureEx::SourceBytesOf(const gdi::Picture& picture) {
-  if (const std::vector<uint8_t>* original = picture.OriginalBytes()) {
+Stream StdPictureEx::sourceBytesOf(const gdi::Picture& picture) {
+  if (const std::vector<uint8_t>* original = picture.originalBytes()) {
     return std::make_shared<const std::vector<uint8_t>>(*original);
   }
   return Record(FindRecord(picture)).SourceBytes;
@@ -51,7 +51,7 @@ void StdPictureEx::SavePicture(const gdi::Picture& Picture, SaveDestination& Des
   const auto* path = std::get_if<std::string>(&Destination);
   auto* array = std::get_if<ByteArray>(&Destination);
   auto* variable = std::get_if<gdi::Picture>(&Destination);
-  if (!path && !array && !variable) Raise(kErrorDestination, "Type mismatch");
+  if (!path && !array && !variable) raise(kErrorDestination, "Type mismatch");
   if (path && path->empty()) return;
   // A file is made first and stays behind with what was written, whatever fails later.
   File file(nullptr, &std::fclose);
@@ -59,7 +59,7 @@ void StdPictureEx::SavePicture(const gdi::Picture& Picture, SaveDestination& Des
     file.reset(std::fopen(path->c_str(), "wb"));
     if (!file) {
       const int error = errno;
-      Raise(error, std::strerror(error));
+      raise(error, std::strerror(error));
     }
   }
   std::vector<uint8_t> bytes;
@@ -69,32 +69,32 @@ void StdPictureEx::SavePicture(const gdi::Picture& Picture, SaveDestination& Des
     const bool alpha =
         FindRecord(Picture) >= 0 && KeepAlpha == -1 && Picture.Type() == gdi::PictureType::kBitmap;
     const double twips = services_.twipsPerPixel();
-    const int width = gdi::HimetricToPixels(Picture.Width(), twips);
-    const int height = gdi::HimetricToPixels(Picture.Height(), twips);
-    if (!codecs::FitsPixelBudget(width, height)) Raise(kErrorNoBitmap, "Out of memory");
+    const int width = gdi::himetricToPixels(Picture.Width(), twips);
+    const int height = gdi::himetricToPixels(Picture.Height(), twips);
+    if (!codecs::fitsPixelBudget(width, height)) raise(kErrorNoBitmap, "Out of memory");
     // 32 bits start transparent and take the picture's alpha; 24 bits show it over BackColor.
     gdi::Surface section(width, height,
                          alpha ? gdi::AlphaMode::kPremultiplied : gdi::AlphaMode::kOpaque);
     if (!alpha) {
-      gdi::Fill(section, {0, 0, width, height}, tk::pixelOf(static_cast<uint32_t>(BackColor)));
+      gdi::fill(section, {0, 0, width, height}, tk::pixelOf(static_cast<uint32_t>(BackColor)));
     }
     Picture.Render(section, 0, 0, width, height, 0, Picture.Height() - 1, Picture.Width(),
                    -Picture.Height());
     if (variable) {
-      *variable = gdi::Picture::FromSurface(std::move(section), twips);
+      *variable = gdi::Picture::fromSurface(std::move(section), twips);
       return;
     }
-    bytes = codecs::EncodeBmp(section);
+    bytes = codecs::encodeBmp(section);
   } else if (variable) {
     *variable = LoadPicture(Picture);
     return;
   } else {
-    const Stream source = SourceBytesOf(Picture);
-    if (!source || source->empty()) Raise(kErrorNoSource, "Invalid procedure call or argument");
+    const Stream source = sourceBytesOf(Picture);
+    if (!source || source->empty()) raise(kErrorNoSource, "Invalid procedure call or argument");
     bytes = *source;
   }
   if (file) {
-    WriteAll(file.get(), bytes);
+    writeAll(file.get(), bytes);
   } else {
     array->bytes = std::move(bytes);
     array->lowerBound = 0;

@@ -21,10 +21,10 @@ class SourceDecoder : public gdi::ScaledDecoder {
   SourceDecoder(std::string path, const codecs::ImageInfo& info);
   SourceDecoder(std::shared_ptr<const std::vector<uint8_t>> bytes, const codecs::ImageInfo& info);
 
-  gdi::Size NaturalSize() const override { return {info_.width, info_.height}; }
-  bool HasAlpha() const override { return info_.hasAlpha; }
-  gdi::Size NativeSizeFor(gdi::Size wanted) const override;
-  std::optional<gdi::Surface> Decode(gdi::Size native) const override;
+  gdi::Size naturalSize() const override { return {info_.width, info_.height}; }
+  bool hasAlpha() const override { return info_.hasAlpha; }
+  gdi::Size nativeSizeFor(gdi::Size wanted) const override;
+  std::optional<gdi::Surface> decode(gdi::Size native) const override;
 
  private:
   std::string path_;
@@ -34,11 +34,11 @@ class SourceDecoder : public gdi::ScaledDecoder {
 
 // `shared` when there are shared bytes, else the file at `path` read now; null when it can't
 // be read.
-std::shared_ptr<const std::vector<uint8_t>> SharedOrRead(
+std::shared_ptr<const std::vector<uint8_t>> sharedOrRead(
     std::shared_ptr<const std::vector<uint8_t>> shared, const std::string& path);
 
 // The header of a file's picture. Reads only the first 64 KiB of a larger JPEG (its header lies
 // there); other formats, whose probes count frames or pages, are read whole.
-codecs::Expected<codecs::ImageInfo> ProbeFile(const std::string& path);
+codecs::Expected<codecs::ImageInfo> probeFile(const std::string& path);
 
 }  // namespace vellumry

@@ -22,7 +22,7 @@ constexpr uint32_t kTypeIcon = 1;  // the high 16 bits of an icon file's magic
 constexpr uint32_t kTypeCursor = 2;
 
 // Shorter data has no magic and goes by the decoders alone.
-uint32_t MagicOf(const std::vector<uint8_t>& bytes) {
+uint32_t magicOf(const std::vector<uint8_t>& bytes) {
   if (bytes.size() < 4) return 0;
   return bytes[0] | (bytes[1] << 8) | (bytes[2] << 16) | (uint32_t{bytes[3]} << 24);
 }
@@ -49,14 +49,14 @@ int32_t ImageKind(codecs::Format format) {
 
 // Where a picture reads its pixels from: the file when it came from one and its bytes needn't
 // stay, else the stream.
-PictureOrigin OriginOf(const Stream& stream, const std::string& path, bool keep) {
+PictureOrigin originOf(const Stream& stream, const std::string& path, bool keep) {
   if (!path.empty() && !keep) return {path, nullptr};
   return {{}, stream};
 }
 
 }  // namespace
 
-StdPictureEx::Arguments StdPictureEx::NormaliseArguments(int32_t IconSize, int32_t ColorDepth,
+StdPictureEx::Arguments StdPictureEx::normaliseArguments(int32_t IconSize, int32_t ColorDepth,
                                                          int32_t Width, int32_t Height,
                                                          bool KeepOriginalFormat,
                                                          int32_t ConvertTo) {
@@ -80,7 +80,7 @@ gdi::Picture StdPictureEx::LoadPicture(const PictureSource& Source, int32_t Icon
                                        int32_t ColorDepth, int32_t Width, int32_t Height,
                                        bool KeepOriginalFormat, int32_t ConvertTo) {
   Arguments args =
-      NormaliseArguments(IconSize, ColorDepth, Width, Height, KeepOriginalFormat, ConvertTo);
+      normaliseArguments(IconSize, ColorDepth, Width, Height, KeepOriginalFormat, ConvertTo);
   PictureRecord record;
   gdi::Picture picture;
   if (const auto* path = std::get_if<std::string>(&Source)) {
@@ -102,14 +102,14 @@ gdi::Picture StdPictureEx::LoadPicture(const PictureSource& Source, int32_t Icon
     record.PictureKey = picture.Handle();
     record.DispatchKey = picture.Handle();
     AddRecord(record);
-    Manage(picture);
+    manage(picture);
   }
   return picture;
 }
 
 gdi::Picture StdPictureEx::LoadFromFile(const std::string& path, Arguments& args,
                                         PictureRecord& record) {
-  auto bytes = os::ReadWholeFile(path);
+  auto bytes = os::readWholeFile(path);
   if (!bytes || bytes->empty()) return {};
   return LoadFromBytes(std::make_shared<const std::vector<uint8_t>>(std::move(*bytes)), path, args,
                        record);
@@ -117,11 +117,11 @@ gdi::Picture StdPictureEx::LoadFromFile(const std::string& path, Arguments& args
 
 gdi::Picture StdPictureEx::LoadFromBytes(const Stream& stream, const std::string& path,
                                          Arguments& args, PictureRecord& record) {
-  uint32_t magic = MagicOf(*stream);
+  uint32_t magic = magicOf(*stream);
   const uint32_t low = magic & 0xFFFF, high = magic >> 16;
   if (low == kLowBitmap) {
     args.KeepOriginalFormat = false;
-    if (gdi::Picture picture = LoadFromDib(stream, path, record)) return picture;
+    if (gdi::Picture picture = loadFromDib(stream, path, record)) return picture;
     magic = 0;
   } else if ((magic & 0xFFFFFF) == kLowGif) {
     if (!args.KeepOriginalFormat) magic = 0;
@@ -143,23 +143,23 @@ gdi::Picture StdPictureEx::LoadFromBytes(const Stream& stream, const std::string
   return picture;
 }
 
-gdi::Picture StdPictureEx::LoadFromDib(const Stream& stream, const std::string& path,
+gdi::Picture StdPictureEx::loadFromDib(const Stream& stream, const std::string& path,
                                        PictureRecord& record) {
   // The pixels are decoded later, at the size they are drawn, on whichever thread draws them.
-  const auto section = codecs::ProbeDibSection(*stream);
+  const auto section = codecs::probeDibSection(*stream);
   if (!section) return {};
   const gdi::AlphaMode stored = section->stored;
   gdi::Picture picture =
-      MakeDibPicture(services_, OriginOf(stream, path, false), section->natural, stored);
+      makeDibPicture(services_, originOf(stream, path, false), section->natural, stored);
   const bool alpha =
       stored == gdi::AlphaMode::kStraight || stored == gdi::AlphaMode::kPremultiplied;
-  if (picture && alpha) record.Flags = FlagsOf(kKindBitmap);
+  if (picture && alpha) record.Flags = flagsOf(kKindBitmap);
   return picture;
 }
 
 gdi::Picture StdPictureEx::PictureFromStream(const Stream& stream, const std::string& path,
                                              bool KeepOriginalFormat) {
-  const auto info = codecs::Probe(*stream);
+  const auto info = codecs::probe(*stream);
   if (!info) return {};
   switch (info->format) {
     case codecs::Format::kBmp:
@@ -174,17 +174,17 @@ gdi::Picture StdPictureEx::PictureFromStream(const Stream& stream, const std::st
       return {};
   }
   gdi::Picture picture =
-      MakeLazyPicture(services_, OriginOf(stream, path, KeepOriginalFormat), *info);
-  if (picture && KeepOriginalFormat) picture.KeepOriginal(stream);
+      makeLazyPicture(services_, originOf(stream, path, KeepOriginalFormat), *info);
+  if (picture && KeepOriginalFormat) picture.keepOriginal(stream);
   return picture;
 }
 
 gdi::Picture StdPictureEx::LoadThroughGdiPlus(const Stream& stream, const std::string& path,
                                               bool KeepOriginalFormat, PictureRecord& record) {
-  const auto info = codecs::Probe(*stream);
+  const auto info = codecs::probe(*stream);
   if (!info) return {};
   const int32_t kind = ImageKind(info->format);
-  record.Flags = FlagsOf(kind);
+  record.Flags = flagsOf(kind);
   switch (kind) {
     case kKindBitmap:
       KeepOriginalFormat = false;
@@ -192,14 +192,14 @@ gdi::Picture StdPictureEx::LoadThroughGdiPlus(const Stream& stream, const std::s
     case kKindGif: {
       // Only a GIF whose frames are wanted later is managed; any other is a plain picture.
       const uint32_t frames = static_cast<uint32_t>(info->frameCount);
-      record.Flags = FlagsOf(kind, 1, frames);
+      record.Flags = flagsOf(kind, 1, frames);
       if (frames > 1 && KeepOriginalFormat) break;
       record.Flags = 0;
       return PictureFromStream(stream, path, KeepOriginalFormat);
     }
     case kKindTiff:
       if (KeepOriginalFormat) {
-        record.Flags = FlagsOf(kind, 1, static_cast<uint32_t>(info->frameCount));
+        record.Flags = flagsOf(kind, 1, static_cast<uint32_t>(info->frameCount));
       }
       break;
     case kKindJpeg:
@@ -211,8 +211,8 @@ gdi::Picture StdPictureEx::LoadThroughGdiPlus(const Stream& stream, const std::s
       return {};
   }
   // Pixels with alpha are managed as an alpha bitmap, unless the source is kept.
-  if (!KeepOriginalFormat && info->hasAlpha) record.Flags = FlagsOf(kKindBitmap);
-  gdi::Picture picture = MakeLazyPicture(services_, OriginOf(stream, path, false), *info);
+  if (!KeepOriginalFormat && info->hasAlpha) record.Flags = flagsOf(kKindBitmap);
+  gdi::Picture picture = makeLazyPicture(services_, originOf(stream, path, false), *info);
   if (!picture) {
     record.Flags = 0;
     return {};
@@ -234,10 +234,10 @@ int32_t StdPictureEx::RowBytes(int32_t BitsPerPixel, int32_t Width, int32_t Heig
 int32_t StdPictureEx::PictureType(const gdi::Picture& picture) {
   if (!picture) return kKindNone;
   if (const uint32_t flags = Record(FindRecord(picture)).Flags; flags != 0) {
-    return KindOf(flags);
+    return kindOf(flags);
   }
   int32_t type = static_cast<int32_t>(picture.Type());
-  if (const std::vector<uint8_t>* saved = picture.OriginalBytes(); saved && saved->size() >= 4) {
+  if (const std::vector<uint8_t>* saved = picture.originalBytes(); saved && saved->size() >= 4) {
     if ((*saved)[0] == 'G' && (*saved)[1] == 'I' && (*saved)[2] == 'F') {
       type = kKindGif;
     } else if (!((*saved)[0] == 'B' && (*saved)[1] == 'M')) {

@@ -82,7 +82,7 @@ class StdPictureEx {
   // Bytes of `Height` rows of `Width` pixels, each row padded to 32 bits (0 Height: one row).
   static int32_t RowBytes(int32_t BitsPerPixel, int32_t Width, int32_t Height);
 
-  static Arguments NormaliseArguments(int32_t IconSize, int32_t ColorDepth, int32_t Width,
+  static Arguments normaliseArguments(int32_t IconSize, int32_t ColorDepth, int32_t Width,
                                       int32_t Height, bool KeepOriginalFormat, int32_t ConvertTo);
   // The row of `picture`, searched from the last row down; -1 when none or empty.
   int32_t FindRecord(const gdi::Picture& picture) const;
@@ -105,7 +105,7 @@ class StdPictureEx {
 
   // A "BM" file through a DIB section: 32-bit pixels whose fourth byte proves to be alpha give a
   // managed picture (Flags 1) with premultiplied pixels. Nothing when the section can't be made.
-  gdi::Picture LoadFromDib(const Stream& stream, const std::string& path, PictureRecord& record);
+  gdi::Picture loadFromDib(const Stream& stream, const std::string& path, PictureRecord& record);
   // A copy of `picture` owned here: its source bytes read again, or its pixels or icon copied and
   // examined. Nothing when no copy could be made (the record is then cleared).
   gdi::Picture LoadFromPicture(const gdi::Picture& picture, Arguments& args, PictureRecord& record);
@@ -119,7 +119,7 @@ class StdPictureEx {
   // The page the row's current sub-image names, drawn into a new picture that takes the row.
   gdi::Picture SelectTiffPage(const gdi::Picture& picture, int32_t row);
   // Bytes that `picture` was read from: its own kept bytes or its row's; null when none.
-  Stream SourceBytesOf(const gdi::Picture& picture);
+  Stream sourceBytesOf(const gdi::Picture& picture);
   gdi::Picture LoadFromFile(const std::string& path, Arguments& args, PictureRecord& record);
   // `path` names the file the bytes came from, or is empty; a picture of a file it names reads
   // the file again when it decodes, unless the bytes are kept.
@@ -136,9 +136,9 @@ class StdPictureEx {
   void RemoveRecord(uint32_t key);
 
   // Whether `picture` draws and reports its release through this class.
-  bool DrawsHere(const gdi::Picture& picture) const;
+  bool drawsHere(const gdi::Picture& picture) const;
   // Lets `picture` draw and report its release through this class; its row exists already.
-  void Manage(gdi::Picture& picture);
+  void manage(gdi::Picture& picture);
 
   PictureServices& services_;
   std::shared_ptr<Keeper> keeper_;

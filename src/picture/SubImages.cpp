@@ -7,11 +7,11 @@
 namespace vellumry {
 
 int32_t StdPictureEx::SubImageCount(const gdi::Picture& picture) {
-  return static_cast<int32_t>(SubImageCountOf(Record(FindRecord(picture)).Flags));
+  return static_cast<int32_t>(subImageCountOf(Record(FindRecord(picture)).Flags));
 }
 
 int32_t StdPictureEx::SubImageIndex(const gdi::Picture& picture) {
-  return static_cast<int32_t>(SubImageOf(Record(FindRecord(picture)).Flags));
+  return static_cast<int32_t>(subImageOf(Record(FindRecord(picture)).Flags));
 }
 
 gdi::Picture StdPictureEx::SubImage(const gdi::Picture& picture, int32_t Index) {
@@ -20,10 +20,10 @@ gdi::Picture StdPictureEx::SubImage(const gdi::Picture& picture, int32_t Index) 
   const int32_t row = FindRecord(picture);
   if (row < 0) return picture;
   PictureRecord& record = records_[static_cast<size_t>(row) + 1];
-  const uint32_t count = SubImageCountOf(record.Flags);
+  const uint32_t count = subImageCountOf(record.Flags);
   if (count < 2 || static_cast<uint32_t>(Index) > count) return picture;
-  const int32_t kind = KindOf(record.Flags);
-  record.Flags = FlagsOf(kind, static_cast<uint32_t>(Index), count);
+  const int32_t kind = kindOf(record.Flags);
+  record.Flags = flagsOf(kind, static_cast<uint32_t>(Index), count);
   if (kind == kKindTiff) {
     if (gdi::Picture page = SelectTiffPage(picture, row)) return page;
   }
@@ -33,16 +33,16 @@ gdi::Picture StdPictureEx::SubImage(const gdi::Picture& picture, int32_t Index) 
 gdi::Picture StdPictureEx::SelectTiffPage(const gdi::Picture&, int32_t row) {
   PictureRecord& record = records_[static_cast<size_t>(row) + 1];
   if (!record.SourceBytes) return {};
-  const int page = static_cast<int>(SubImageOf(record.Flags)) - 1;
-  auto decoded = codecs::DecodeTiff(*record.SourceBytes, page, {});
+  const int page = static_cast<int>(subImageOf(record.Flags)) - 1;
+  auto decoded = codecs::decodeTiff(*record.SourceBytes, page, {});
   if (!decoded) return {};
   gdi::Picture picture =
-      gdi::Picture::FromSurface(gdi::ConvertAlpha(decoded->surface, gdi::AlphaMode::kPremultiplied),
+      gdi::Picture::fromSurface(gdi::convertAlpha(decoded->surface, gdi::AlphaMode::kPremultiplied),
                                 services_.twipsPerPixel());
   // The new picture takes the row over; the old one finds none when it goes.
   record.PictureKey = picture.Handle();
   record.DispatchKey = picture.Handle();
-  Manage(picture);
+  manage(picture);
   return picture;
 }
 

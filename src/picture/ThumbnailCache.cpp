@@ -31,7 +31,7 @@ constexpr const char* kWidth = "Thumb::Image::Width";
 constexpr const char* kHeight = "Thumb::Image::Height";
 
 template <typename Number>
-std::optional<Number> ParseNumber(const codecs::PngTextKeys& keys, const char* key) {
+std::optional<Number> parseNumber(const codecs::PngTextKeys& keys, const char* key) {
   const auto found = keys.find(key);
   if (found == keys.end()) return std::nullopt;
   const std::string& text = found->second;
@@ -43,31 +43,31 @@ std::optional<Number> ParseNumber(const codecs::PngTextKeys& keys, const char* k
 
 // An entry belongs to the file only when it names the same URI and modification time, and the
 // same length where it gives one; anything else is stale or another file's.
-bool Matches(const codecs::PngTextKeys& keys, const ThumbnailKey& key) {
+bool matches(const codecs::PngTextKeys& keys, const ThumbnailKey& key) {
   const auto uri = keys.find(kUri);
   if (uri == keys.end() || uri->second != key.uri) return false;
-  if (ParseNumber<int64_t>(keys, kMTime) != key.mtime) return false;
-  return !keys.contains(kSize) || ParseNumber<uint64_t>(keys, kSize) == key.size;
+  if (parseNumber<int64_t>(keys, kMTime) != key.mtime) return false;
+  return !keys.contains(kSize) || parseNumber<uint64_t>(keys, kSize) == key.size;
 }
 
-std::optional<codecs::PngTextKeys> ReadMatching(const std::string& path, const ThumbnailKey& key,
+std::optional<codecs::PngTextKeys> readMatching(const std::string& path, const ThumbnailKey& key,
                                                 std::vector<uint8_t>& bytes) {
-  auto read = os::ReadWholeFile(path);
+  auto read = os::readWholeFile(path);
   if (!read) return std::nullopt;
   bytes = std::move(*read);
-  auto keys = codecs::ReadPngText(bytes);
-  if (!keys || !Matches(*keys, key)) return std::nullopt;
+  auto keys = codecs::readPngText(bytes);
+  if (!keys || !matches(*keys, key)) return std::nullopt;
   return std::move(*keys);
 }
 
-codecs::PngTextKeys KeysOf(const ThumbnailKey& key) {
+codecs::PngTextKeys keysOf(const ThumbnailKey& key) {
   return {{kUri, key.uri}, {kMTime, std::to_string(key.mtime)}, {kSize, std::to_string(key.size)}};
 }
 
-void WriteEntry(const std::string& folder, const std::string& name,
+void writeEntry(const std::string& folder, const std::string& name,
                 const std::vector<uint8_t>& png) {
-  if (png.empty() || !os::MakePrivateFolder(folder)) return;
-  os::WritePrivateFileAtomically(folder + "/" + name,
+  if (png.empty() || !os::makePrivateFolder(folder)) return;
+  os::writePrivateFileAtomically(folder + "/" + name,
                                  {reinterpret_cast<const char*>(png.data()), png.size()});
 }
 
@@ -90,18 +90,18 @@ void ThumbnailCache::configure(bool enabled, int cellPixels) {
   cellPixels_ = cellPixels;
 }
 
-std::unique_ptr<gdi::ScaledDecoder> ThumbnailCache::Wrap(std::unique_ptr<gdi::ScaledDecoder> inner,
+std::unique_ptr<gdi::ScaledDecoder> ThumbnailCache::wrap(std::unique_ptr<gdi::ScaledDecoder> inner,
                                                          const std::string& path) {
   if (!enabled_ || cellPixels_ <= 0) return inner;
-  std::string uri = os::FileUri(path);
+  std::string uri = os::fileUri(path);
   // Pictures of the cache itself would give entries of entries.
-  const std::string own = os::FileUri(root_) + "/";
+  const std::string own = os::fileUri(root_) + "/";
   if (uri.starts_with(own)) return inner;
   return std::make_unique<ThumbnailDecoder>(std::move(inner), shared_from_this(), path,
                                             std::move(uri));
 }
 
-int ThumbnailCache::BoxFor(gdi::Size wanted) const {
+int ThumbnailCache::boxFor(gdi::Size wanted) const {
   const int side = std::max(wanted.width, wanted.height);
   if (!enabled_ || side <= 0 || side > cellPixels_) return 0;
   for (const SizeFolder& folder : kSizeFolders) {
@@ -110,14 +110,14 @@ int ThumbnailCache::BoxFor(gdi::Size wanted) const {
   return 0;
 }
 
-std::optional<gdi::Surface> ThumbnailCache::Find(const ThumbnailKey& key, gdi::Size wanted) const {
-  const std::string name = os::ThumbnailName(key.uri);
-  const int box = BoxFor(wanted);
+std::optional<gdi::Surface> ThumbnailCache::find(const ThumbnailKey& key, gdi::Size wanted) const {
+  const std::string name = os::thumbnailName(key.uri);
+  const int box = boxFor(wanted);
   std::vector<uint8_t> bytes;
   for (const SizeFolder& folder : kSizeFolders) {
     if (box == 0 || folder.box < box) continue;
-    if (!ReadMatching(root_ + "/" + folder.name + "/" + name, key, bytes)) continue;
-    auto decoded = codecs::Decode(bytes);
+    if (!readMatching(root_ + "/" + folder.name + "/" + name, key, bytes)) continue;
+    auto decoded = codecs::decode(bytes);
     if (!decoded || decoded->info.format != codecs::Format::kPng) continue;
     // A pixel short of the wanted size, from rounding, still covers it.
     if (decoded->surface.Width() + 1 >= wanted.width &&
@@ -128,29 +128,29 @@ std::optional<gdi::Surface> ThumbnailCache::Find(const ThumbnailKey& key, gdi::S
   return std::nullopt;
 }
 
-bool ThumbnailCache::Failed(const ThumbnailKey& key) const {
+bool ThumbnailCache::failed(const ThumbnailKey& key) const {
   std::vector<uint8_t> bytes;
-  return ReadMatching(root_ + "/" + kFailFolder + "/" + os::ThumbnailName(key.uri), key, bytes)
+  return readMatching(root_ + "/" + kFailFolder + "/" + os::thumbnailName(key.uri), key, bytes)
       .has_value();
 }
 
-void ThumbnailCache::Store(const ThumbnailKey& key, int box, gdi::Surface pixels,
+void ThumbnailCache::store(const ThumbnailKey& key, int box, gdi::Surface pixels,
                            gdi::Size natural) {
   const auto folder = std::find_if(kSizeFolders.begin(), kSizeFolders.end(),
                                    [box](const SizeFolder& f) { return f.box == box; });
   if (folder == kSizeFolders.end()) return;
-  queue([this, key, pixels = std::move(pixels), natural, folder = root_ + "/" + folder->name] {
-    codecs::PngTextKeys keys = KeysOf(key);
+  queue([key, pixels = std::move(pixels), natural, folder = root_ + "/" + folder->name] {
+    codecs::PngTextKeys keys = keysOf(key);
     keys[kWidth] = std::to_string(natural.width);
     keys[kHeight] = std::to_string(natural.height);
-    WriteEntry(folder, os::ThumbnailName(key.uri), codecs::EncodePng(pixels, keys));
+    writeEntry(folder, os::thumbnailName(key.uri), codecs::encodePng(pixels, keys));
   });
 }
 
-void ThumbnailCache::StoreFailure(const ThumbnailKey& key) {
+void ThumbnailCache::storeFailure(const ThumbnailKey& key) {
   queue([this, key] {
-    WriteEntry(root_ + "/" + kFailFolder, os::ThumbnailName(key.uri),
-               codecs::EncodePng(gdi::Surface(1, 1, gdi::AlphaMode::kStraight), KeysOf(key)));
+    writeEntry(root_ + "/" + kFailFolder, os::thumbnailName(key.uri),
+               codecs::encodePng(gdi::Surface(1, 1, gdi::AlphaMode::kStraight), keysOf(key)));
   });
 }
 

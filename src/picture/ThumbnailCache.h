@@ -39,20 +39,20 @@ class ThumbnailCache : public std::enable_shared_from_this<ThumbnailCache> {
 
   // `inner`, the decoder of the file `path`, as it is to be used: wrapped so that it reads and
   // writes entries while the cache is on, unchanged when it is off or `path` lies in the cache.
-  std::unique_ptr<gdi::ScaledDecoder> Wrap(std::unique_ptr<gdi::ScaledDecoder> inner,
+  std::unique_ptr<gdi::ScaledDecoder> wrap(std::unique_ptr<gdi::ScaledDecoder> inner,
                                            const std::string& path);
 
   // The side of the smallest entry size that covers `wanted` (128, 256, 512 or 1024), or 0 when
   // `wanted` is larger than entries are or than the cells draw.
-  int BoxFor(gdi::Size wanted) const;
+  int boxFor(gdi::Size wanted) const;
   // The pixels of the smallest valid entry for `key` that covers `wanted`; nothing when none.
-  std::optional<gdi::Surface> Find(const ThumbnailKey& key, gdi::Size wanted) const;
+  std::optional<gdi::Surface> find(const ThumbnailKey& key, gdi::Size wanted) const;
   // Whether our failure entry says that this very file couldn't be decoded.
-  bool Failed(const ThumbnailKey& key) const;
+  bool failed(const ThumbnailKey& key) const;
   // Queue the writing of `pixels` as `key`'s entry of size `box` (a picture of `natural` size),
   // or of a failure entry. A folder or file that can't be written is left alone.
-  void Store(const ThumbnailKey& key, int box, gdi::Surface pixels, gdi::Size natural);
-  void StoreFailure(const ThumbnailKey& key);
+  void store(const ThumbnailKey& key, int box, gdi::Surface pixels, gdi::Size natural);
+  void storeFailure(const ThumbnailKey& key);
   // Waits until every queued write has been done (tests, benchmarks).
   void drain();
 

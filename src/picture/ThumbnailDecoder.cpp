@@ -12,7 +12,7 @@ namespace vellumry {
 namespace {
 
 // `natural` shrunk to fit a `box` square, never enlarged.
-gdi::Size FitInside(gdi::Size natural, int box) {
+gdi::Size fitInside(gdi::Size natural, int box) {
   const double scale = std::min(
       {1.0, static_cast<double>(box) / natural.width, static_cast<double>(box) / natural.height});
   return {std::max(1, static_cast<int>(std::lround(natural.width * scale))),
@@ -29,42 +29,42 @@ ThumbnailDecoder::ThumbnailDecoder(std::unique_ptr<gdi::ScaledDecoder> inner,
       path_(std::move(path)),
       uri_(std::move(uri)) {}
 
-int ThumbnailDecoder::BoxFor(gdi::Size wanted) const {
-  const gdi::Size natural = NaturalSize();
+int ThumbnailDecoder::boxFor(gdi::Size wanted) const {
+  const gdi::Size natural = naturalSize();
   const bool reduced =
       wanted.width <= natural.width && wanted.height <= natural.height && !(wanted == natural);
-  return reduced ? cache_->BoxFor(wanted) : 0;
+  return reduced ? cache_->boxFor(wanted) : 0;
 }
 
-gdi::Size ThumbnailDecoder::NativeSizeFor(gdi::Size wanted) const {
+gdi::Size ThumbnailDecoder::nativeSizeFor(gdi::Size wanted) const {
   // A size the cache serves is decoded as asked, from whichever source has it.
-  return BoxFor(wanted) ? wanted : inner_->NativeSizeFor(wanted);
+  return boxFor(wanted) ? wanted : inner_->nativeSizeFor(wanted);
 }
 
-std::optional<gdi::Surface> ThumbnailDecoder::Decode(gdi::Size native) const {
-  const int box = BoxFor(native);
-  if (!box) return inner_->Decode(native);
-  const auto stamp = os::StampOf(path_);
-  if (!stamp) return inner_->Decode(inner_->NativeSizeFor(native));
+std::optional<gdi::Surface> ThumbnailDecoder::decode(gdi::Size native) const {
+  const int box = boxFor(native);
+  if (!box) return inner_->decode(native);
+  const auto stamp = os::stampOf(path_);
+  if (!stamp) return inner_->decode(inner_->nativeSizeFor(native));
   const ThumbnailKey key{uri_, stamp->mtime, stamp->size};
-  if (auto entry = cache_->Find(key, native)) return entry;
-  if (cache_->Failed(key)) return std::nullopt;
-  auto pixels = DecodeForEntry(box);
+  if (auto entry = cache_->find(key, native)) return entry;
+  if (cache_->failed(key)) return std::nullopt;
+  auto pixels = decodeForEntry(box);
   if (!pixels) {
-    cache_->StoreFailure(key);
+    cache_->storeFailure(key);
     return std::nullopt;
   }
-  cache_->Store(key, box, *pixels, NaturalSize());
+  cache_->store(key, box, *pixels, naturalSize());
   return pixels;
 }
 
-std::optional<gdi::Surface> ThumbnailDecoder::DecodeForEntry(int box) const {
-  const gdi::Size size = FitInside(NaturalSize(), box);
-  auto decoded = inner_->Decode(inner_->NativeSizeFor(size));
-  if (!decoded || decoded->Empty()) return std::nullopt;
-  if (decoded->Dimensions() == size) return decoded;
-  gdi::Surface entry(size.width, size.height, decoded->Alpha());
-  gdi::StretchHalftone(entry, {0, 0, size.width, size.height}, *decoded,
+std::optional<gdi::Surface> ThumbnailDecoder::decodeForEntry(int box) const {
+  const gdi::Size size = fitInside(naturalSize(), box);
+  auto decoded = inner_->decode(inner_->nativeSizeFor(size));
+  if (!decoded || decoded->empty()) return std::nullopt;
+  if (decoded->dimensions() == size) return decoded;
+  gdi::Surface entry(size.width, size.height, decoded->alpha());
+  gdi::stretchHalftone(entry, {0, 0, size.width, size.height}, *decoded,
                        {0, 0, decoded->Width(), decoded->Height()});
   return entry;
 }

@@ -19,15 +19,15 @@ class ThumbnailDecoder : public gdi::ScaledDecoder {
   ThumbnailDecoder(std::unique_ptr<gdi::ScaledDecoder> inner, std::shared_ptr<ThumbnailCache> cache,
                    std::string path, std::string uri);
 
-  gdi::Size NaturalSize() const override { return inner_->NaturalSize(); }
-  bool HasAlpha() const override { return inner_->HasAlpha(); }
-  gdi::Size NativeSizeFor(gdi::Size wanted) const override;
-  std::optional<gdi::Surface> Decode(gdi::Size native) const override;
+  gdi::Size naturalSize() const override { return inner_->naturalSize(); }
+  bool hasAlpha() const override { return inner_->hasAlpha(); }
+  gdi::Size nativeSizeFor(gdi::Size wanted) const override;
+  std::optional<gdi::Surface> decode(gdi::Size native) const override;
 
  private:
   // The entry size that serves `wanted`, 0 when the file serves it.
-  int BoxFor(gdi::Size wanted) const;
-  std::optional<gdi::Surface> DecodeForEntry(int box) const;
+  int boxFor(gdi::Size wanted) const;
+  std::optional<gdi::Surface> decodeForEntry(int box) const;
 
   std::unique_ptr<gdi::ScaledDecoder> inner_;
   std::shared_ptr<ThumbnailCache> cache_;

@@ -18,7 +18,7 @@ namespace {
 // What every read passes as the default, so that a missing key shows as no number.
 constexpr const char* kMissing = "?";
 
-std::optional<long> LeadingNumber(std::string_view text) {
+std::optional<long> leadingNumber(std::string_view text) {
   const auto start = text.find_first_not_of(" \t");
   if (start == std::string_view::npos) return std::nullopt;
   text.remove_prefix(start);
@@ -43,7 +43,7 @@ std::string ReadIni(const std::string& file, const std::string& section, const s
   std::u32string buffer(256, U' ');
   const std::size_t count =
       os::GetPrivateProfileString(section, key, def, std::span(buffer).first(255), file);
-  return os::Utf8FromChars(std::u32string_view(buffer).substr(0, count));
+  return os::utf8FromChars(std::u32string_view(buffer).substr(0, count));
 }
 
 void WriteIni(const std::string& file, const std::string& section, const std::string& key,
@@ -54,10 +54,10 @@ void WriteIni(const std::string& file, const std::string& section, const std::st
   static_cast<void>(os::WritePrivateProfileString(section, key, line, file));
 }
 
-long ReadIniNumber(const std::string& file, const std::string& section, const std::string& key) {
-  if (const auto number = LeadingNumber(ReadIni(file, section, key, kMissing))) return *number;
-  const auto fallback = os::DefaultSetting(key);
-  return fallback ? LeadingNumber(*fallback).value_or(0) : 0;
+long readIniNumber(const std::string& file, const std::string& section, const std::string& key) {
+  if (const auto number = leadingNumber(ReadIni(file, section, key, kMissing))) return *number;
+  const auto fallback = os::defaultSetting(key);
+  return fallback ? leadingNumber(*fallback).value_or(0) : 0;
 }
 
 }  // namespace vellumry

@@ -20,6 +20,6 @@ void WriteIni(const std::string& file, const std::string& section, const std::st
 // digits, anything behind them ignored). A value that holds no such number, or one too large
 // for a long, gives the key's default from the settings table, without a message; 0 when the
 // key has no numeric default.
-long ReadIniNumber(const std::string& file, const std::string& section, const std::string& key);
+long readIniNumber(const std::string& file, const std::string& section, const std::string& key);
 
 }  // namespace vellumry

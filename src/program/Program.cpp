@@ -37,15 +37,15 @@ Program::~Program() = default;
 
 Form1Controls& Program::mainWindow() { return static_cast<Form1Controls&>(Form1.form()); }
 
-std::string Program::ReadSetting(const std::string& key) const {
+std::string Program::readSetting(const std::string& key) const {
   return ReadIni(shell.sIniPath(), std::string(os::kSettingsSection), key, "?");
 }
 
-long Program::ReadSettingNumber(const std::string& key) const {
-  return ReadIniNumber(shell.sIniPath(), std::string(os::kSettingsSection), key);
+long Program::readSettingNumber(const std::string& key) const {
+  return readIniNumber(shell.sIniPath(), std::string(os::kSettingsSection), key);
 }
 
-void Program::WriteSetting(const std::string& key, const std::string& value) const {
+void Program::writeSetting(const std::string& key, const std::string& value) const {
   WriteIni(shell.sIniPath(), std::string(os::kSettingsSection), key, value);
 }
 
@@ -58,18 +58,18 @@ void Program::pMinimise(std::optional<uint8_t> viewerUp) {
 }
 
 void Program::pQuit() {
-  WriteSetting("dest", "");
+  writeSetting("dest", "");
   for (tk::Form* f : std::vector<tk::Form*>(runtime.Forms())) f->Unload();
   runtime.End();
 }
 
-void Program::StartHelp() {
-  if (!runtime.host().Run(shell.sInstallDir() + "/tomeview"))
+void Program::startHelp() {
+  if (!runtime.host().run(shell.sInstallDir() + "/tomeview"))
     tk::raise(tk::err::FileNotFound, "tomeview");
 }
 
-void Program::OpenFolder(const std::string& path) {
-  if (!runtime.host().Open(path)) tk::raise(tk::err::FileNotFound, path);
+void Program::openFolder(const std::string& path) {
+  if (!runtime.host().open(path)) tk::raise(tk::err::FileNotFound, path);
 }
 
 int32_t Program::ConvertTwipsToPixels(int32_t twips, uint8_t direction) {

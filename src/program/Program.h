@@ -82,10 +82,10 @@ class Program {
   Form1Controls& mainWindow();
 
   // A key of the settings file, "?" when missing; each read goes to the file.
-  std::string ReadSetting(const std::string& key) const;
+  std::string readSetting(const std::string& key) const;
   // A numeric key; one that holds no number reads as its default.
-  long ReadSettingNumber(const std::string& key) const;
-  void WriteSetting(const std::string& key, const std::string& value) const;
+  long readSettingNumber(const std::string& key) const;
+  void writeSetting(const std::string& key, const std::string& value) const;
 
   // Minimises the program as every minimising does: the screen picture, ViewerUp when given,
   // then Form0 to the screen and minimised; Form0's Resize hides the rest.
@@ -93,9 +93,9 @@ class Program {
   // Ends the program: `dest` written empty, every form unloaded.
   void pQuit();
   // Starts the help program beside the program; a failure to start is err::FileNotFound.
-  void StartHelp();
+  void startHelp();
   // Opens a folder in the desktop's file manager; a failure is err::FileNotFound.
-  void OpenFolder(const std::string& path);
+  void openFolder(const std::string& path);
   // Twips to whole pixels by the screen; direction 0 horizontal, else vertical.
   int32_t ConvertTwipsToPixels(int32_t twips, uint8_t direction);
 };

@@ -9,7 +9,7 @@ bool pFileexists(const std::string& path) { return os::FileExists(path); }
 
 void pOpenfile(tk::Runtime& runtime, const std::string& path) {
   tk::Host& host = runtime.host();
-  if (host.Open(path) || host.OpenWith(path)) return;
+  if (host.open(path) || host.openWith(path)) return;
   runtime.MsgBox("Unkwown filetype.", tk::mb::Information, "Info");
 }
 

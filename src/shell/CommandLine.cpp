@@ -5,7 +5,7 @@
 
 namespace vellumry {
 
-void TakeCommandLine(const std::vector<std::string>& args, Places& places) {
+void takeCommandLine(const std::vector<std::string>& args, Places& places) {
   if (args.size() < 2) return;
   namespace fs = std::filesystem;
   std::error_code error;

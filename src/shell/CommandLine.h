@@ -11,6 +11,6 @@ namespace vellumry {
 // A folder named in `args` (after the program's own name) becomes the start folder of this
 // run only; a picture named there gives its folder and is selected once the grid has loaded.
 // Anything else, or nothing, leaves `places` as it is.
-void TakeCommandLine(const std::vector<std::string>& args, Places& places);
+void takeCommandLine(const std::vector<std::string>& args, Places& places);
 
 }  // namespace vellumry

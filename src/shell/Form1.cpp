@@ -45,7 +45,7 @@ void Form1::Form_Load() {
   VScroll1.setLargeChange(1);
   VScroll1.setLeft(screen.Width - VScroll1.Width());
   btn(1).setLeft(screen.Width - btn(1).Width());
-  if (p.ReadSetting("showmb") != "0") {
+  if (p.readSetting("showmb") != "0") {
     VScroll1.setHeight(screen.Height - btn(1).Height() - 55);
     VScroll1.setTop(btn(1).Height() + 55);
   } else {
@@ -58,7 +58,7 @@ void Form1::Form_Load() {
   p.shell.vScreenPxW_ = p.ConvertTwipsToPixels(tk::CLng(screen.Width), 0);
   p.shell.vScreenPxH_ = p.ConvertTwipsToPixels(tk::CLng(screen.Height), 1);
   Label.setHeight(screen.Height);
-  p.shell.sDest_ = p.ReadSetting("dest");
+  p.shell.sDest_ = p.readSetting("dest");
   // A folder named on the command line is the start folder of this run only.
   if (!p.places.startFolder.empty()) p.shell.sDest_ = p.places.startFolder;
   if (p.shell.sDest_.empty() || !os::FolderExists(p.shell.sDest_))
@@ -66,7 +66,7 @@ void Form1::Form_Load() {
   File2.setPath(p.shell.sDest_);
   pLoadlist();
   Timer6.setEnabled(true);
-  Label3.setCaption(p.ReadSetting("Inw"));
+  Label3.setCaption(p.readSetting("Inw"));
   Label3.setCaption(Label3.Caption() != ">" ? ">" : "<");
   pPanelWidth();
 }
@@ -94,12 +94,12 @@ void Form1::Timer6_Timer() {
         tk::mb::YesNo + tk::mb::Question, "");
     if (answer == tk::mb::Yes) return runtime().End();
   }
-  if (program_.ReadSetting("showll") != "0" && List(0).ListCount() > 0)
+  if (program_.readSetting("showll") != "0" && List(0).ListCount() > 0)
     program_.frmMenu().mnuSllist_Click();
 }
 
 void Form1::Form_QueryUnload(int& Cancel, int) {
-  program_.WriteSetting("Inw", Label3.Caption());
+  program_.writeSetting("Inw", Label3.Caption());
   if (program_.grid.nDeleted() != 0) {
     Cancel = 1;
     pAskDelete(kAskClosing);

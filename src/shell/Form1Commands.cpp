@@ -20,7 +20,7 @@ void Form1::Form_KeyUp(int& KeyCode, int) {
     switch (KeyCode) {
       case tk::key::F1:
         program_.pMinimise(ViewerState::kGrid);
-        program_.StartHelp();
+        program_.startHelp();
         break;
       case tk::key::Esc:
         Unload();
@@ -54,7 +54,7 @@ void Form1::Image1_Click(int Index) {
   resumeNext([&] { pFrameSel(); });
   // A click is often the first half of a double click: the viewer's picture is decoded while
   // the second half comes.
-  DecodeForViewer(program_, Index);
+  decodeForViewer(program_, Index);
 }
 
 void Form1::Image1_DblClick(int Index) {

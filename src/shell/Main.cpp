@@ -25,9 +25,9 @@ void give(Program& program, tk::FormSlot<T>& slot) {
 
 void Main(Program& program) {
   program.shell.sIniPath_ = program.places.programFolder + "/" + std::string(os::kSettingsFileName);
-  os::CreateSettingsFileIfMissing(program.shell.sIniPath_);
+  os::createSettingsFileIfMissing(program.shell.sIniPath_);
   program.shell.sInstallDir_ = program.places.installFolder;
-  program.shell.sDataDir_ = os::DataFolderFor(program.places.installFolder);
+  program.shell.sDataDir_ = os::dataFolderFor(program.places.installFolder);
   give(program, program.Form0);
   give(program, program.Form1);
   give(program, program.Form2);

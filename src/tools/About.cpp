@@ -87,7 +87,7 @@ void About::Timer2_Timer() {
 
 void About::bHome_Click() {
   // The project's own page travels with the program.
-  program_.runtime.host().Open(program_.shell.sDataDir() + "/help/index.html");
+  program_.runtime.host().open(program_.shell.sDataDir() + "/help/index.html");
 }
 
 void mnuAbout_Click(Program& program) {

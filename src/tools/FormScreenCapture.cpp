@@ -15,7 +15,7 @@ namespace {
 // back colour, the thumbnail and the cross over it, each stretched over its place.
 gdi::Picture markedThumbnail(const Form1Controls& f, const tk::Screen& screen, int w, int h) {
   gdi::Surface canvas(std::max(w, 1), std::max(h, 1), gdi::AlphaMode::kOpaque);
-  gdi::Fill(canvas, {0, 0, canvas.Width(), canvas.Height()}, tk::pixelOf(f.Frame4.BackColor()));
+  gdi::fill(canvas, {0, 0, canvas.Width(), canvas.Height()}, tk::pixelOf(f.Frame4.BackColor()));
   const auto px = [](double twips, double perPixel) {
     return static_cast<int>(tk::roundHalfEven(twips / perPixel));
   };
@@ -27,7 +27,7 @@ gdi::Picture markedThumbnail(const Form1Controls& f, const tk::Screen& screen, i
         px(image->Width(), screen.TwipsPerPixelX), px(image->Height(), screen.TwipsPerPixelY), 0,
         picture.Height(), picture.Width(), -picture.Height());
   }
-  return gdi::Picture::FromSurface(std::move(canvas), screen.TwipsPerPixelX);
+  return gdi::Picture::fromSurface(std::move(canvas), screen.TwipsPerPixelX);
 }
 
 }  // namespace
@@ -50,7 +50,7 @@ void FormScreenCapture::Form_Load() {
     setHeight(tools.delShotH());
   }
   setLeft(-Width());
-  if (!tools.delShot()) return program_.Form0.form().setPicture(runtime().host().ScreenPicture());
+  if (!tools.delShot()) return program_.Form0.form().setPicture(runtime().host().screenPicture());
   Form1Controls& f = program_.mainWindow();
   f.Image123(f.File2.ListIndex() + 1)
       .setPicture(markedThumbnail(f, screen, static_cast<int>(Width() / screen.TwipsPerPixelX),

@@ -30,7 +30,7 @@ std::string twoDecimals(double value, const char* unit) {
 }
 }  // namespace
 
-std::string SizeText(uint64_t bytes) {
+std::string sizeText(uint64_t bytes) {
   const double size = static_cast<double>(bytes);
   if (bytes >= 1073741824) return twoDecimals(size / 1024 / 1024 / 1024, "GB");
   if (bytes >= 1048576) return twoDecimals(size / 1024 / 1024, "MB");
@@ -55,7 +55,7 @@ void pImginfo(Program& program, const std::string& path) {
   const std::string text = "Name: " + shortName + "    Type: " + file->Type + kCrLf + kCrLf +     //
                            "Width:  " + std::to_string(width) + "   picsels" + kCrLf +            //
                            "Height:  " + std::to_string(height) + "   picsels" + kCrLf + kCrLf +  //
-                           "Size  " + SizeText(file->Size) + kCrLf + kCrLf +                      //
+                           "Size  " + sizeText(file->Size) + kCrLf + kCrLf +                      //
                            "Modified:  " + file->DateLastModified + kCrLf +                       //
                            "Accessed:  " + file->DateLastAccessed + kCrLf + kCrLf +               //
                            "Sourse Folder  " + without(file->Path, file->Name);

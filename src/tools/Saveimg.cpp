@@ -30,7 +30,7 @@ tk::Form& windowOnTop(Program& program) {
 
 // Asks for the copy's name in `cd` and copies `path` there.
 void askAndCopy(Program& program, tk::CommonDialog& cd, const std::string& path) {
-  const std::string ext = SaveExtension(path);
+  const std::string ext = saveExtension(path);
   cd.CancelError = false;
   cd.Filter = "Files (*." + ext + ") |*." + ext;
   cd.DefaultExt = ext;
@@ -47,11 +47,11 @@ void askAndCopy(Program& program, tk::CommonDialog& cd, const std::string& path)
 }
 }  // namespace
 
-std::string SaveExtension(const std::string& path) {
-  std::u32string chars = os::CharsFromUtf8(path);
+std::string saveExtension(const std::string& path) {
+  std::u32string chars = os::charsFromUtf8(path);
   chars.erase(chars.begin(), chars.end() - std::min<size_t>(chars.size(), 4));
   std::erase(chars, U'.');
-  return os::Utf8FromChars(chars);
+  return os::utf8FromChars(chars);
 }
 
 void pSaveimg(Program& program, const std::string& path) {

@@ -10,7 +10,7 @@ class Program;
 
 // The extension that the copy of `path` is offered with: its last four characters without any
 // "." ("tif" for a.tif, "jpeg" for b.jpeg, "hoto" for a name "photo" without one).
-std::string SaveExtension(const std::string& path);
+std::string saveExtension(const std::string& path);
 
 // Asks for a name in the dialog `CD` of the window that ViewerUp names (the GIF window, the
 // viewer, else the main window) and copies the file `path` there. The dialog asks before it

@@ -88,7 +88,7 @@ void frmMenu::mnuOfo2_Click() {
   std::string path = f.List(1).List(f.List(0).ListIndex());
   if (!os::FolderExists(path)) return Links::of(program_).pInvalidLink();
   program_.pMinimise(ViewerState::kGrid);
-  program_.OpenFolder(path);
+  program_.openFolder(path);
 }
 
 void frmMenu::mnuRllist_Click() {
@@ -110,7 +110,7 @@ std::string frmMenu::selectedFile() {
 
 void frmMenu::mnuHelp_Click() {
   program_.pMinimise(std::nullopt);
-  program_.StartHelp();
+  program_.startHelp();
 }
 
 void frmMenu::mnuMinimize_Click() { program_.pMinimise(ViewerState::kGrid); }

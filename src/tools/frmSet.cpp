@@ -130,20 +130,20 @@ void frmSet::Form_Load() {
   FrameList1(2).setVisible(false);
   setHeight(kHeight);
   const tk::Screen& screen = runtime().screen();
-  setLeft(static_cast<double>(tk::IntDiv(screen.Width, 2) - tk::IntDiv(Width(), 2)));
-  setTop(static_cast<double>(tk::IntDiv(screen.Height, 2) - tk::IntDiv(Height(), 2)));
+  setLeft(static_cast<double>(tk::intDiv(screen.Width, 2) - tk::intDiv(Width(), 2)));
+  setTop(static_cast<double>(tk::intDiv(screen.Height, 2) - tk::intDiv(Height(), 2)));
 
   for (int rows = 2; rows <= 10; ++rows) cbo(0).AddItem(std::to_string(rows));
   cbo(1).AddItem("1");
   cbo(1).AddItem("3");
   for (int seconds = 5; seconds <= 60; seconds += 5) cbo(1).AddItem(std::to_string(seconds));
 
-  cmb(0).setBackColor(static_cast<uint32_t>(program_.ReadSettingNumber("gformc")));
-  cmb(1).setBackColor(static_cast<uint32_t>(program_.ReadSettingNumber("gselfrc")));
+  cmb(0).setBackColor(static_cast<uint32_t>(program_.readSettingNumber("gformc")));
+  cmb(1).setBackColor(static_cast<uint32_t>(program_.readSettingNumber("gselfrc")));
 
   // Three keys count as on only when they read "1", the others unless they read "0".
-  const auto onWhenOne = [this](const char* key) { return program_.ReadSetting(key) == "1"; };
-  const auto onUnlessZero = [this](const char* key) { return program_.ReadSetting(key) != "0"; };
+  const auto onWhenOne = [this](const char* key) { return program_.readSetting(key) == "1"; };
+  const auto onUnlessZero = [this](const char* key) { return program_.readSetting(key) != "0"; };
   Check(0).setValue(program_.viewer.sAniGif() == "1");
   Check(2).setValue(onWhenOne("showll"));
   Check(1).setValue(onWhenOne("lnvar"));
@@ -155,8 +155,8 @@ void frmSet::Form_Load() {
 
 void frmSet::Form_Activate() {
   if (firstActivate) return;
-  selectText(cbo(0), program_.ReadSetting("rows"));
-  selectText(cbo(1), program_.ReadSetting("slsh"));
+  selectText(cbo(0), program_.readSetting("rows"));
+  selectText(cbo(1), program_.readSetting("slsh"));
   btn(2).setVisible(false);
   firstActivate = true;
 }
@@ -167,7 +167,7 @@ void frmSet::cbo_Click(int Index) {
   const double screenHeight = tk::roundHalfEven(runtime().screen().Height);
   tk::Image& cell = program_.mainWindow().Image1(0);
   for (int16_t t = rowsChecked; t >= 2; --t) {
-    cell.setHeight(static_cast<double>(tk::IntDiv(screenHeight, t) - tk::IntDiv(300, t)));
+    cell.setHeight(static_cast<double>(tk::intDiv(screenHeight, t) - tk::intDiv(300, t)));
     if (cell.Height() > kMinCell) {
       rowsChecked = t;
       break;
@@ -185,7 +185,7 @@ void frmSet::cmb_Click(int Index) {
 }
 
 void frmSet::TabStrip1_Click() {
-  const int chosen = TabStrip1.SelectedItem();
+  const int chosen = TabStrip1.selectedItem();
   if (chosen == curTab) return;
   FrameList1(chosen).setVisible(true);
   FrameList1(curTab).setVisible(false);
@@ -203,18 +203,18 @@ void frmSet::pSave() {
   const auto colour = [this](int i) {
     return std::to_string(static_cast<int32_t>(cmb(i).BackColor()));
   };
-  program_.WriteSetting("rows", rowsChecked != 0 ? std::to_string(rowsChecked) : cbo(0).Text());
-  program_.WriteSetting("showll", flag(2));
-  program_.WriteSetting("lnvar", flag(1));
-  program_.WriteSetting("gformc", colour(0));
-  program_.WriteSetting("gselfrc", colour(1));
-  program_.WriteSetting("slsh", cbo(1).Text());
-  program_.WriteSetting("anigifp", flag(0));
+  program_.writeSetting("rows", rowsChecked != 0 ? std::to_string(rowsChecked) : cbo(0).Text());
+  program_.writeSetting("showll", flag(2));
+  program_.writeSetting("lnvar", flag(1));
+  program_.writeSetting("gformc", colour(0));
+  program_.writeSetting("gselfrc", colour(1));
+  program_.writeSetting("slsh", cbo(1).Text());
+  program_.writeSetting("anigifp", flag(0));
   program_.viewer.setAniGif(flag(0));
-  program_.WriteSetting("showmb", flag(3));
-  program_.WriteSetting("frameprop", flag(4));
-  program_.WriteSetting("beeps", flag(6));
-  program_.WriteSetting("sautor", flag(7));
+  program_.writeSetting("showmb", flag(3));
+  program_.writeSetting("frameprop", flag(4));
+  program_.writeSetting("beeps", flag(6));
+  program_.writeSetting("sautor", flag(7));
   // The settings as last saved; nothing reads this copy.
   const std::string copy = program_.places.programFolder + "/1.INI";
   os::CopyFile(program_.shell.sIniPath(), copy, true);  // replaces the old copy whole

@@ -8,19 +8,19 @@
 
 namespace vellumry {
 
-gdi::Picture HeldPicture(Program& program, int i) {
+gdi::Picture heldPicture(Program& program, int i) {
   Form1Controls& f = program.mainWindow();
   // A marked position shows the cross; its plain picture is kept aside.
   const tk::ControlArray<tk::Image>& holders = program.grid.marked(i) ? f.Img1 : f.Image123;
   return holders.exists(i) ? holders(i).Picture() : gdi::Picture();
 }
 
-void DecodeForViewer(Program& program, int i) {
-  const gdi::Picture picture = HeldPicture(program, i);
+void decodeForViewer(Program& program, int i) {
+  const gdi::Picture picture = heldPicture(program, i);
   if (!picture) return;
   // The viewer covers the screen.
   const tk::Screen& screen = program.runtime.screen();
-  const ShownSize shown = FitToForm(tk::CLng(tk::pictureTwipsX(picture, screen.TwipsPerPixelX)),
+  const ShownSize shown = fitToForm(tk::CLng(tk::pictureTwipsX(picture, screen.TwipsPerPixelX)),
                                     tk::CLng(tk::pictureTwipsY(picture, screen.TwipsPerPixelY)),
                                     screen.Width, screen.Height);
   program.pictures().prefetch(

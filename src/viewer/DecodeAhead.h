@@ -10,10 +10,10 @@ class Program;
 
 // The picture the grid holds for position `i`: the plain one of a marked position; an empty
 // picture for a position the grid hasn't filled.
-gdi::Picture HeldPicture(Program& program, int i);
+gdi::Picture heldPicture(Program& program, int i);
 
 // Queues the decoding of position `i`'s picture at the size the viewer fits it to the screen.
 // Never blocks; a position without a picture is passed over.
-void DecodeForViewer(Program& program, int i);
+void decodeForViewer(Program& program, int i);
 
 }  // namespace vellumry

@@ -2,7 +2,7 @@
 
 namespace vellumry {
 
-ShownSize FitToForm(int32_t picW, int32_t picH, double formW, double formH) {
+ShownSize fitToForm(int32_t picW, int32_t picH, double formW, double formH) {
   // The width that goes with the full form height, and the height that goes with its width.
   const double a = formH * picW / picH;
   const double b = formW * picH / picW;

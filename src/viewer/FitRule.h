@@ -13,6 +13,6 @@ struct ShownSize {
 // tests the longer side alone: a portrait picture is held to the form's height, a landscape one
 // to its width (and may stay taller than the form), a square one to the height. Anything that
 // fits keeps its own size.
-ShownSize FitToForm(int32_t picW, int32_t picH, double formW, double formH);
+ShownSize fitToForm(int32_t picW, int32_t picH, double formW, double formH);
 
 }  // namespace vellumry

@@ -88,8 +88,8 @@ void Form2::Form_Load() {
   Timer1.setInterval(1);
   pGetPicture();
   // Both are on unless the setting says exactly "0"; a missing key counts as on.
-  bBeep = program_.ReadSetting("beeps") != "0";
-  bStopAtEnd = program_.ReadSetting("sautor") != "0";
+  bBeep = program_.readSetting("beeps") != "0";
+  bStopAtEnd = program_.readSetting("sautor") != "0";
 }
 
 void Form2::pGetPicture() {
@@ -97,7 +97,7 @@ void Form2::pGetPicture() {
   const int i = f.File2.ListIndex() + 1;
   const std::string name = f.File2.FileName();
   const std::string ext = tk::toUpper(name.size() > 3 ? name.substr(name.size() - 3) : name);
-  const gdi::Picture source = HeldPicture(program_, i);
+  const gdi::Picture source = heldPicture(program_, i);
   if (ext == "GIF" || ext == "BMP") {
     // A flat bitmap of what the box shows, transparent parts over the viewer's colour.
     Image1.setPicture(source);

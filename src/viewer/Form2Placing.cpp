@@ -28,7 +28,7 @@ void Form2::Timer1_Timer() {
   Image1.setPicture(Image2.Picture());
   lPicH = tk::CLng(Image1.Height());
   lPicW = tk::CLng(Image1.Width());
-  const ShownSize shown = FitToForm(lPicW, lPicH, Width(), Height());
+  const ShownSize shown = fitToForm(lPicW, lPicH, Width(), Height());
   Image1.setHeight(shown.height);
   Image1.setWidth(shown.width);
   Image1.setLeft(Width() / 2 - Image1.Width() / 2);
@@ -64,10 +64,10 @@ void Form2::pPaint() {
   // so the source is the picture whole whatever the display.
   const gdi::Picture& picture = Image1.Picture();
   gdi::Surface canvas(sw, sh, gdi::AlphaMode::kOpaque);
-  gdi::Fill(canvas, {0, 0, sw, sh}, tk::pixelOf(Image1.BackColor()));
+  gdi::fill(canvas, {0, 0, sw, sh}, tk::pixelOf(Image1.BackColor()));
   picture.Render(canvas, 0, 0, sw, sh, 0, picture.Height(), picture.Width(), -picture.Height());
   Image1.setPicture(
-      gdi::Picture::FromSurface(std::move(canvas), runtime().screen().TwipsPerPixelX));
+      gdi::Picture::fromSurface(std::move(canvas), runtime().screen().TwipsPerPixelX));
 }
 
 void Form2::pZoomStep() {
@@ -205,7 +205,7 @@ void Form2::decodeNeighboursAhead() {
   const tk::FileListBox& list = program_.mainWindow().File2;
   const int count = list.ListCount();
   if (count < 2) return;
-  for (int step : {1, -1}) DecodeForViewer(program_, (list.ListIndex() + step + count) % count + 1);
+  for (int step : {1, -1}) decodeForViewer(program_, (list.ListIndex() + step + count) % count + 1);
 }
 
 }  // namespace vellumry

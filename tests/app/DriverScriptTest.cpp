@@ -37,20 +37,20 @@ void writeFile(const std::filesystem::path& path, const std::vector<uint8_t>& by
 std::vector<uint8_t> bmp32(uint32_t argb) {
   gdi::Surface pixels(8, 8, gdi::AlphaMode::kUnknown);
   for (uint32_t& p : pixels.Pixels()) p = argb;
-  return codecs::EncodeBmp(pixels);
+  return codecs::encodeBmp(pixels);
 }
 
 // A 1-bit BMP of 8 x 8 pixels, black and white columns by turns, white at the left.
 std::vector<uint8_t> bmp1() {
   std::vector<uint8_t> file = {'B', 'M'};
-  codecs::PutLe32(file, 14 + 40 + 8 + 32);
-  codecs::PutLe32(file, 0);
-  codecs::PutLe32(file, 14 + 40 + 8);
-  for (const uint32_t v : {40u, 8u, 8u}) codecs::PutLe32(file, v);
-  codecs::PutLe16(file, 1);
-  codecs::PutLe16(file, 1);
-  for (const uint32_t v : {0u, 32u, 0u, 0u, 2u, 0u, 0x000000u, 0xFFFFFFu}) codecs::PutLe32(file, v);
-  for (int row = 0; row < 8; ++row) codecs::PutLe32(file, 0xAA);  // 1010 1010, padded
+  codecs::putLe32(file, 14 + 40 + 8 + 32);
+  codecs::putLe32(file, 0);
+  codecs::putLe32(file, 14 + 40 + 8);
+  for (const uint32_t v : {40u, 8u, 8u}) codecs::putLe32(file, v);
+  codecs::putLe16(file, 1);
+  codecs::putLe16(file, 1);
+  for (const uint32_t v : {0u, 32u, 0u, 0u, 2u, 0u, 0x000000u, 0xFFFFFFu}) codecs::putLe32(file, v);
+  for (int row = 0; row < 8; ++row) codecs::putLe32(file, 0xAA);  // 1010 1010, padded
   return file;
 }
 
@@ -99,15 +99,15 @@ TEST_P(DriverScriptTest, Grid57RunsAsDocumented) {
 }
 
 TEST_P(DriverScriptTest, EveryKindOfPictureOfTheEngine) {
-  using codecs::testing::IconFile;
-  using codecs::testing::IconImageBytes;
-  writeFile(pictures / "a-sizes.ico", IconFile(1, {{IconImageBytes(16, 0x800000FF)},
-                                                   {IconImageBytes(32, 0x8000FF00)},
-                                                   {IconImageBytes(48, 0x80FF0000)}}));
+  using codecs::testing::iconFile;
+  using codecs::testing::iconImageBytes;
+  writeFile(pictures / "a-sizes.ico", iconFile(1, {{iconImageBytes(16, 0x800000FF)},
+                                                   {iconImageBytes(32, 0x8000FF00)},
+                                                   {iconImageBytes(48, 0x80FF0000)}}));
   writeFile(pictures / "b-straight.bmp", bmp32(0x80C80000));
   writeFile(pictures / "c-premultiplied.bmp", bmp32(0x80640000));
   writeFile(pictures / "d-zero.bmp", bmp32(0x00C80000));
-  writeFile(pictures / "e-pointer.cur", IconFile(2, {{IconImageBytes(16, 0xFF123456), 3, 4}}));
+  writeFile(pictures / "e-pointer.cur", iconFile(2, {{iconImageBytes(16, 0xFF123456), 3, 4}}));
   writeFile(pictures / "f-mono.bmp", bmp1());
   expectScript("engine", 0);
 }
@@ -153,7 +153,7 @@ TEST_P(DriverScriptTest, DialogsScenario) {
   ASSERT_LT(size, 1536u);
   // Bytes behind the end of a PNG are no part of the picture.
   writeFile(pictures / "d.png", [&] {
-    auto bytes = *os::ReadWholeFile((pictures / "d.png").string());
+    auto bytes = *os::readWholeFile((pictures / "d.png").string());
     bytes.resize(1536);
     return bytes;
   }());
@@ -174,8 +174,8 @@ TEST_P(DriverScriptTest, GifWindowPlaysPausesStepsAndStops) {
     return GifFrameSpec{0, 0, 2, 2, std::vector<uint8_t>(4, index), delay};
   };
   writeFile(pictures / "a-anim.gif",
-            codecs::testing::MakeAnimatedGif(2, 2, {solid(1, 10), solid(2, 0), solid(3, 20)}, 2));
-  writeFile(pictures / "b-still.gif", codecs::testing::MakeAnimatedGif(2, 2, {solid(1, 10)}, -1));
+            codecs::testing::makeAnimatedGif(2, 2, {solid(1, 10), solid(2, 0), solid(3, 20)}, 2));
+  writeFile(pictures / "b-still.gif", codecs::testing::makeAnimatedGif(2, 2, {solid(1, 10)}, -1));
   expectScript("gif", 0);
 }
 

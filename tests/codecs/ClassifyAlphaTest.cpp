@@ -38,8 +38,8 @@ TEST(ClassifyAlpha, DecidesByTheFirstPixelThatProvesAKind) {
   for (const Case& c : cases) {
     EXPECT_EQ(ClassifyAlpha(c.pixels, static_cast<int>(c.pixels.size()), 1), c.expected) << c.name;
     AlphaClassifier pieceByPiece;
-    for (const uint32_t& pixel : c.pixels) pieceByPiece.Add({&pixel, 1});
-    EXPECT_EQ(pieceByPiece.Result(), c.expected) << c.name << ", a pixel at a time";
+    for (const uint32_t& pixel : c.pixels) pieceByPiece.add({&pixel, 1});
+    EXPECT_EQ(pieceByPiece.result(), c.expected) << c.name << ", a pixel at a time";
   }
 }
 

@@ -8,8 +8,8 @@
 namespace vellumry::codecs {
 namespace {
 
-using testing::Corpus;
-using testing::FilesBelow;
+using testing::corpus;
+using testing::filesBelow;
 using testing::ReadFile;
 
 struct SuiteCase {
@@ -22,18 +22,18 @@ class CorpusWalk : public ::testing::TestWithParam<SuiteCase> {};
 
 TEST_P(CorpusWalk, EachFileDecodesOrIsRefused) {
   const SuiteCase& suite = GetParam();
-  SKIP_WITHOUT(Corpus(suite.dir));
+  SKIP_WITHOUT(corpus(suite.dir));
   int decoded = 0;
-  for (const auto& path : FilesBelow(Corpus(suite.dir))) {
+  for (const auto& path : filesBelow(corpus(suite.dir))) {
     const std::vector<uint8_t> bytes = ReadFile(path);
-    const auto info = Probe(bytes);
-    const auto result = Decode(bytes);
+    const auto info = probe(bytes);
+    const auto result = decode(bytes);
     if (!result) continue;
     ASSERT_TRUE(info) << path;
-    EXPECT_FALSE(result->surface.Empty()) << path;
+    EXPECT_FALSE(result->surface.empty()) << path;
     if (info->format == suite.format) ++decoded;
     // A half-size request never gives less than asked, nor more than full size.
-    const auto half = Decode(bytes, info->width / 2, info->height / 2);
+    const auto half = decode(bytes, info->width / 2, info->height / 2);
     ASSERT_TRUE(half) << path;
     EXPECT_GE(half->surface.Width(), info->width / 2) << path;
     EXPECT_LE(half->surface.Width(), result->surface.Width()) << path;
@@ -59,10 +59,10 @@ INSTANTIATE_TEST_SUITE_P(
     });
 
 TEST(CorpusWalk, BrokenPngsOfThePngSuiteAreRefused) {
-  SKIP_WITHOUT(Corpus("pngsuite/png"));
-  for (const auto& path : FilesBelow(Corpus("pngsuite/png"))) {
+  SKIP_WITHOUT(corpus("pngsuite/png"));
+  for (const auto& path : filesBelow(corpus("pngsuite/png"))) {
     if (path.filename().string()[0] != 'x') continue;
-    EXPECT_FALSE(Decode(ReadFile(path))) << path;
+    EXPECT_FALSE(decode(ReadFile(path))) << path;
   }
 }
 
@@ -70,16 +70,16 @@ TEST(CorpusWalk, MetafilesDrawAtTheirNaturalSize) {
   for (const auto& [name, format] :
        {std::pair{"drawing.emf", Format::kEmf}, {"drawing.wmf", Format::kWmf}}) {
     SCOPED_TRACE(name);
-    const auto path = Corpus(std::string("pillow/Tests/images/") + name);
+    const auto path = corpus(std::string("pillow/Tests/images/") + name);
     SKIP_WITHOUT(path);
     const std::vector<uint8_t> bytes = ReadFile(path);
-    const auto info = Probe(bytes);
+    const auto info = probe(bytes);
     ASSERT_TRUE(info);
     EXPECT_EQ(info->format, format);
     EXPECT_GT(info->width, 0);
-    const auto drawn = Decode(bytes);
+    const auto drawn = decode(bytes);
     ASSERT_TRUE(drawn);
-    EXPECT_EQ(drawn->surface.Dimensions(), (gdi::Size{info->width, info->height}));
+    EXPECT_EQ(drawn->surface.dimensions(), (gdi::Size{info->width, info->height}));
   }
 }
 

@@ -16,12 +16,12 @@ using gdi::AlphaMode;
 constexpr size_t kPixelsAt = 54;  // behind the file header and the 40-byte info header
 
 // A BMP of `rows` (top first, 0xAARRGGBB), stored bottom-up, or top-down with a negative height.
-std::vector<uint8_t> Bmp(const std::vector<std::vector<uint32_t>>& rows, AlphaMode mode,
+std::vector<uint8_t> bmp(const std::vector<std::vector<uint32_t>>& rows, AlphaMode mode,
                          bool topDown = false) {
   const int width = static_cast<int>(rows[0].size()), height = static_cast<int>(rows.size());
   gdi::Surface pixels(width, height, mode);
   for (int y = 0; y < height; ++y) std::copy(rows[y].begin(), rows[y].end(), pixels.Row(y));
-  std::vector<uint8_t> file = codecs::EncodeBmp(pixels);
+  std::vector<uint8_t> file = codecs::encodeBmp(pixels);
   if (topDown) {
     const size_t rowBytes = (file.size() - kPixelsAt) / static_cast<size_t>(height);
     std::vector<uint8_t> stored(file.begin() + kPixelsAt, file.end());
@@ -45,26 +45,26 @@ TEST(DibSectionProbe, SizeAndMeaningOfTheFourthByteWithoutDecoding) {
     std::optional<AlphaMode> stored;  // null: refused
     gdi::Size natural{2, 1};
   };
-  std::vector<uint8_t> shortData = Bmp({{0xFF102030, 0xFF102030}}, AlphaMode::kOpaque);
+  std::vector<uint8_t> shortData = bmp({{0xFF102030, 0xFF102030}}, AlphaMode::kOpaque);
   shortData.pop_back();
   const Case cases[] = {
-      {"24 bits", Bmp({{0xFF102030, 0xFF405060}}, AlphaMode::kOpaque), AlphaMode::kOpaque},
+      {"24 bits", bmp({{0xFF102030, 0xFF405060}}, AlphaMode::kOpaque), AlphaMode::kOpaque},
       {"bottom-up rows, read top first",
-       Bmp(hiddenAbovePartial, AlphaMode::kStraight),
+       bmp(hiddenAbovePartial, AlphaMode::kStraight),
        AlphaMode::kPremultiplied,
        {1, 2}},
       {"top-down rows",
-       Bmp(hiddenAbovePartial, AlphaMode::kStraight, true),
+       bmp(hiddenAbovePartial, AlphaMode::kStraight, true),
        AlphaMode::kPremultiplied,
        {1, 2}},
-      {"a channel above its alpha", Bmp({{0xFF000000, 0x80C80000}}, AlphaMode::kStraight),
+      {"a channel above its alpha", bmp({{0xFF000000, 0x80C80000}}, AlphaMode::kStraight),
        AlphaMode::kStraight},
-      {"a fourth byte of 0 everywhere", Bmp({{0x00102030, 0x00405060}}, AlphaMode::kStraight),
+      {"a fourth byte of 0 everywhere", bmp({{0x00102030, 0x00405060}}, AlphaMode::kStraight),
        AlphaMode::kUnknown},
       {"pixels that end a byte early", shortData, std::nullopt},
   };
   for (const Case& c : cases) {
-    const auto info = ProbeDibSection(c.file);
+    const auto info = probeDibSection(c.file);
     ASSERT_EQ(info.has_value(), c.stored.has_value()) << c.name;
     if (!info) continue;
     EXPECT_EQ(info->stored, *c.stored) << c.name;

@@ -25,30 +25,30 @@ struct Bmp {
   std::vector<uint8_t> File() const {
     const bool masksInside = headerSize >= 52;
     std::vector<uint8_t> info;
-    codecs::PutLe32(info, headerSize);
-    codecs::PutLe32(info, static_cast<uint32_t>(width));
-    codecs::PutLe32(info, static_cast<uint32_t>(height));
-    codecs::PutLe16(info, 1);
-    codecs::PutLe16(info, bitCount);
-    codecs::PutLe32(info, compression);
-    codecs::PutLe32(info, static_cast<uint32_t>(pixels.size()));
-    codecs::PutLe32(info, 0);
-    codecs::PutLe32(info, 0);
-    codecs::PutLe32(info, colorsUsed);
-    codecs::PutLe32(info, 0);
+    codecs::putLe32(info, headerSize);
+    codecs::putLe32(info, static_cast<uint32_t>(width));
+    codecs::putLe32(info, static_cast<uint32_t>(height));
+    codecs::putLe16(info, 1);
+    codecs::putLe16(info, bitCount);
+    codecs::putLe32(info, compression);
+    codecs::putLe32(info, static_cast<uint32_t>(pixels.size()));
+    codecs::putLe32(info, 0);
+    codecs::putLe32(info, 0);
+    codecs::putLe32(info, colorsUsed);
+    codecs::putLe32(info, 0);
     if (masksInside) {
-      for (const uint32_t m : masks) codecs::PutLe32(info, m);
+      for (const uint32_t m : masks) codecs::putLe32(info, m);
     }
     info.resize(headerSize, 0);
     if (!masksInside) {
-      for (const uint32_t m : masks) codecs::PutLe32(info, m);
+      for (const uint32_t m : masks) codecs::putLe32(info, m);
     }
-    for (const uint32_t c : palette) codecs::PutLe32(info, c);
+    for (const uint32_t c : palette) codecs::putLe32(info, c);
     info.insert(info.end(), gap, 0xEE);
     std::vector<uint8_t> file = {'B', 'M'};
-    codecs::PutLe32(file, static_cast<uint32_t>(14 + info.size() + pixels.size()));
-    codecs::PutLe32(file, 0);
-    codecs::PutLe32(file, static_cast<uint32_t>(14 + info.size()));
+    codecs::putLe32(file, static_cast<uint32_t>(14 + info.size() + pixels.size()));
+    codecs::putLe32(file, 0);
+    codecs::putLe32(file, static_cast<uint32_t>(14 + info.size()));
     file.insert(file.end(), info.begin(), info.end());
     file.insert(file.end(), pixels.begin(), pixels.end());
     return file;
@@ -64,16 +64,16 @@ TEST(DibSection, HeaderSizesFrom40To124) {
     Bmp bmp;
     bmp.headerSize = size;
     bmp.pixels = kRgbRows;
-    const auto decoded = DecodeDibSection(bmp.File());
+    const auto decoded = decodeDibSection(bmp.File());
     ASSERT_TRUE(decoded) << size;
-    EXPECT_EQ(decoded->surface.Pixel(0, 0), 0xFFFF0000u) << size;  // top row, left: red
-    EXPECT_EQ(decoded->surface.Pixel(0, 1), 0xFF0000FFu) << size;  // bottom row, left: blue
+    EXPECT_EQ(decoded->surface.pixel(0, 0), 0xFFFF0000u) << size;  // top row, left: red
+    EXPECT_EQ(decoded->surface.pixel(0, 1), 0xFF0000FFu) << size;  // bottom row, left: blue
   }
   for (const uint32_t size : {12u, 39u, 125u}) {
     Bmp bmp;
     bmp.headerSize = size;
     bmp.pixels = kRgbRows;
-    EXPECT_FALSE(DecodeDibSection(bmp.File())) << size;
+    EXPECT_FALSE(decodeDibSection(bmp.File())) << size;
   }
 }
 
@@ -81,9 +81,9 @@ TEST(DibSection, TopDownRows) {
   Bmp bmp;
   bmp.height = -2;
   bmp.pixels = kRgbRows;
-  const auto decoded = DecodeDibSection(bmp.File());
+  const auto decoded = decodeDibSection(bmp.File());
   ASSERT_TRUE(decoded);
-  EXPECT_EQ(decoded->surface.Pixel(0, 0), 0xFF0000FFu);
+  EXPECT_EQ(decoded->surface.pixel(0, 0), 0xFF0000FFu);
 }
 
 TEST(DibSection, BitFieldsBehindA40ByteHeaderOrInsideALargerOne) {
@@ -97,10 +97,10 @@ TEST(DibSection, BitFieldsBehindA40ByteHeaderOrInsideALargerOne) {
     bmp.compression = 3;
     bmp.masks = {0xF800, 0x07E0, 0x001F};
     bmp.pixels = row;
-    const auto decoded = DecodeDibSection(bmp.File());
+    const auto decoded = decodeDibSection(bmp.File());
     ASSERT_TRUE(decoded) << size;
-    EXPECT_EQ(decoded->surface.Pixel(0, 0), 0xFFFF0000u) << size;
-    EXPECT_EQ(decoded->surface.Pixel(1, 0), 0xFF00FF00u) << size;
+    EXPECT_EQ(decoded->surface.pixel(0, 0), 0xFFFF0000u) << size;
+    EXPECT_EQ(decoded->surface.pixel(1, 0), 0xFF00FF00u) << size;
   }
 }
 
@@ -113,14 +113,14 @@ TEST(DibSection, PixelsFollowTheTableWhateverTheFileHeaderSays) {
   bmp.gap = 4;
   bmp.pixels = {1, 1, 0, 0};
   const std::vector<uint8_t> file = bmp.File();
-  const auto section = DecodeDibSection(file);
+  const auto section = decodeDibSection(file);
   ASSERT_TRUE(section);
   // The gap's bytes are read as pixels: index 0xEE lies beyond the table and reads black.
-  EXPECT_EQ(section->surface.Pixel(0, 0), 0xFF000000u);
+  EXPECT_EQ(section->surface.pixel(0, 0), 0xFF000000u);
   // The full decoder follows the file header's offset.
-  const auto decoded = DecodeBmp(file, {});
+  const auto decoded = decodeBmp(file, {});
   ASSERT_TRUE(decoded);
-  EXPECT_EQ(decoded->surface.Pixel(0, 0), 0xFF123456u);
+  EXPECT_EQ(decoded->surface.pixel(0, 0), 0xFF123456u);
 }
 
 TEST(DibSection, PaletteDepthsAndRunLengths) {
@@ -146,10 +146,10 @@ TEST(DibSection, PaletteDepthsAndRunLengths) {
     bmp.colorsUsed = 2;
     bmp.palette = {0x000000, 0x123456};
     bmp.pixels = c.pixels;
-    const auto decoded = DecodeDibSection(bmp.File());
+    const auto decoded = decodeDibSection(bmp.File());
     ASSERT_TRUE(decoded) << c.name;
-    EXPECT_EQ(decoded->surface.Pixel(0, 0), c.left) << c.name;
-    EXPECT_EQ(decoded->surface.Pixel(1, 0), c.right) << c.name;
+    EXPECT_EQ(decoded->surface.pixel(0, 0), c.left) << c.name;
+    EXPECT_EQ(decoded->surface.pixel(1, 0), c.right) << c.name;
   }
 }
 
@@ -159,9 +159,9 @@ TEST(DibSection, The32BitFourthByteStaysAsStored) {
   bmp.width = 1;
   bmp.bitCount = 32;
   bmp.pixels = {0x10, 0x20, 0x30, 0x80};
-  const auto decoded = DecodeDibSection(bmp.File());
+  const auto decoded = decodeDibSection(bmp.File());
   ASSERT_TRUE(decoded);
-  EXPECT_EQ(decoded->surface.Pixel(0, 0), 0x80302010u);
+  EXPECT_EQ(decoded->surface.pixel(0, 0), 0x80302010u);
   EXPECT_EQ(decoded->info.bitsPerPixel, 32);
 }
 
@@ -180,14 +180,14 @@ TEST(DibSection, RefusesWhatNoSectionTakes) {
   topDownRle.compression = 1;
   topDownRle.pixels = {0, 1};
   for (const Bmp* bmp : {&noDepth, &jpeg, &shortData, &topDownRle}) {
-    EXPECT_FALSE(DecodeDibSection(bmp->File()));
+    EXPECT_FALSE(decodeDibSection(bmp->File()));
   }
   // What ends inside its headers, or isn't "BM" at all.
   std::vector<uint8_t> cut = Bmp{}.File();
   cut.resize(30);
-  EXPECT_FALSE(DecodeDibSection(cut));
-  EXPECT_FALSE(DecodeDibSection(std::vector<uint8_t>{'B', 'M'}));
-  EXPECT_FALSE(DecodeDibSection(std::vector<uint8_t>(60, 0)));
+  EXPECT_FALSE(decodeDibSection(cut));
+  EXPECT_FALSE(decodeDibSection(std::vector<uint8_t>{'B', 'M'}));
+  EXPECT_FALSE(decodeDibSection(std::vector<uint8_t>(60, 0)));
 }
 
 }  // namespace

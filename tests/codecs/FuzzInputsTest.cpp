@@ -16,8 +16,8 @@
 namespace vellumry::codecs {
 namespace {
 
-using testing::Corpus;
-using testing::FilesBelow;
+using testing::corpus;
+using testing::filesBelow;
 using testing::ReadFile;
 
 const std::filesystem::path kKept = "tests/data/fuzz";
@@ -28,7 +28,7 @@ struct Target {
   std::vector<std::string> extensions;  // of the corpus files it runs over, lower case
 };
 
-bool HasExtension(const std::filesystem::path& path, const std::vector<std::string>& extensions) {
+bool hasExtension(const std::filesystem::path& path, const std::vector<std::string>& extensions) {
   std::string ext = path.extension().string();
   std::transform(ext.begin(), ext.end(), ext.begin(),
                  [](unsigned char c) { return std::tolower(c); });
@@ -42,10 +42,10 @@ TEST_P(FuzzInputs, KeptFindingsAndCorpusFilesRunCleanly) {
   const Target& target = GetParam();
   ASSERT_TRUE(std::filesystem::is_directory(kKept)) << "run from the project folder";
   std::vector<std::filesystem::path> files;
-  if (std::filesystem::is_directory(kKept / target.name)) files = FilesBelow(kKept / target.name);
-  if (std::filesystem::is_directory(Corpus(""))) {
-    for (const auto& path : FilesBelow(Corpus(""))) {
-      if (HasExtension(path, target.extensions)) files.push_back(path);
+  if (std::filesystem::is_directory(kKept / target.name)) files = filesBelow(kKept / target.name);
+  if (std::filesystem::is_directory(corpus(""))) {
+    for (const auto& path : filesBelow(corpus(""))) {
+      if (hasExtension(path, target.extensions)) files.push_back(path);
     }
   }
   if (files.empty()) GTEST_SKIP() << "no kept findings and no corpus for " << target.name;
@@ -60,19 +60,19 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         Target{
             "probe",
-            fuzz::FuzzProbe,
+            fuzz::fuzzProbe,
             {"jpg", "jpeg", "png", "tif", "tiff", "gif", "bmp", "dib", "ico", "cur", "emf", "wmf"}},
-        Target{"jpeg", fuzz::FuzzJpeg, {"jpg", "jpeg"}}, Target{"png", fuzz::FuzzPng, {"png"}},
-        Target{"tiff", fuzz::FuzzTiff, {"tif", "tiff"}}, Target{"gif", fuzz::FuzzGif, {"gif"}},
-        Target{"bmp", fuzz::FuzzBmp, {"bmp", "dib"}}, Target{"ico", fuzz::FuzzIco, {"ico", "cur"}},
-        Target{"dib", fuzz::FuzzDib, {"bmp", "dib"}},
-        Target{"icondata", fuzz::FuzzIconData, {"ico", "cur"}},
-        Target{"linklist", fuzz::FuzzLinkList, {}},  // its seed only
-        Target{"settings", fuzz::FuzzSettings, {}},  // its seed only
-        Target{"giffile", fuzz::FuzzGifFile, {"gif"}},
-        Target{"gifstrip", fuzz::FuzzGifStrip, {"gif"}}, Target{"wmf", fuzz::FuzzWmf, {"wmf"}},
-        Target{"emf", fuzz::FuzzEmf, {"emf"}}, Target{"exif", fuzz::FuzzExif, {"tif", "tiff"}},
-        Target{"pngtext", fuzz::FuzzPngText, {"png"}}),
+        Target{"jpeg", fuzz::fuzzJpeg, {"jpg", "jpeg"}}, Target{"png", fuzz::fuzzPng, {"png"}},
+        Target{"tiff", fuzz::fuzzTiff, {"tif", "tiff"}}, Target{"gif", fuzz::fuzzGif, {"gif"}},
+        Target{"bmp", fuzz::fuzzBmp, {"bmp", "dib"}}, Target{"ico", fuzz::fuzzIco, {"ico", "cur"}},
+        Target{"dib", fuzz::fuzzDib, {"bmp", "dib"}},
+        Target{"icondata", fuzz::fuzzIconData, {"ico", "cur"}},
+        Target{"linklist", fuzz::fuzzLinkList, {}},  // its seed only
+        Target{"settings", fuzz::fuzzSettings, {}},  // its seed only
+        Target{"giffile", fuzz::fuzzGifFile, {"gif"}},
+        Target{"gifstrip", fuzz::fuzzGifStrip, {"gif"}}, Target{"wmf", fuzz::fuzzWmf, {"wmf"}},
+        Target{"emf", fuzz::fuzzEmf, {"emf"}}, Target{"exif", fuzz::fuzzExif, {"tif", "tiff"}},
+        Target{"pngtext", fuzz::fuzzPngText, {"png"}}),
     [](const auto& info) { return std::string(info.param.name); });
 
 // What each kept finding gives once fixed; nullopt: it reads.
@@ -99,9 +99,9 @@ TEST_P(FuzzFindings, GiveTheirFixedAnswer) {
   const Finding& finding = GetParam();
   const std::vector<uint8_t> bytes = ReadFile(kKept / finding.file);
   ASSERT_FALSE(bytes.empty()) << finding.file;
-  const auto info = Probe(bytes);
+  const auto info = probe(bytes);
   EXPECT_EQ(info ? std::nullopt : std::optional(info.error()), finding.probe);
-  const auto decoded = Decode(bytes);
+  const auto decoded = decode(bytes);
   EXPECT_EQ(decoded ? std::nullopt : std::optional(decoded.error()), finding.decode);
 }
 
@@ -110,7 +110,7 @@ INSTANTIATE_TEST_SUITE_P(Kept, FuzzFindings, ::testing::ValuesIn(kFindings), [](
 });
 
 TEST(FuzzFindings, EachKeptFileHasItsAnswer) {
-  for (const auto& path : FilesBelow(kKept)) {
+  for (const auto& path : filesBelow(kKept)) {
     if (path.stem() == "Seed") continue;  // found nothing, so has no answer to keep
     const std::string file = path.lexically_relative(kKept).generic_string();
     EXPECT_TRUE(std::any_of(std::begin(kFindings), std::end(kFindings),

@@ -23,15 +23,15 @@ TEST_P(GifEncoder, DecodesBackToTheSameIndicesInBlocksOf254) {
   const EncodeCase& c = GetParam();
   gdi::IndexedSurface pixels(c.width, c.height);
   for (int y = 0; y < c.height; ++y) {
-    for (int x = 0; x < c.width; ++x) pixels.SetIndex(x, y, c.pixel(x, y));
+    for (int x = 0; x < c.width; ++x) pixels.setIndex(x, y, c.pixel(x, y));
   }
   gdi::IndexedSurface::ColorTable colors{};
   colors[1] = 0x123456;
-  pixels.SetColors(colors);
-  const auto bytes = EncodeGif(pixels, c.transIndex);
+  pixels.setColors(colors);
+  const auto bytes = encodeGif(pixels, c.transIndex);
 
-  const auto decoded = DecodeGifFrameIndices(bytes, 0, {.gifTruncatedFrame = false});
-  ASSERT_TRUE(decoded) << ErrorName(decoded.error());
+  const auto decoded = decodeGifFrameIndices(bytes, 0, {.gifTruncatedFrame = false});
+  ASSERT_TRUE(decoded) << errorName(decoded.error());
   ASSERT_EQ(decoded->width, c.width);
   ASSERT_EQ(decoded->height, c.height);
   for (int y = 0; y < c.height; ++y) {

@@ -4,45 +4,45 @@
 #include <vector>
 
 #include "codecs/TestImages.h"
-#include "platform/codecs/IconResource.h"
 #include "platform/codecs/Encoders.h"
+#include "platform/codecs/IconResource.h"
 
 namespace vellumry::codecs {
 namespace {
 
-using testing::IconFile;
-using testing::IconImageBytes;
-using testing::MakePng;
+using testing::iconFile;
+using testing::iconImageBytes;
+using testing::makePng;
 
 // The headers of a DIB icon image of `size` x `size` at `depth` bits, without pixels: enough
 // for the directory's reading.
-std::vector<uint8_t> DibHeaderOnly(int size, int depth) {
+std::vector<uint8_t> dibHeaderOnly(int size, int depth) {
   std::vector<uint8_t> image;
-  codecs::PutLe32(image, 40);
-  codecs::PutLe32(image, static_cast<uint32_t>(size));
-  codecs::PutLe32(image, static_cast<uint32_t>(size * 2));
-  codecs::PutLe16(image, 1);
-  codecs::PutLe16(image, static_cast<uint32_t>(depth));
+  codecs::putLe32(image, 40);
+  codecs::putLe32(image, static_cast<uint32_t>(size));
+  codecs::putLe32(image, static_cast<uint32_t>(size * 2));
+  codecs::putLe16(image, 1);
+  codecs::putLe16(image, static_cast<uint32_t>(depth));
   image.resize(40, 0);
   return image;
 }
 
 TEST(IconResource, RefusesWhatDoesntFit) {
-  const std::vector<uint8_t> good = IconFile(1, {{DibHeaderOnly(16, 8)}});
-  ASSERT_TRUE(ReadIconResource(good));
+  const std::vector<uint8_t> good = iconFile(1, {{dibHeaderOnly(16, 8)}});
+  ASSERT_TRUE(readIconResource(good));
   struct Case {
     const char* name;
     std::vector<uint8_t> bytes;
   };
   std::vector<uint8_t> thirdType = good, noImages = good, manyRows = good, emptyImage = good,
-                       pastTheEnd = good, shortImage = IconFile(1, {{std::vector<uint8_t>(25)}});
+                       pastTheEnd = good, shortImage = iconFile(1, {{std::vector<uint8_t>(25)}});
   thirdType[2] = 3;
   noImages[4] = 0;
   manyRows[4] = 4;  // four rows claimed, one there
   emptyImage[14] = emptyImage[15] = 0;
   pastTheEnd[18] = 60;  // offset 60 + 40 bytes in a file of 62
   // Two rows of one image: each fits, but not both end to end.
-  std::vector<uint8_t> overlapping = IconFile(1, {{DibHeaderOnly(16, 8)}, {DibHeaderOnly(32, 8)}});
+  std::vector<uint8_t> overlapping = iconFile(1, {{dibHeaderOnly(16, 8)}, {dibHeaderOnly(32, 8)}});
   overlapping.resize(overlapping.size() - 40);
   for (int i = 0; i < 4; ++i) overlapping[34 + i] = overlapping[18 + i];
   const Case cases[] = {
@@ -55,28 +55,28 @@ TEST(IconResource, RefusesWhatDoesntFit) {
       {"images that don't fit end to end", overlapping},
       {"an image of 25 bytes", shortImage},
   };
-  for (const Case& c : cases) EXPECT_FALSE(ReadIconResource(c.bytes)) << c.name;
+  for (const Case& c : cases) EXPECT_FALSE(readIconResource(c.bytes)) << c.name;
 }
 
 TEST(IconResource, SortsBySizeKeepingDirectoryOrderWithinASize) {
-  const auto resource = ReadIconResource(IconFile(1, {{DibHeaderOnly(48, 32)},
-                                                      {DibHeaderOnly(16, 32)},
-                                                      {MakePng(testing::Gradient(32, 32))},
-                                                      {DibHeaderOnly(16, 4)}}));
+  const auto resource = readIconResource(iconFile(1, {{dibHeaderOnly(48, 32)},
+                                                      {dibHeaderOnly(16, 32)},
+                                                      {makePng(testing::gradient(32, 32))},
+                                                      {dibHeaderOnly(16, 4)}}));
   ASSERT_TRUE(resource);
   std::vector<int> positions;
-  for (const uint32_t key : resource->keys) positions.push_back(IconKeyPosition(key));
+  for (const uint32_t key : resource->keys) positions.push_back(iconKeyPosition(key));
   EXPECT_EQ(positions, (std::vector<int>{1, 3, 2, 0}));
   // An opaque PNG of 8-bit channels is colour type 2: 24 bits.
-  EXPECT_EQ(IconKeyDepth(resource->keys[2]), 24);
+  EXPECT_EQ(iconKeyDepth(resource->keys[2]), 24);
   EXPECT_TRUE(resource->keys[2] & 0x80000000u);
 }
 
 // A resource of rows of the given sizes and depths, in directory order.
-IconResource Rows(const std::vector<std::pair<int, int>>& sizeAndDepth) {
+IconResource rows(const std::vector<std::pair<int, int>>& sizeAndDepth) {
   std::vector<testing::IconFileImage> images;
-  for (const auto& [size, depth] : sizeAndDepth) images.push_back({DibHeaderOnly(size, depth)});
-  return *ReadIconResource(IconFile(1, images));
+  for (const auto& [size, depth] : sizeAndDepth) images.push_back({dibHeaderOnly(size, depth)});
+  return *readIconResource(iconFile(1, images));
 }
 
 TEST(IconResource, ChoosesBySizeThenDepth) {
@@ -99,56 +99,56 @@ TEST(IconResource, ChoosesBySizeThenDepth) {
       {"one image whatever is wanted", {{48, 4}}, 16, 32, 0},
   };
   for (const Case& c : cases) {
-    EXPECT_EQ(ChooseIconRow(Rows(c.rows), c.wanted, c.wanted, c.colorDepth), c.chosen) << c.name;
+    EXPECT_EQ(chooseIconRow(rows(c.rows), c.wanted, c.wanted, c.colorDepth), c.chosen) << c.name;
   }
   // The size wanted is the mean of both sides' low 11 bits.
-  EXPECT_EQ(ChooseIconRow(Rows({{16, 32}, {32, 32}, {48, 32}}), 2048 + 16, 48, 32), 1);
+  EXPECT_EQ(chooseIconRow(rows({{16, 32}, {32, 32}, {48, 32}}), 2048 + 16, 48, 32), 1);
 }
 
 TEST(IconResource, TheChosenImageAtTheWantedSize) {
-  const std::vector<uint8_t> file = IconFile(1, {{IconImageBytes(16, 0xFF0000FF)},
-                                                 {IconImageBytes(32, 0xFF00FF00)},
-                                                 {IconImageBytes(48, 0xFFFF0000)}});
-  const auto resource = ReadIconResource(file);
+  const std::vector<uint8_t> file = iconFile(1, {{iconImageBytes(16, 0xFF0000FF)},
+                                                 {iconImageBytes(32, 0xFF00FF00)},
+                                                 {iconImageBytes(48, 0xFFFF0000)}});
+  const auto resource = readIconResource(file);
   ASSERT_TRUE(resource);
-  const auto at32 = LoadIconImage(file, *resource, 32, 32, 32);
+  const auto at32 = loadIconImage(file, *resource, 32, 32, 32);
   ASSERT_TRUE(at32);
   EXPECT_EQ(at32->row, 1);
-  EXPECT_EQ(at32->image.colour.Dimensions(), (gdi::Size{32, 32}));
-  EXPECT_EQ(at32->image.colour.Pixel(5, 5), 0xFF00FF00u);
-  EXPECT_TRUE(at32->image.Masked(0, 0));
-  EXPECT_FALSE(at32->image.Masked(1, 0));
+  EXPECT_EQ(at32->image.colour.dimensions(), (gdi::Size{32, 32}));
+  EXPECT_EQ(at32->image.colour.pixel(5, 5), 0xFF00FF00u);
+  EXPECT_TRUE(at32->image.masked(0, 0));
+  EXPECT_FALSE(at32->image.masked(1, 0));
   // Made to the size wanted, one side at the image's own size when 0; 40 and 0 ask for 20.
-  const auto stretched = LoadIconImage(file, *resource, 40, 0, 32);
+  const auto stretched = loadIconImage(file, *resource, 40, 0, 32);
   ASSERT_TRUE(stretched);
   EXPECT_EQ(stretched->row, 1);
-  EXPECT_EQ(stretched->image.colour.Dimensions(), (gdi::Size{40, 32}));
+  EXPECT_EQ(stretched->image.colour.dimensions(), (gdi::Size{40, 32}));
 }
 
 TEST(IconResource, ACursorKeepsItsHotSpotAndAlpha) {
-  const std::vector<uint8_t> file = IconFile(2, {{IconImageBytes(8, 0x80FF0000), 3, 5}});
-  const auto resource = ReadIconResource(file);
+  const std::vector<uint8_t> file = iconFile(2, {{iconImageBytes(8, 0x80FF0000), 3, 5}});
+  const auto resource = readIconResource(file);
   ASSERT_TRUE(resource);
-  const auto chosen = LoadIconImage(file, *resource, 0, 0, 32);
+  const auto chosen = loadIconImage(file, *resource, 0, 0, 32);
   ASSERT_TRUE(chosen);
   EXPECT_TRUE(chosen->image.isCursor);
   EXPECT_EQ(chosen->image.hotspotX, 3);
   EXPECT_EQ(chosen->image.hotspotY, 5);
   EXPECT_EQ(chosen->depth, 32);
-  EXPECT_TRUE(chosen->image.HasAlpha());
-  EXPECT_EQ(chosen->image.colour.Pixel(2, 2), 0x80FF0000u);
+  EXPECT_TRUE(chosen->image.hasAlpha());
+  EXPECT_EQ(chosen->image.colour.pixel(2, 2), 0x80FF0000u);
 }
 
 TEST(IconResource, APngImageInsideAnIcon) {
   gdi::Surface pixels(4, 4, gdi::AlphaMode::kStraight);
   for (uint32_t& p : pixels.Pixels()) p = 0x40112233;
-  const std::vector<uint8_t> file = IconFile(1, {{MakePng(pixels)}});
-  const auto resource = ReadIconResource(file);
+  const std::vector<uint8_t> file = iconFile(1, {{makePng(pixels)}});
+  const auto resource = readIconResource(file);
   ASSERT_TRUE(resource);
-  const auto chosen = LoadIconImage(file, *resource, 0, 0, 32);
+  const auto chosen = loadIconImage(file, *resource, 0, 0, 32);
   ASSERT_TRUE(chosen);
   EXPECT_EQ(chosen->depth, 32);  // colour type 6
-  EXPECT_EQ(chosen->image.colour.Pixel(1, 1), 0x40112233u);
+  EXPECT_EQ(chosen->image.colour.pixel(1, 1), 0x40112233u);
 }
 
 }  // namespace

@@ -15,8 +15,8 @@
 namespace vellumry::codecs {
 namespace {
 
-using testing::Corpus;
-using testing::FilesBelow;
+using testing::corpus;
+using testing::filesBelow;
 using testing::ReadFile;
 using namespace testing;
 
@@ -32,19 +32,19 @@ struct SizeCase {
 TEST(MetafileTest, NaturalSizeComesFromTheHeader) {
   std::vector<uint8_t> placeable;
   for (const uint16_t word : {0xCDD7, 0x9AC6, 0, 0, 0, 2880, 1440, 1440, 0, 0, 0}) {
-    Put16(placeable, word);
+    put16(placeable, word);
   }
-  const auto bare = Wmf(0, {});
+  const auto bare = wmf(0, {});
   placeable.insert(placeable.end(), bare.begin(), bare.end());
   const SizeCase cases[] = {
       // Two inches by one at 96 pixels an inch.
       {"placeable box", placeable, {192, 96}},
-      {"bare window extent", Wmf(0, {WindowExtent(300, 200)}), {300, 200}},
+      {"bare window extent", wmf(0, {windowExtent(300, 200)}), {300, 200}},
       // The frame of 40 by 40 mm at the device's 10 pixels a millimetre.
-      {"emf frame", Emf(400, {}), {400, 400}},
+      {"emf frame", emf(400, {}), {400, 400}},
   };
   for (const SizeCase& c : cases) {
-    const auto info = Probe(c.bytes);
+    const auto info = probe(c.bytes);
     ASSERT_TRUE(info) << c.name;
     EXPECT_EQ((gdi::Size{info->width, info->height}), c.natural) << c.name;
   }
@@ -60,126 +60,126 @@ struct DrawCase {
 TEST(MetafileTest, RecordsDrawWhereTheDeviceContextSays) {
   const DrawCase cases[] = {
       {"wmf window onto the output",
-       Wmf(2, {WindowExtent(100, 100), SolidBrush(kRed), Select(0), NullPen(), Select(1),
+       wmf(2, {windowExtent(100, 100), solidBrush(kRed), select(0), nullPen(), select(1),
                Rectangle(20, 20, 80, 80)}),
        50,
        {{{25, 25}, kOpaqueRed}, {{5, 5}, kClear}, {{45, 45}, kClear}}},
       {"wmf deleted slot reused first",
-       Wmf(3, {WindowExtent(10, 10),
-               NullPen(),
-               Select(0),
-               SolidBrush(kRed),
+       wmf(3, {windowExtent(10, 10),
+               nullPen(),
+               select(0),
+               solidBrush(kRed),
                {0x01F0, {0}},
-               SolidBrush(kGreen),
-               Select(0),
+               solidBrush(kGreen),
+               select(0),
                Rectangle(0, 0, 10, 10)}),
        10,
        {{{5, 5}, kOpaqueGreen}}},
       {"wmf table full",
-       Wmf(1, {WindowExtent(10, 10), SolidBrush(kRed), SolidBrush(kGreen), Select(1), Select(0),
+       wmf(1, {windowExtent(10, 10), solidBrush(kRed), solidBrush(kGreen), select(1), select(0),
                Rectangle(0, 0, 10, 10)}),
        10,
        {{{5, 5}, kOpaqueRed}}},
       {"emf anisotropic mapping",
-       Emf(200, {{17, {8}},
+       emf(200, {{17, {8}},
                  {9, {100, 100}},
                  {11, {200, 200}},
-                 EmfBrush(1, kRed),
-                 EmfSelect(1),
+                 emfBrush(1, kRed),
+                 emfSelect(1),
                  kEmfNullPen,
-                 EmfRectangle(10, 10, 20, 20)}),
+                 emfRectangle(10, 10, 20, 20)}),
        200,
        {{{30, 30}, kOpaqueRed}, {{15, 15}, kClear}, {{45, 45}, kClear}}},
       {"emf metric mapping runs upwards",
        // Tenths of a millimetre: 100 units are 10 mm, 100 pixels, drawn upwards from the origin
        // that the viewport puts at the bottom.
-       Emf(200, {{17, {2}},
+       emf(200, {{17, {2}},
                  {12, {0, 200}},
-                 EmfBrush(1, kRed),
-                 EmfSelect(1),
+                 emfBrush(1, kRed),
+                 emfSelect(1),
                  kEmfNullPen,
-                 EmfRectangle(0, 0, 100, 100)}),
+                 emfRectangle(0, 0, 100, 100)}),
        200,
        {{{50, 150}, kOpaqueRed}, {{50, 50}, kClear}}},
       {"emf restore brings back the brush",
-       Emf(20, {EmfBrush(1, kRed),
-                EmfBrush(2, kGreen),
-                EmfSelect(1),
+       emf(20, {emfBrush(1, kRed),
+                emfBrush(2, kGreen),
+                emfSelect(1),
                 {33, {}},
-                EmfSelect(2),
+                emfSelect(2),
                 {34, {static_cast<uint32_t>(-1)}},
                 kEmfNullPen,
-                EmfRectangle(0, 0, 20, 20)}),
+                emfRectangle(0, 0, 20, 20)}),
        20,
        {{{10, 10}, kOpaqueRed}}},
       {"emf clip rectangle",
-       Emf(100, {EmfBrush(1, kRed),
-                 EmfSelect(1),
+       emf(100, {emfBrush(1, kRed),
+                 emfSelect(1),
                  kEmfNullPen,
                  {30, {0, 0, 50, 100}},
-                 EmfRectangle(0, 0, 100, 100)}),
+                 emfRectangle(0, 0, 100, 100)}),
        100,
        {{{25, 50}, kOpaqueRed}, {{75, 50}, kClear}}},
       {"emf world transform",
-       Emf(100, {{35, {Bits(1), 0, 0, Bits(1), Bits(60), 0}},
-                 EmfBrush(1, kRed),
-                 EmfSelect(1),
+       emf(100, {{35, {bits(1), 0, 0, bits(1), bits(60), 0}},
+                 emfBrush(1, kRed),
+                 emfSelect(1),
                  kEmfNullPen,
-                 EmfRectangle(0, 0, 30, 30)}),
+                 emfRectangle(0, 0, 30, 30)}),
        100,
        {{{75, 15}, kOpaqueRed}, {{15, 15}, kClear}}},
       {"wmf window origin",
-       Wmf(2, {{0x020B, {100, 100}},
-               WindowExtent(100, 100),
-               SolidBrush(kRed),
-               Select(0),
-               NullPen(),
-               Select(1),
+       wmf(2, {{0x020B, {100, 100}},
+               windowExtent(100, 100),
+               solidBrush(kRed),
+               select(0),
+               nullPen(),
+               select(1),
                Rectangle(100, 100, 150, 150)}),
        50,
        {{{10, 10}, kOpaqueRed}, {{40, 40}, kClear}}},
       {"emf index beyond the object table",
-       Emf(20, {EmfBrush(1, kRed), EmfSelect(1), EmfBrush(9, kGreen), EmfSelect(9), kEmfNullPen,
-                EmfRectangle(0, 0, 20, 20)}),
+       emf(20, {emfBrush(1, kRed), emfSelect(1), emfBrush(9, kGreen), emfSelect(9), kEmfNullPen,
+                emfRectangle(0, 0, 20, 20)}),
        20,
        {{{10, 10}, kOpaqueRed}}},
       {"emf point count beyond the record",
-       Emf(20,
-           {EmfBrush(1, kRed), EmfSelect(1), {86, {0, 0, 20, 20, 1000000000, 0, 20 << 16, 20}}}),
+       emf(20,
+           {emfBrush(1, kRed), emfSelect(1), {86, {0, 0, 20, 20, 1000000000, 0, 20 << 16, 20}}}),
        20,
        {{{10, 10}, kClear}}},
       {"emf path filled",
-       Emf(20, {EmfBrush(1, kRed),
-                EmfSelect(1),
+       emf(20, {emfBrush(1, kRed),
+                emfSelect(1),
                 kEmfNullPen,
                 {59, {}},
-                EmfRectangle(0, 0, 20, 10),
+                emfRectangle(0, 0, 20, 10),
                 {60, {}},
                 {62, {0, 0, 20, 10}}}),
        20,
        {{{10, 5}, kOpaqueRed}, {{10, 15}, kClear}}},
       {"emf path aborted draws nothing",
-       Emf(20, {EmfBrush(1, kRed),
-                EmfSelect(1),
+       emf(20, {emfBrush(1, kRed),
+                emfSelect(1),
                 kEmfNullPen,
                 {59, {}},
-                EmfRectangle(0, 0, 20, 20),
+                emfRectangle(0, 0, 20, 20),
                 {68, {}}}),
        20,
        {{{10, 10}, kClear}}},
       {"emf record of size 0 ends the drawing",
-       LastRecordSized(Emf(100, {EmfBrush(1, kRed), EmfSelect(1), kEmfNullPen,
-                                 EmfRectangle(0, 0, 50, 50), EmfRectangle(50, 50, 100, 100)}),
+       lastRecordSized(emf(100, {emfBrush(1, kRed), emfSelect(1), kEmfNullPen,
+                                 emfRectangle(0, 0, 50, 50), emfRectangle(50, 50, 100, 100)}),
                        0),
        100,
        {{{25, 25}, kOpaqueRed}, {{75, 75}, kClear}}},
   };
   for (const DrawCase& c : cases) {
-    const auto drawn = Decode(c.bytes, c.side, c.side);
+    const auto drawn = decode(c.bytes, c.side, c.side);
     ASSERT_TRUE(drawn) << c.name;
-    ASSERT_EQ(drawn->surface.Dimensions(), (gdi::Size{c.side, c.side})) << c.name;
+    ASSERT_EQ(drawn->surface.dimensions(), (gdi::Size{c.side, c.side})) << c.name;
     for (const auto& [at, colour] : c.pixels) {
-      EXPECT_EQ(drawn->surface.Pixel(at.width, at.height), colour)
+      EXPECT_EQ(drawn->surface.pixel(at.width, at.height), colour)
           << c.name << " at " << at.width << ", " << at.height;
     }
   }
@@ -190,18 +190,18 @@ TEST(MetafileTest, RecordsDrawWhereTheDeviceContextSays) {
 TEST(MetafileTest, CorpusFilesDraw) {
   int drawn = 0, refused = 0;
   for (const char* suite : {"libwmf", "libemf2svg", "apache-poi"}) {
-    if (!std::filesystem::is_directory(Corpus(suite))) GTEST_SKIP() << "no corpus";
-    for (const auto& path : FilesBelow(Corpus(suite))) {
+    if (!std::filesystem::is_directory(corpus(suite))) GTEST_SKIP() << "no corpus";
+    for (const auto& path : filesBelow(corpus(suite))) {
       const auto ext = path.extension();
       if (ext != ".wmf" && ext != ".emf") continue;
       const auto bytes = ReadFile(path);
-      const auto info = Probe(bytes);
+      const auto info = probe(bytes);
       if (!info || info->width == 0) {
         ++refused;
         continue;
       }
       const double scale = std::min(1.0, 1024.0 / std::max(info->width, info->height));
-      const auto picture = Decode(bytes, std::max(1, static_cast<int>(info->width * scale)),
+      const auto picture = decode(bytes, std::max(1, static_cast<int>(info->width * scale)),
                                   std::max(1, static_cast<int>(info->height * scale)));
       EXPECT_TRUE(picture) << path;
       drawn += picture.ok();
@@ -212,8 +212,8 @@ TEST(MetafileTest, CorpusFilesDraw) {
 }
 
 // The luminance of each pixel laid over white.
-std::vector<double> Luminance(const gdi::Surface& surface) {
-  const auto bgra = testing::Bgra(surface);
+std::vector<double> luminance(const gdi::Surface& surface) {
+  const auto bgra = testing::bgra(surface);
   std::vector<double> out;
   for (size_t i = 0; i + 3 < bgra.size(); i += 4) {
     const double alpha = bgra[i + 3] / 255.0;
@@ -228,8 +228,8 @@ struct Likeness {
   double meanDifference = 0;  // mean absolute difference of luminance, 0 to 255
 };
 
-Likeness Compare(const gdi::Surface& a, const gdi::Surface& b) {
-  const auto la = Luminance(a), lb = Luminance(b);
+Likeness compare(const gdi::Surface& a, const gdi::Surface& b) {
+  const auto la = luminance(a), lb = luminance(b);
   const double c1 = 6.5025, c2 = 58.5225;  // (0.01 * 255)^2, (0.03 * 255)^2
   Likeness likeness;
   int windows = 0;
@@ -257,18 +257,18 @@ Likeness Compare(const gdi::Surface& a, const gdi::Surface& b) {
 }
 
 TEST(MetafileTest, DrawingsResembleTheirReferenceRenderings) {
-  fuzz::EnsureFontDatabase();
+  fuzz::ensureFontDatabase();
   for (const char* name :
        {"wmf2svg/src/test/data/wmf/fulltest", "wmf2svg/src/test/data/emf/fulltest"}) {
-    const auto reference = Decode(ReadFile(Corpus(std::string(name) + ".png")));
+    const auto reference = decode(ReadFile(corpus(std::string(name) + ".png")));
     const std::string metafile =
         std::string(name) +
         (std::string(name).find("/wmf/") != std::string::npos ? ".wmf" : ".emf");
     if (!reference) GTEST_SKIP() << "no corpus";
-    const gdi::Size size = reference->surface.Dimensions();
-    const auto drawn = Decode(ReadFile(Corpus(metafile)), size.width, size.height);
+    const gdi::Size size = reference->surface.dimensions();
+    const auto drawn = decode(ReadFile(corpus(metafile)), size.width, size.height);
     ASSERT_TRUE(drawn) << metafile;
-    const Likeness likeness = Compare(drawn->surface, reference->surface);
+    const Likeness likeness = compare(drawn->surface, reference->surface);
     std::printf("%s: SSIM %.4f, mean absolute difference %.2f\n", metafile.c_str(), likeness.ssim,
                 likeness.meanDifference);
     // Fonts, anti-aliasing and the records left unplayed keep the drawing from matching pixel

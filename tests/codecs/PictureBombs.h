@@ -13,10 +13,10 @@ struct PictureBomb {
   std::vector<uint8_t> bytes;
 };
 
-std::vector<PictureBomb> PictureBombs();
+std::vector<PictureBomb> pictureBombs();
 
 // The largest picture the budget allows, a grey PNG of 16384 x 16383 whose data is 256 MiB of
 // zeros: legal, but a decoder that holds it whole needs 1 GiB. Slow to make, so kept apart.
-PictureBomb LargestPng();
+PictureBomb largestPng();
 
 }  // namespace vellumry::codecs::testing

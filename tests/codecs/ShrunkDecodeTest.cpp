@@ -13,14 +13,14 @@
 #include "codecs/TestImages.h"
 #include "platform/codecs/BlockReducer.h"
 #include "platform/codecs/Codecs.h"
-#include "platform/codecs/Orientation.h"
 #include "platform/codecs/Encoders.h"
+#include "platform/codecs/Orientation.h"
 
 namespace vellumry::codecs {
 namespace {
 
 // Smooth light, hard-edged shapes, a fine texture near the pixel pitch and grain, as in a photo.
-gdi::Surface PhotoLike(int width, int height) {
+gdi::Surface photoLike(int width, int height) {
   gdi::Surface s(width, height, gdi::AlphaMode::kOpaque);
   uint32_t grain = 12345;
   for (int y = 0; y < height; ++y) {
@@ -32,8 +32,8 @@ gdi::Surface PhotoLike(int width, int height) {
       const auto channel = [&](double v) {
         return static_cast<uint8_t>(std::clamp(v + noise + texture + shade, 0.0, 255.0));
       };
-      s.SetPixel(x, y,
-                 gdi::Argb(255, channel(128 + 90 * std::sin(x * 0.013 + y * 0.007)),
+      s.setPixel(x, y,
+                 gdi::argb(255, channel(128 + 90 * std::sin(x * 0.013 + y * 0.007)),
                            channel(128 + 90 * std::cos(y * 0.011)),
                            channel(100 + 60 * std::sin((x + y) * 0.005))));
     }
@@ -42,15 +42,15 @@ gdi::Surface PhotoLike(int width, int height) {
 }
 
 // Peak signal to noise ratio of the colours, in dB.
-double Psnr(const gdi::Surface& a, const QImage& b) {
+double psnr(const gdi::Surface& a, const QImage& b) {
   double squares = 0;
   for (int y = 0; y < a.Height(); ++y) {
     for (int x = 0; x < a.Width(); ++x) {
-      const uint32_t p = a.Pixel(x, y);
+      const uint32_t p = a.pixel(x, y);
       const QRgb q = b.pixel(x, y);
-      for (const auto& [mine, theirs] : {std::pair{gdi::RedOf(p), qRed(q)},
-                                         {gdi::GreenOf(p), qGreen(q)},
-                                         {gdi::BlueOf(p), qBlue(q)}}) {
+      for (const auto& [mine, theirs] : {std::pair{gdi::redOf(p), qRed(q)},
+                                         {gdi::greenOf(p), qGreen(q)},
+                                         {gdi::blueOf(p), qBlue(q)}}) {
         squares += (mine - theirs) * (mine - theirs);
       }
     }
@@ -59,13 +59,13 @@ double Psnr(const gdi::Surface& a, const QImage& b) {
   return 10 * std::log10(255.0 * 255.0 / mean);
 }
 
-void ExpectSamePixels(const gdi::Surface& actual, const gdi::Surface& expected) {
-  ASSERT_EQ(actual.Dimensions(), expected.Dimensions());
+void expectSamePixels(const gdi::Surface& actual, const gdi::Surface& expected) {
+  ASSERT_EQ(actual.dimensions(), expected.dimensions());
   EXPECT_TRUE(std::ranges::equal(actual.Pixels(), expected.Pixels()));
 }
 
 // The same BMP with its rows stored top-down.
-std::vector<uint8_t> TopDown(std::vector<uint8_t> bmp) {
+std::vector<uint8_t> topDown(std::vector<uint8_t> bmp) {
   int32_t height = 0, offset = 0;
   std::memcpy(&height, &bmp[22], 4);
   std::memcpy(&offset, &bmp[10], 4);
@@ -85,49 +85,49 @@ struct Layout {
   std::vector<uint8_t> bytes;
 };
 
-std::vector<Layout> Layouts(const gdi::Surface& picture) {
+std::vector<Layout> layouts(const gdi::Surface& picture) {
   gdi::Surface withAlpha = picture;
-  withAlpha.SetAlpha(gdi::AlphaMode::kStraight);
-  const auto tiff = [&](testing::TiffLayout layout) { return testing::MakeTiff(picture, layout); };
+  withAlpha.setAlpha(gdi::AlphaMode::kStraight);
+  const auto tiff = [&](testing::TiffLayout layout) { return testing::makeTiff(picture, layout); };
   return {
       {"tiff one strip", tiff({})},
       {"tiff strips of 7 rows", tiff({.rowsPerStrip = 7})},
       {"tiff strips of 1 row, raw", tiff({.rowsPerStrip = 1, .lzw = false})},
       {"tiff tiles of 16", tiff({.tileSize = 16})},
-      {"bmp 24 bits bottom-up", codecs::EncodeBmp(picture)},
-      {"bmp 32 bits", codecs::EncodeBmp(withAlpha)},
-      {"bmp 24 bits top-down", TopDown(codecs::EncodeBmp(picture))},
+      {"bmp 24 bits bottom-up", codecs::encodeBmp(picture)},
+      {"bmp 32 bits", codecs::encodeBmp(withAlpha)},
+      {"bmp 24 bits top-down", topDown(codecs::encodeBmp(picture))},
   };
 }
 
 TEST(ShrunkDecode, HalvesWhileReadingToTheSamePixelsAsShrinkingTheFullPicture) {
   // Odd sides, so that the last blocks of each row and column are partial.
-  const gdi::Surface picture = PhotoLike(101, 75);
-  for (const auto& [name, bytes] : Layouts(picture)) {
+  const gdi::Surface picture = photoLike(101, 75);
+  for (const auto& [name, bytes] : layouts(picture)) {
     SCOPED_TRACE(name);
-    const gdi::Surface full = Decode(bytes)->surface;
+    const gdi::Surface full = decode(bytes)->surface;
     for (const auto& [wanted, size, factor] : {std::tuple{gdi::Size{20, 10}, gdi::Size{26, 19}, 4},
                                                {{26, 19}, {26, 19}, 4},
                                                {{27, 1}, {51, 38}, 2},
                                                {{1, 1}, {1, 1}, 128},
                                                {{101, 75}, {101, 75}, 1}}) {
       SCOPED_TRACE(size.width);
-      const gdi::Surface small = Decode(bytes, wanted.width, wanted.height)->surface;
-      EXPECT_EQ(small.Alpha(), full.Alpha());
-      ExpectSamePixels(small, factor == 1 ? full : Reduce(full, factor));
+      const gdi::Surface small = decode(bytes, wanted.width, wanted.height)->surface;
+      EXPECT_EQ(small.alpha(), full.alpha());
+      expectSamePixels(small, factor == 1 ? full : reduce(full, factor));
     }
   }
 }
 
 TEST(ShrunkDecode, TiffOnItsSideHalvesUpright) {
-  const gdi::Surface stored = PhotoLike(64, 48);
+  const gdi::Surface stored = photoLike(64, 48);
   for (const int orientation : {3, 5, 6, 8}) {
     SCOPED_TRACE(orientation);
-    const auto tiff = testing::MakeTiff(stored, {.rowsPerStrip = 5, .orientation = orientation});
+    const auto tiff = testing::makeTiff(stored, {.rowsPerStrip = 5, .orientation = orientation});
     gdi::Surface upright = stored;
-    TurnUpright(upright, orientation);
-    const gdi::Surface reference = Reduce(upright, 4);
-    ExpectSamePixels(Decode(tiff, reference.Width(), reference.Height())->surface, reference);
+    turnUpright(upright, orientation);
+    const gdi::Surface reference = reduce(upright, 4);
+    expectSamePixels(decode(tiff, reference.Width(), reference.Height())->surface, reference);
   }
 }
 
@@ -135,22 +135,22 @@ TEST(ShrunkDecode, TiffOnItsSideHalvesUpright) {
 // they agree at about 51 dB (under a level of 255 on average), while picking one pixel a block,
 // which aliases the texture, gives 24 dB. 40 dB, an error of about 2.5 levels, lies between.
 TEST(ShrunkDecode, ThumbnailsMatchASmoothlyScaledFullDecode) {
-  const gdi::Surface picture = PhotoLike(1440, 1080);
+  const gdi::Surface picture = photoLike(1440, 1080);
   for (const auto& [name, bytes] :
-       {std::pair{"tiff", testing::MakeTiff(picture, {.rowsPerStrip = 16})},
-        {"bmp", codecs::EncodeBmp(picture)}}) {
+       {std::pair{"tiff", testing::makeTiff(picture, {.rowsPerStrip = 16})},
+        {"bmp", codecs::encodeBmp(picture)}}) {
     SCOPED_TRACE(name);
-    const gdi::Surface thumbnail = Decode(bytes, 180, 135)->surface;
-    ASSERT_EQ(thumbnail.Dimensions(), (gdi::Size{180, 135}));
-    const QImage reference = Decode(bytes)->surface.View().scaled(180, 135, Qt::IgnoreAspectRatio,
+    const gdi::Surface thumbnail = decode(bytes, 180, 135)->surface;
+    ASSERT_EQ(thumbnail.dimensions(), (gdi::Size{180, 135}));
+    const QImage reference = decode(bytes)->surface.view().scaled(180, 135, Qt::IgnoreAspectRatio,
                                                                   Qt::SmoothTransformation);
-    EXPECT_GT(Psnr(thumbnail, reference), 40.0);
+    EXPECT_GT(psnr(thumbnail, reference), 40.0);
   }
 }
 
 // A grey TIFF whose strips all share one stored strip, in which column x has grey x / 64, packed
 // as runs of 64 bytes: a picture of any size (width a multiple of 64) in a file of one strip.
-std::vector<uint8_t> SharedStripTiff(uint32_t width, uint32_t height, uint32_t rowsPerStrip) {
+std::vector<uint8_t> sharedStripTiff(uint32_t width, uint32_t height, uint32_t rowsPerStrip) {
   const uint32_t strips = (height + rowsPerStrip - 1) / rowsPerStrip;
   constexpr uint32_t kEntries = 9, kArraysAt = 8 + 2 + kEntries * 12 + 4;
   const uint32_t stripAt = kArraysAt + strips * 8, stripBytes = width / 32 * rowsPerStrip;
@@ -175,16 +175,16 @@ std::vector<uint8_t> SharedStripTiff(uint32_t width, uint32_t height, uint32_t r
 
 // Just over the budget whole: 16384 x 16385 x 4 bytes is more than 1 GiB.
 TEST(ShrunkDecode, TiffTooLargeWholeStillDecodesSmall) {
-  const auto tiff = SharedStripTiff(16384, 16385, 64);
-  ASSERT_TRUE(Probe(tiff));
-  EXPECT_EQ(Decode(tiff).error(), Error::kTooLarge);
-  EXPECT_EQ(Decode(tiff, 8193, 1).error(), Error::kTooLarge);  // halved, still too large
-  const auto small = Decode(tiff, 180, 135);
+  const auto tiff = sharedStripTiff(16384, 16385, 64);
+  ASSERT_TRUE(probe(tiff));
+  EXPECT_EQ(decode(tiff).error(), Error::kTooLarge);
+  EXPECT_EQ(decode(tiff, 8193, 1).error(), Error::kTooLarge);  // halved, still too large
+  const auto small = decode(tiff, 180, 135);
   ASSERT_TRUE(small);
-  ASSERT_EQ(small->surface.Dimensions(), (gdi::Size{256, 257}));
+  ASSERT_EQ(small->surface.dimensions(), (gdi::Size{256, 257}));
   for (const auto& [x, y] : {std::pair{0, 0}, {17, 1}, {255, 200}, {100, 256}}) {
     const auto grey = static_cast<uint8_t>(x);
-    EXPECT_EQ(small->surface.Pixel(x, y), gdi::Argb(255, grey, grey, grey));
+    EXPECT_EQ(small->surface.pixel(x, y), gdi::argb(255, grey, grey, grey));
   }
 }
 

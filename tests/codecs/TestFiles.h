@@ -18,7 +18,7 @@
 namespace vellumry::codecs::testing {
 
 // Conformance files live beside the project, not in it; tests skip when they are absent.
-inline std::filesystem::path Corpus(const std::string& relative) {
+inline std::filesystem::path corpus(const std::string& relative) {
   return std::filesystem::path("../shared/corpus") / relative;
 }
 
@@ -28,7 +28,7 @@ inline std::vector<uint8_t> ReadFile(const std::filesystem::path& path) {
 }
 
 // Every regular file below `dir`, sorted, leaving out the suites' text files.
-inline std::vector<std::filesystem::path> FilesBelow(const std::filesystem::path& dir) {
+inline std::vector<std::filesystem::path> filesBelow(const std::filesystem::path& dir) {
   std::vector<std::filesystem::path> files;
   for (const auto& entry : std::filesystem::recursive_directory_iterator(dir)) {
     const auto ext = entry.path().extension();
@@ -42,12 +42,12 @@ inline std::vector<std::filesystem::path> FilesBelow(const std::filesystem::path
 }
 
 // Straight BGRA bytes of a decoded surface; opaque and unknown-alpha pixels count as alpha 255.
-inline std::vector<uint8_t> Bgra(const gdi::Surface& surface) {
-  return gdi::LockBits(surface, gdi::LockFormat::kBgra32Straight).bytes;
+inline std::vector<uint8_t> bgra(const gdi::Surface& surface) {
+  return gdi::lockBits(surface, gdi::LockFormat::kBgra32Straight).bytes;
 }
 
 // Largest difference over the colour of visible pixels and over alpha.
-inline int MaxDifference(const std::vector<uint8_t>& a, const std::vector<uint8_t>& b) {
+inline int maxDifference(const std::vector<uint8_t>& a, const std::vector<uint8_t>& b) {
   if (a.size() != b.size()) return 256;
   int worst = 0;
   for (size_t i = 0; i < a.size(); i += 4) {
@@ -58,17 +58,17 @@ inline int MaxDifference(const std::vector<uint8_t>& a, const std::vector<uint8_
   return worst;
 }
 
-inline std::vector<uint8_t> ReferencePng(const std::filesystem::path& path) {
-  auto decoded = Decode(ReadFile(path));
-  return decoded ? Bgra(decoded->surface) : std::vector<uint8_t>{};
+inline std::vector<uint8_t> referencePng(const std::filesystem::path& path) {
+  auto decoded = decode(ReadFile(path));
+  return decoded ? bgra(decoded->surface) : std::vector<uint8_t>{};
 }
 
 // The reference picture of each file of a bmpsuite folder ("g", "q", "b"), by file name: the
 // suite's page shows each file after its reference picture.
-inline std::map<std::string, std::string> BmpSuiteReferences(const std::string& folder) {
+inline std::map<std::string, std::string> bmpSuiteReferences(const std::string& folder) {
   std::map<std::string, std::string> references;
   std::string lastPng;
-  const std::vector<uint8_t> html = ReadFile(Corpus("bmpsuite/html/bmpsuite.html"));
+  const std::vector<uint8_t> html = ReadFile(corpus("bmpsuite/html/bmpsuite.html"));
   const std::string page(html.begin(), html.end());
   const std::string prefix = "../" + folder + "/";
   for (size_t at = page.find("src=\""); at != std::string::npos; at = page.find("src=\"", at + 1)) {

@@ -13,23 +13,23 @@
 
 namespace vellumry::codecs::testing {
 
-gdi::Surface Gradient(int width, int height) {
+gdi::Surface gradient(int width, int height) {
   gdi::Surface s(width, height, gdi::AlphaMode::kOpaque);
   for (int y = 0; y < height; ++y) {
     for (int x = 0; x < width; ++x) {
-      s.SetPixel(x, y,
-                 gdi::Argb(255, static_cast<uint8_t>(x * 255 / std::max(1, width - 1)),
+      s.setPixel(x, y,
+                 gdi::argb(255, static_cast<uint8_t>(x * 255 / std::max(1, width - 1)),
                            static_cast<uint8_t>(y * 255 / std::max(1, height - 1)), 64));
     }
   }
   return s;
 }
 
-std::vector<uint8_t> MakeJpeg(int width, int height) {
-  return MakeJpeg(Gradient(width, height), 90);
+std::vector<uint8_t> makeJpeg(int width, int height) {
+  return makeJpeg(gradient(width, height), 90);
 }
 
-std::vector<uint8_t> MakeJpeg(const gdi::Surface& pixels, int quality) {
+std::vector<uint8_t> makeJpeg(const gdi::Surface& pixels, int quality) {
   jpeg_compress_struct cinfo{};
   jpeg_error_mgr errors{};
   cinfo.err = jpeg_std_error(&errors);
@@ -56,27 +56,27 @@ std::vector<uint8_t> MakeJpeg(const gdi::Surface& pixels, int quality) {
   return out;
 }
 
-std::vector<uint8_t> MakePng(const gdi::Surface& pixels) {
+std::vector<uint8_t> makePng(const gdi::Surface& pixels) {
   QByteArray bytes;
   QBuffer buffer(&bytes);
   buffer.open(QIODevice::WriteOnly);
-  pixels.View().save(&buffer, "PNG");
+  pixels.view().save(&buffer, "PNG");
   return {bytes.begin(), bytes.end()};
 }
 
 namespace {
-int Append(GifFileType* gif, const GifByteType* data, int length) {
+int append(GifFileType* gif, const GifByteType* data, int length) {
   auto* out = static_cast<std::vector<uint8_t>*>(gif->UserData);
   out->insert(out->end(), data, data + length);
   return length;
 }
 }  // namespace
 
-std::vector<uint8_t> MakeAnimatedGif(int width, int height, const std::vector<GifFrameSpec>& frames,
+std::vector<uint8_t> makeAnimatedGif(int width, int height, const std::vector<GifFrameSpec>& frames,
                                      int loopCount) {
   std::vector<uint8_t> out;
   int error = 0;
-  GifFileType* gif = EGifOpen(&out, Append, &error);
+  GifFileType* gif = EGifOpen(&out, append, &error);
   GifColorType colors[4] = {{0, 0, 0}, {255, 0, 0}, {0, 255, 0}, {0, 0, 255}};
   ColorMapObject* map = GifMakeMapObject(4, colors);
   EGifSetGifVersion(gif, true);
@@ -103,12 +103,12 @@ std::vector<uint8_t> MakeAnimatedGif(int width, int height, const std::vector<Gi
   return out;
 }
 
-std::vector<uint8_t> MakeGif(int width, int height, const std::vector<uint8_t>& indices,
+std::vector<uint8_t> makeGif(int width, int height, const std::vector<uint8_t>& indices,
                              int transparent) {
-  return MakeAnimatedGif(width, height, {{0, 0, width, height, indices, 0, 0, transparent}}, -1);
+  return makeAnimatedGif(width, height, {{0, 0, width, height, indices, 0, 0, transparent}}, -1);
 }
 
-std::vector<uint8_t> IconImageBytes(int size, uint32_t argb) {
+std::vector<uint8_t> iconImageBytes(int size, uint32_t argb) {
   gdi::IconImage icon;
   const bool alpha = (argb >> 24) != 0xFF;
   icon.colour =
@@ -116,14 +116,14 @@ std::vector<uint8_t> IconImageBytes(int size, uint32_t argb) {
   for (uint32_t& p : icon.colour.Pixels()) p = argb;
   icon.andMask.assign(static_cast<size_t>(size) * size, 0);
   icon.andMask[0] = 1;
-  const std::vector<uint8_t> file = codecs::EncodeIco(icon);
+  const std::vector<uint8_t> file = codecs::encodeIco(icon);
   return {file.begin() + 22, file.end()};  // behind the header and the one directory row
 }
 
-std::vector<uint8_t> IconFile(uint16_t type, const std::vector<IconFileImage>& images) {
+std::vector<uint8_t> iconFile(uint16_t type, const std::vector<IconFileImage>& images) {
   std::vector<uint8_t> file;
-  const auto put16 = [&file](uint32_t v) { codecs::PutLe16(file, v); };
-  const auto put32 = [&file](uint32_t v) { codecs::PutLe32(file, v); };
+  const auto put16 = [&file](uint32_t v) { codecs::putLe16(file, v); };
+  const auto put32 = [&file](uint32_t v) { codecs::putLe32(file, v); };
   put16(0);
   put16(type);
   put16(static_cast<uint32_t>(images.size()));

@@ -13,7 +13,7 @@ struct Output {
   uint64_t position = 0;
 };
 
-tmsize_t Read(thandle_t handle, void* out, tmsize_t size) {
+tmsize_t read(thandle_t handle, void* out, tmsize_t size) {
   auto* o = static_cast<Output*>(handle);
   const uint64_t n =
       o->position >= o->bytes.size()
@@ -24,7 +24,7 @@ tmsize_t Read(thandle_t handle, void* out, tmsize_t size) {
   return static_cast<tmsize_t>(n);
 }
 
-tmsize_t Write(thandle_t handle, void* in, tmsize_t size) {
+tmsize_t write(thandle_t handle, void* in, tmsize_t size) {
   auto* o = static_cast<Output*>(handle);
   const uint64_t end = o->position + static_cast<uint64_t>(size);
   if (end > o->bytes.size()) o->bytes.resize(end);
@@ -33,7 +33,7 @@ tmsize_t Write(thandle_t handle, void* in, tmsize_t size) {
   return size;
 }
 
-toff_t Seek(thandle_t handle, toff_t offset, int whence) {
+toff_t seek(thandle_t handle, toff_t offset, int whence) {
   auto* o = static_cast<Output*>(handle);
   if (whence == SEEK_CUR) offset += o->position;
   if (whence == SEEK_END) offset += o->bytes.size();
@@ -41,29 +41,29 @@ toff_t Seek(thandle_t handle, toff_t offset, int whence) {
   return offset;
 }
 
-int Close(thandle_t) { return 0; }
+int close(thandle_t) { return 0; }
 toff_t Size(thandle_t handle) { return static_cast<Output*>(handle)->bytes.size(); }
 
 // Our pixel as the file's red, green, blue.
-void ToRgb(const uint32_t* row, int width, uint8_t* out) {
+void toRgb(const uint32_t* row, int width, uint8_t* out) {
   for (int x = 0; x < width; ++x) {
-    out[x * 3] = gdi::RedOf(row[x]);
-    out[x * 3 + 1] = gdi::GreenOf(row[x]);
-    out[x * 3 + 2] = gdi::BlueOf(row[x]);
+    out[x * 3] = gdi::redOf(row[x]);
+    out[x * 3 + 1] = gdi::greenOf(row[x]);
+    out[x * 3 + 2] = gdi::blueOf(row[x]);
   }
 }
 
-void WriteStrips(TIFF* tif, int width, int height, const TiffRowMaker& rowAt) {
+void writeStrips(TIFF* tif, int width, int height, const TiffRowMaker& rowAt) {
   std::vector<uint32_t> row(static_cast<size_t>(width));
   std::vector<uint8_t> rgb(static_cast<size_t>(width) * 3);
   for (int y = 0; y < height; ++y) {
     rowAt(y, row.data());
-    ToRgb(row.data(), width, rgb.data());
+    toRgb(row.data(), width, rgb.data());
     TIFFWriteScanline(tif, rgb.data(), static_cast<uint32_t>(y), 0);
   }
 }
 
-void WriteTiles(TIFF* tif, int width, int height, int tile, const TiffRowMaker& rowAt) {
+void writeTiles(TIFF* tif, int width, int height, int tile, const TiffRowMaker& rowAt) {
   std::vector<uint32_t> row(static_cast<size_t>(width));
   std::vector<uint8_t> band(static_cast<size_t>(width) * tile * 3);
   std::vector<uint8_t> pixels(static_cast<size_t>(tile) * tile * 3);
@@ -71,7 +71,7 @@ void WriteTiles(TIFF* tif, int width, int height, int tile, const TiffRowMaker& 
     std::fill(band.begin(), band.end(), 0);
     for (int y = top; y < std::min(height, top + tile); ++y) {
       rowAt(y, row.data());
-      ToRgb(row.data(), width, &band[static_cast<size_t>(y - top) * width * 3]);
+      toRgb(row.data(), width, &band[static_cast<size_t>(y - top) * width * 3]);
     }
     for (int left = 0; left < width; left += tile) {
       std::fill(pixels.begin(), pixels.end(), 0);
@@ -89,10 +89,10 @@ void WriteTiles(TIFF* tif, int width, int height, int tile, const TiffRowMaker& 
 
 }  // namespace
 
-std::vector<uint8_t> MakeTiff(int width, int height, const TiffLayout& layout,
+std::vector<uint8_t> makeTiff(int width, int height, const TiffLayout& layout,
                               const TiffRowMaker& rowAt) {
   Output out;
-  TIFF* tif = TIFFClientOpen("memory", "w", &out, Read, Write, Seek, Close, Size, nullptr, nullptr);
+  TIFF* tif = TIFFClientOpen("memory", "w", &out, read, write, seek, close, Size, nullptr, nullptr);
   TIFFSetField(tif, TIFFTAG_IMAGEWIDTH, width);
   TIFFSetField(tif, TIFFTAG_IMAGELENGTH, height);
   TIFFSetField(tif, TIFFTAG_SAMPLESPERPIXEL, 3);
@@ -105,17 +105,17 @@ std::vector<uint8_t> MakeTiff(int width, int height, const TiffLayout& layout,
   if (layout.tileSize > 0) {
     TIFFSetField(tif, TIFFTAG_TILEWIDTH, layout.tileSize);
     TIFFSetField(tif, TIFFTAG_TILELENGTH, layout.tileSize);
-    WriteTiles(tif, width, height, layout.tileSize, rowAt);
+    writeTiles(tif, width, height, layout.tileSize, rowAt);
   } else {
     TIFFSetField(tif, TIFFTAG_ROWSPERSTRIP, layout.rowsPerStrip > 0 ? layout.rowsPerStrip : height);
-    WriteStrips(tif, width, height, rowAt);
+    writeStrips(tif, width, height, rowAt);
   }
   TIFFClose(tif);
   return std::move(out.bytes);
 }
 
-std::vector<uint8_t> MakeTiff(const gdi::Surface& pixels, const TiffLayout& layout) {
-  return MakeTiff(pixels.Width(), pixels.Height(), layout,
+std::vector<uint8_t> makeTiff(const gdi::Surface& pixels, const TiffLayout& layout) {
+  return makeTiff(pixels.Width(), pixels.Height(), layout,
                   [&](int y, uint32_t* row) { std::copy_n(pixels.Row(y), pixels.Width(), row); });
 }
 

@@ -14,7 +14,7 @@ namespace {
 
 // A little-endian TIFF of one 1x1 grey strip of 8 zero bytes, with the given BitsPerSample
 // and SamplesPerPixel (one value each).
-std::vector<uint8_t> OnePixelTiff(uint16_t bits, uint16_t samples) {
+std::vector<uint8_t> onePixelTiff(uint16_t bits, uint16_t samples) {
   std::vector<uint8_t> out = {'I', 'I', 42, 0, 8, 0, 0, 0};
   const auto put = [&out](uint32_t value, int bytes) {
     for (int i = 0; i < bytes; ++i) out.push_back(static_cast<uint8_t>(value >> (8 * i)));
@@ -45,9 +45,9 @@ class TiffSamples : public ::testing::TestWithParam<SampleCase> {};
 
 TEST_P(TiffSamples, WithinLimitsReadElseCorrupt) {
   const SampleCase& c = GetParam();
-  const auto info = ProbeTiff(OnePixelTiff(c.bits, c.samples));
+  const auto info = probeTiff(onePixelTiff(c.bits, c.samples));
   if (c.bitsPerPixel) {
-    ASSERT_TRUE(info) << ErrorName(info.error());
+    ASSERT_TRUE(info) << errorName(info.error());
     EXPECT_EQ(info->bitsPerPixel, *c.bitsPerPixel);
   } else {
     ASSERT_FALSE(info);

@@ -105,13 +105,13 @@ Composited composite(Program& program, const std::filesystem::path& file, int w,
 // Where `got` differs from `want`, empty where it doesn't; a pixel that `want` leaves
 // transparent is to show the background.
 std::string difference(const gdi::Surface& got, const gdi::Surface& want, uint32_t bkg) {
-  if (got.Dimensions() != want.Dimensions()) return "another size";
+  if (got.dimensions() != want.dimensions()) return "another size";
   for (int y = 0; y < want.Height(); ++y) {
     for (int x = 0; x < want.Width(); ++x) {
-      const uint32_t w = want.Pixel(x, y), expected = gdi::AlphaOf(w) == 0 ? bkg : w | 0xFF000000u;
-      if ((got.Pixel(x, y) | 0xFF000000u) != expected) {
+      const uint32_t w = want.pixel(x, y), expected = gdi::alphaOf(w) == 0 ? bkg : w | 0xFF000000u;
+      if ((got.pixel(x, y) | 0xFF000000u) != expected) {
         std::ostringstream text;
-        text << "at " << x << "," << y << ": " << std::hex << got.Pixel(x, y) << " for "
+        text << "at " << x << "," << y << ": " << std::hex << got.pixel(x, y) << " for "
              << expected;
         return text.str();
       }
@@ -126,7 +126,7 @@ gdi::Surface rawPixels(const std::string& bytes, int w, int h, int r, int g, int
   if (bytes.size() < static_cast<size_t>(w) * h * 4) return {};
   const auto* px = reinterpret_cast<const uint8_t*>(bytes.data());
   for (int i = 0; i < w * h; ++i, px += 4)
-    out.Pixels()[static_cast<size_t>(i)] = gdi::Argb(px[a], px[r], px[g], px[b]);
+    out.Pixels()[static_cast<size_t>(i)] = gdi::argb(px[a], px[r], px[g], px[b]);
   return out;
 }
 
@@ -191,7 +191,7 @@ std::vector<int> framesLike(const Composited& gif, const std::filesystem::path& 
   image = image.convertToFormat(QImage::Format_ARGB32);
   gdi::Surface want(image.width(), image.height(), gdi::AlphaMode::kStraight);
   for (int y = 0; y < image.height(); ++y)
-    for (int x = 0; x < image.width(); ++x) want.SetPixel(x, y, image.pixel(x, y));
+    for (int x = 0; x < image.width(); ++x) want.setPixel(x, y, image.pixel(x, y));
   std::vector<int> out;
   for (size_t i = 0; i < gif.frames.size(); ++i)
     if (difference(gif.frames[i], want, bkg).empty()) out.push_back(static_cast<int>(i) + 1);

@@ -10,7 +10,7 @@
 namespace vellumry {
 namespace {
 
-using testing::EncodedData;
+using testing::encodedData;
 using testing::kSampleRows;
 
 struct Loaded {
@@ -26,7 +26,7 @@ struct Loaded {
   }
 };
 
-Loaded Load(const std::vector<uint8_t>& file = testing::SampleAnimation().bytes) {
+Loaded Load(const std::vector<uint8_t>& file = testing::sampleAnimation().bytes) {
   Loaded out;
   EXPECT_GT(ReadGifFile(file, out.gif), 0);
   EXPECT_TRUE(BuildStrip(out.gif, out.strip));
@@ -52,9 +52,9 @@ TEST(BuildStrip, FramesStandSideBySideAsRawIndices) {
 TEST(BuildStrip, AnUndecodableFrameIsAGapOfIndexZero) {
   const std::vector<uint8_t> badCodeSize = {12, 2, 0xFF, 0xFF, 0};
   const Loaded loaded = Load(testing::GifBytes::Screen(2, 2, 8)
-                                 .Image(0, 0, 3, 2, 0, EncodedData(kSampleRows[0]))
+                                 .Image(0, 0, 3, 2, 0, encodedData(kSampleRows[0]))
                                  .Image(0, 0, 2, 2, 0, badCodeSize)
-                                 .Image(0, 0, 4, 1, 0, EncodedData(kSampleRows[2]))
+                                 .Image(0, 0, 4, 1, 0, encodedData(kSampleRows[2]))
                                  .bytes);
   EXPECT_EQ(loaded.rows(1), std::vector<uint8_t>(4, 0));
   EXPECT_EQ(loaded.rows(2), kSampleRows[2]) << "the frames behind it are in place";
@@ -72,17 +72,17 @@ TEST(BuildStrip, ReportsProgressAndShowsTheFirstFrameEarly) {
     EXPECT_EQ(loaded.gif.m_Frames[0].StripX, 0);
     EXPECT_EQ(loaded.strip.m_Strip.Index(2, 1), 15) << "frame 1 is in the strip";
     // Showing the frame loads its colours into the strip's table.
-    loaded.strip.m_Strip.SetColors({0xFF0000});
+    loaded.strip.m_Strip.setColors({0xFF0000});
     loaded.gif.m_PalTop = 0;
   };
   progress.FrameLoaded = [&](int32_t frame, int32_t percent) {
     loadedFrames.emplace_back(frame, percent);
   };
-  ASSERT_EQ(ReadGifFile(testing::SampleAnimation().bytes, loaded.gif), 3);
+  ASSERT_EQ(ReadGifFile(testing::sampleAnimation().bytes, loaded.gif), 3);
   ASSERT_TRUE(BuildStrip(loaded.gif, loaded.strip, progress));
   EXPECT_EQ(firstFrameCalls, 1);
   EXPECT_EQ(loadedFrames, (std::vector<std::pair<int, int>>{{1, 33}, {2, 66}, {3, 100}}));
-  EXPECT_EQ(loaded.strip.m_Strip.Colors(), gdi::IndexedSurface::IdentityTable());
+  EXPECT_EQ(loaded.strip.m_Strip.colors(), gdi::IndexedSurface::identityTable());
   EXPECT_EQ(loaded.gif.m_PalTop, -1);
 }
 
@@ -90,16 +90,16 @@ TEST(FrameImage, GivesTheFrameInItsOwnColours) {
   const Loaded loaded = Load();
   const auto bitmap = FrameImage(loaded.gif, loaded.strip, 2, 1).Pixels();
   ASSERT_TRUE(bitmap);
-  EXPECT_EQ(bitmap->Dimensions(), (gdi::Size{2, 4}));
-  EXPECT_EQ(bitmap->Pixel(0, 1), 0xFFFE0001u) << "index 1 of its local table (255 - i, 0, i)";
-  EXPECT_EQ(bitmap->Pixel(1, 1), 0xFFFF0000u) << "index 0 of its local table";
+  EXPECT_EQ(bitmap->dimensions(), (gdi::Size{2, 4}));
+  EXPECT_EQ(bitmap->pixel(0, 1), 0xFFFE0001u) << "index 1 of its local table (255 - i, 0, i)";
+  EXPECT_EQ(bitmap->pixel(1, 1), 0xFFFF0000u) << "index 0 of its local table";
   // As a GIF, the transparent index stays transparent; the others take the global table's
   // (i, 2i, 3i).
   const auto gif = FrameImage(loaded.gif, loaded.strip, 3, 0).Pixels();
   ASSERT_TRUE(gif);
-  EXPECT_EQ(gdi::AlphaOf(gif->Pixel(0, 0)), 0);
-  EXPECT_EQ(gif->Pixel(1, 0), gdi::Argb(255, 200, 144, 88));
-  EXPECT_EQ(gif->Pixel(3, 0), gdi::Argb(255, 255, 254, 253));
+  EXPECT_EQ(gdi::alphaOf(gif->pixel(0, 0)), 0);
+  EXPECT_EQ(gif->pixel(1, 0), gdi::argb(255, 200, 144, 88));
+  EXPECT_EQ(gif->pixel(3, 0), gdi::argb(255, 255, 254, 253));
   for (const int index : {0, 4, -1}) EXPECT_FALSE(FrameImage(loaded.gif, loaded.strip, index, 1));
 }
 

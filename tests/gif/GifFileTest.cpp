@@ -12,12 +12,12 @@ namespace {
 
 using testing::GifBytes;
 
-std::vector<uint8_t> NoData() { return {2, 0}; }  // a code size and at once the terminator
+std::vector<uint8_t> noData() { return {2, 0}; }  // a code size and at once the terminator
 
-GifBytes TwoFrames() { return GifBytes::Screen(4, 4, 1).Image(0, 0, 1, 1).Image(1, 1, 1, 1); }
+GifBytes twoFrames() { return GifBytes::Screen(4, 4, 1).Image(0, 0, 1, 1).Image(1, 1, 1, 1); }
 
 // No global table; a local one of 2 entries, then one of 2^secondBits (none at 0).
-std::vector<uint8_t> LocalTables(int secondBits) {
+std::vector<uint8_t> localTables(int secondBits) {
   return GifBytes::Screen(4, 4, 0).Image(0, 0, 1, 1, 1).Image(0, 0, 1, 1, secondBits).bytes;
 }
 
@@ -29,7 +29,7 @@ TEST(ReadGifFile, KeepsTheFramesBeforeWhereTheWalkEnds) {
     gif.bytes.resize(keep);
     return gif.bytes;
   };
-  const GifBytes third = TwoFrames().Control(1, 10, 0).Image(2, 2, 1, 1, 1);
+  const GifBytes third = twoFrames().control(1, 10, 0).Image(2, 2, 1, 1, 1);
   const size_t image = third.bytes.size() - 21;  // separator, descriptor, table, data
   const struct {
     const char* name;
@@ -39,16 +39,16 @@ TEST(ReadGifFile, KeepsTheFramesBeforeWhereTheWalkEnds) {
       {"capital signature", oneFrame("GIF89A"), 1},
       {"lower-case signature", oneFrame("gif87a"), 1},
       {"unknown version", oneFrame("GIF88a"), 0},
-      {"an image without any table gives up the frames before", LocalTables(0), 0},
+      {"an image without any table gives up the frames before", localTables(0), 0},
       {"cut in the third frame's data", cut(third, third.bytes.size() - 2), 2},
       {"cut in its table", cut(third, image + 12), 2},
       {"cut in its descriptor", cut(third, image + 6), 2},
       {"cut in its graphic control", cut(third, image - 3), 2},
-      {"no trailer", TwoFrames().bytes, 2},
-      {"a stray byte ends the walk", TwoFrames().Byte(0x99).Image(0, 0, 1, 1).bytes, 2},
-      {"nul bytes between blocks", TwoFrames().Byte(0).Byte(0).Image(0, 0, 1, 1).bytes, 3},
+      {"no trailer", twoFrames().bytes, 2},
+      {"a stray byte ends the walk", twoFrames().byte(0x99).Image(0, 0, 1, 1).bytes, 2},
+      {"nul bytes between blocks", twoFrames().byte(0).byte(0).Image(0, 0, 1, 1).bytes, 3},
       {"an image without data is dropped",
-       TwoFrames().Image(0, 0, 1, 1, 0, NoData()).Image(0, 0, 1, 1).bytes, 3},
+       twoFrames().Image(0, 0, 1, 1, 0, noData()).Image(0, 0, 1, 1).bytes, 3},
       {"global table cut", cut(GifBytes::Screen(4, 4, 8), 400), 0},
   };
   for (const auto& c : cases) {
@@ -74,24 +74,24 @@ TEST(ReadGifFile, AFramesRecordHoldsTheBlocksBeforeItsImage) {
   } cases[] = {
       {"without control", GifBytes{}.Image(1, 2, 3, 4), {1, 2, 3, 4, 0, 0, 35, 0, 0, 0}},
       {"a control, then a comment, still belongs to the image",
-       GifBytes{}.Control(2 << 2 | 1, 7, 3).Comment("hi").Image(1, 2, 3, 4),
+       GifBytes{}.control(2 << 2 | 1, 7, 3).comment("hi").Image(1, 2, 3, 4),
        {1, 2, 3, 4, 70, 0, 35, 3, 1, 2}},
       {"the second control wins",
-       GifBytes{}.Control(3 << 2 | 1, 5, 9).Control(1 << 2, 9).Image(0, 0, 2, 2),
+       GifBytes{}.control(3 << 2 | 1, 5, 9).control(1 << 2, 9).Image(0, 0, 2, 2),
        {0, 0, 2, 2, 90, 0, 43, 0, 0, 1}},
       {"disposal 4 folds to 0",
-       GifBytes{}.Control(4 << 2, 0).Image(0, 0, 2, 2),
+       GifBytes{}.control(4 << 2, 0).Image(0, 0, 2, 2),
        {0, 0, 2, 2, 0, 0, 35, 0, 0, 0}},
       {"disposal 7 folds to 3",
-       GifBytes{}.Control(7 << 2, 65535).Image(0, 0, 2, 2),
+       GifBytes{}.control(7 << 2, 65535).Image(0, 0, 2, 2),
        {0, 0, 2, 2, 655350, 0, 35, 0, 0, 3}},
       {"a dropped frame's control doesn't carry over",
-       GifBytes{}.Control(1 << 2 | 1, 4, 6).Image(0, 0, 1, 1, 0, NoData()).Image(0, 0, 2, 2, 1),
+       GifBytes{}.control(1 << 2 | 1, 4, 6).Image(0, 0, 1, 1, 0, noData()).Image(0, 0, 2, 2, 1),
        {0, 0, 2, 2, 0, 1, 55, 0, 0, 0}},
   };
   for (const auto& c : cases) {
     GifBytes file = GifBytes::Screen(16, 16, 1).Image(0, 0, 1, 1);
-    ASSERT_EQ(file.Next(), 35);
+    ASSERT_EQ(file.next(), 35);
     file.bytes.insert(file.bytes.end(), c.blocks.bytes.begin(), c.blocks.bytes.end());
     GifFile gif;
     ASSERT_GE(ReadGifFile(file.bytes, gif), 2) << c.name;
@@ -113,7 +113,7 @@ TEST(ReadGifFile, TheLoopCountComesFromTheLoopingExtensionAlone) {
   for (const auto& c : cases) {
     GifFile gif;
     const GifBytes file =
-        GifBytes::Screen(4, 4, 1).Application(c.identifier, c.subBlock).Image(0, 0, 1, 1);
+        GifBytes::Screen(4, 4, 1).application(c.identifier, c.subBlock).Image(0, 0, 1, 1);
     EXPECT_EQ(ReadGifFile(file.bytes, gif), 1) << "the walk goes on behind the extension";
     EXPECT_EQ(gif.m_LoopCount, c.loops) << c.identifier << " " << c.subBlock.size();
   }
@@ -121,7 +121,7 @@ TEST(ReadGifFile, TheLoopCountComesFromTheLoopingExtensionAlone) {
 
 TEST(ReadGifFile, KeepsEveryColourTableInItsRow) {
   GifFile gif;
-  ASSERT_EQ(ReadGifFile(LocalTables(2), gif), 2);
+  ASSERT_EQ(ReadGifFile(localTables(2), gif), 2);
   EXPECT_EQ(gif.m_PalTop, 2);
   ASSERT_EQ(gif.m_Palettes.size(), 3u);
   EXPECT_EQ(gif.m_Palettes[0], ColorRow{}) << "no global table";
@@ -132,7 +132,7 @@ TEST(ReadGifFile, KeepsEveryColourTableInItsRow) {
 
 TEST(ReadGifFile, TheCanvasIsTheFramesBoundingBoxNotTheScreen) {
   GifFile gif;
-  ASSERT_EQ(ReadGifFile(testing::SampleAnimation().bytes, gif), 3);
+  ASSERT_EQ(ReadGifFile(testing::sampleAnimation().bytes, gif), 3);
   EXPECT_EQ(gif.m_Width, 9);  // frame 3 of 4 x 1 at (5, 5), on a screen of 2 x 2
   EXPECT_EQ(gif.m_Height, 6);
   ASSERT_EQ(ReadGifFile(GifBytes::Screen(4, 4, 1).Image(0, 0, 1, 2).bytes, gif), 1);
@@ -141,9 +141,9 @@ TEST(ReadGifFile, TheCanvasIsTheFramesBoundingBoxNotTheScreen) {
 }
 
 TEST(ReadGifFile, SpansAndScreenFields) {
-  GifBytes file = GifBytes::Screen(4, 4, 1, "GIF89a", 7).Control(3 << 2, 0);
-  const int32_t image = file.Next();
-  file.Image(0, 0, 1, 1, 1).Trailer();
+  GifBytes file = GifBytes::Screen(4, 4, 1, "GIF89a", 7).control(3 << 2, 0);
+  const int32_t image = file.next();
+  file.Image(0, 0, 1, 1, 1).trailer();
   GifFile gif;
   ASSERT_EQ(ReadGifFile(file.bytes, gif), 1);
   EXPECT_EQ(gif.m_Spans[0].Offset, image);
@@ -154,7 +154,7 @@ TEST(ReadGifFile, SpansAndScreenFields) {
 
 TEST(ReadGifFile, AMissingFileGivesNoFrames) {
   GifFile gif;
-  ASSERT_EQ(ReadGifFile(TwoFrames().bytes, gif), 2);
+  ASSERT_EQ(ReadGifFile(twoFrames().bytes, gif), 2);
   EXPECT_EQ(ReadGifFile("/nonexistent/vellumry.gif", gif), 0);
   EXPECT_TRUE(gif.m_Frames.empty()) << "the last file's frames are gone";
 }

@@ -19,7 +19,7 @@ class PlayerTest : public testing::PlayerHost {
  protected:
   // A player of `frames` on a `w` x `h` screen; with the window and the clock when `animated`.
   cGIFViewer& load(int w, int h, const std::vector<GifFrameSpec>& frames, bool animated = true) {
-    const std::vector<uint8_t> bytes = codecs::testing::MakeAnimatedGif(w, h, frames, 0);
+    const std::vector<uint8_t> bytes = codecs::testing::makeAnimatedGif(w, h, frames, 0);
     std::ofstream(path, std::ios::binary) << std::string(bytes.begin(), bytes.end());
     const int32_t count = player.LoadGIF(path.string(), 0, animated ? &window : nullptr,
                                          animated ? &program.runtime.loop() : nullptr);
@@ -95,8 +95,8 @@ TEST_F(PlayerTest, TheCanvasShowsTransparencyAndEachDisposal) {
     gif.setAnimationState(3);
     gif.setAnimationState(3);
     ASSERT_EQ(gif.AnimationIndex(), 3);
-    EXPECT_EQ(window.surface.Pixel(0, 0), r.expected) << r.what;
-    EXPECT_EQ(window.surface.Pixel(1, 0), kBlue) << r.what;
+    EXPECT_EQ(window.surface.pixel(0, 0), r.expected) << r.what;
+    EXPECT_EQ(window.surface.pixel(1, 0), kBlue) << r.what;
   }
 }
 
@@ -104,17 +104,17 @@ TEST_F(PlayerTest, AFirstTransparentFrameShowsTheColourAndOpaqueFullFramesNeedNo
   cGIFViewer& gif = load(2, 1, {patch(0, 0, 2, 1, 0, 0, 0), patch(0, 0, 2, 1, 3)});
   ASSERT_TRUE(gif.SetAnimationBkg(0, {.color = 0x0000FF}, 1, 1));  // red as 0x00BBGGRR
   gif.setAnimationState(4);
-  EXPECT_EQ(window.surface.Pixel(1, 1), kRed);
-  EXPECT_EQ(window.surface.Pixel(0, 0), kUntouched);  // nothing outside the destination
+  EXPECT_EQ(window.surface.pixel(1, 1), kRed);
+  EXPECT_EQ(window.surface.pixel(0, 0), kUntouched);  // nothing outside the destination
 
   // Full opaque frames go straight to the window: no background is laid under them.
   cGIFViewer& plain = load(2, 1, {patch(0, 0, 2, 1, 2), patch(0, 0, 2, 1, 3)});
   window.surface = gdi::Surface(8, 8, gdi::AlphaMode::kOpaque);
   ASSERT_TRUE(plain.SetAnimationBkg(0, {.color = 0x0000FF}, 0, 0, 4, 4, 2));
   plain.setAnimationState(4);
-  EXPECT_EQ(window.surface.Pixel(0, 0), kGreen);  // stretched over the whole 4 x 4
-  EXPECT_EQ(window.surface.Pixel(3, 3), kGreen);
-  EXPECT_EQ(window.surface.Pixel(5, 5), kUntouched);
+  EXPECT_EQ(window.surface.pixel(0, 0), kGreen);  // stretched over the whole 4 x 4
+  EXPECT_EQ(window.surface.pixel(3, 3), kGreen);
+  EXPECT_EQ(window.surface.pixel(5, 5), kUntouched);
 }
 
 TEST_F(PlayerTest, ReadOutsKeepTheirLimits) {

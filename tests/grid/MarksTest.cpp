@@ -14,7 +14,7 @@ namespace {
 uint32_t pixelAt(const gdi::Picture& picture, int w, int h, int x, int y) {
   gdi::Surface shown(w, h, gdi::AlphaMode::kOpaque);
   picture.Render(shown, 0, 0, w, h, 0, picture.Height(), picture.Width(), -picture.Height());
-  return shown.Pixel(x, y) & 0xFFFFFFu;
+  return shown.pixel(x, y) & 0xFFFFFFu;
 }
 
 class MarksTest : public GridFixture {
@@ -28,7 +28,7 @@ class MarksTest : public GridFixture {
   auto disk() const {
     std::map<std::string, std::optional<std::vector<uint8_t>>> files;
     for (const auto& entry : fs::directory_iterator(pictures))
-      files[entry.path().filename().string()] = os::ReadWholeFile(entry.path().string());
+      files[entry.path().filename().string()] = os::readWholeFile(entry.path().string());
     return files;
   }
 };
@@ -41,23 +41,23 @@ TEST_F(MarksTest, AMarkDrawsTheCrossAndUndoBringsTheThumbnailBack) {
   for (const char* name : {"a.png", "b.png", "c.png"}) picture(pictures / name, 60, 40, Qt::blue);
   Form1& f = loaded();
   const gdi::Picture screen =
-      gdi::Picture::FromSurface(gdi::Surface(4, 3, gdi::AlphaMode::kOpaque));
-  host.screenPicture = [&] { return screen; };
+      gdi::Picture::fromSurface(gdi::Surface(4, 3, gdi::AlphaMode::kOpaque));
+  host.drawScreen = [&] { return screen; };
   const gdi::Picture plain = f.Image123(2).Picture();
   toggle(2);
-  EXPECT_TRUE(f.Img1(2).Picture().SameObject(plain));
+  EXPECT_TRUE(f.Img1(2).Picture().sameObject(plain));
   EXPECT_EQ(pixelAt(f.Image123(2).Picture(), 60, 40, 30, 20), 0xE01010u);  // the cross
   EXPECT_EQ(pixelAt(f.Image123(2).Picture(), 60, 40, 58, 2), 0x0000FFu);   // the thumbnail
   program->frmMenu().pDelcaption();
   EXPECT_EQ(program->frmMenu().mDelselected.Caption(), "Undo Delete Selected File");
   const gdi::Picture crossed = f.Image123(2).Picture();
   program->pMinimise(ViewerState::kGrid);
-  EXPECT_TRUE(program->Form0().Picture().SameObject(screen));
-  EXPECT_TRUE(f.Image123(2).Picture().SameObject(crossed));
+  EXPECT_TRUE(program->Form0().Picture().sameObject(screen));
+  EXPECT_TRUE(f.Image123(2).Picture().sameObject(crossed));
   program->Form0().setWindowState(0);
 
   toggle(2);
-  EXPECT_TRUE(f.Image123(2).Picture().SameObject(plain));
+  EXPECT_TRUE(f.Image123(2).Picture().sameObject(plain));
   EXPECT_FALSE(f.Img1.exists(2));
   program->frmMenu().pDelcaption();
   EXPECT_EQ(program->frmMenu().mDelselected.Caption(), "Delete Selected File");
@@ -97,7 +97,7 @@ TEST_F(MarksTest, EveryTickOfTheRunDeletesNothingButMarkedFiles) {
   while (f.Timer2.Interval() != 0) {
     wait(1);
     for (const auto& [name, bytes] : before)
-      EXPECT_TRUE(marked.contains(name) || os::ReadWholeFile((pictures / name).string()) == bytes)
+      EXPECT_TRUE(marked.contains(name) || os::readWholeFile((pictures / name).string()) == bytes)
           << name;
   }
   EXPECT_EQ(disk().size(), 5u);

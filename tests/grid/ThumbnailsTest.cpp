@@ -53,7 +53,7 @@ TEST_F(ThumbnailsTest, EveryKindOfPictureFittedByTheRulesInTheirOrder) {
     EXPECT_DOUBLE_EQ(pic.Top(), f.Image1(i).Top() + 1570 / 2.0 - c.fitH / 2 + 100);
     EXPECT_TRUE(pic.Visible());
     EXPECT_TRUE(pic.Stretch());
-    EXPECT_TRUE(pic.Picture().Pixels({1, 1}) || pic.Picture().Icon());  // it really decodes
+    EXPECT_TRUE(pic.Picture().Pixels({1, 1}) || pic.Picture().icon());  // it really decodes
   }
   EXPECT_EQ(f.sExt, "BMP");  // the last file's letters
   // The PNG road flattens onto the grid's colour: Picture1 handed its image on.
@@ -69,7 +69,7 @@ TEST_F(ThumbnailsTest, AFileThatCantBeReadCostsOnlyItsCell) {
       "bmp-2147483647x1.bmp",   "bmp-1x-2147483648.bmp", "ico-png-65535x65535.ico",
       "ico-bmp-2147483647.ico", "gif-frame-far-out.gif"};
   unread.insert({"b.jpg", "c.png", "d.gif", "f.png", "g.png"});
-  const auto bombs = codecs::testing::PictureBombs();
+  const auto bombs = codecs::testing::pictureBombs();
   for (const auto& bomb : bombs)
     std::ofstream(pictures / bomb.name, std::ios::binary)
         .write(reinterpret_cast<const char*>(bomb.bytes.data()),
@@ -91,7 +91,7 @@ TEST_F(ThumbnailsTest, AFileThatCantBeReadCostsOnlyItsCell) {
     EXPECT_EQ(f.Image1(i).ToolTipText(), name);
     EXPECT_EQ(pic.Visible(), !unread.contains(name));
     EXPECT_EQ(program->grid.aPicW(i) > 0, !unread.contains(name));
-    EXPECT_TRUE(!pic.Visible() || pic.Picture().Pixels({1, 1}) || pic.Picture().Icon());
+    EXPECT_TRUE(!pic.Visible() || pic.Picture().Pixels({1, 1}) || pic.Picture().icon());
   }
 }
 

@@ -27,12 +27,12 @@ TEST(LinkFile, ReadsFieldsInPairsAndWritesEachWithItsSeparator) {
       {"Alpha*%*", {}},
       {" a *%* /x *%**%*/y*%*", {{" a ", " /x "}, {"", "/y"}}},  // no trimming, no checks
   };
-  for (const auto& [text, records] : cases) EXPECT_EQ(ParseLinkList(text), records) << text;
-  EXPECT_EQ(FormatLinkList({}), "*%*");
-  EXPECT_EQ(FormatLinkList({{"Alpha", "/p/Alpha"}, {"", " "}}), "Alpha*%*/p/Alpha*%**%* *%*");
+  for (const auto& [text, records] : cases) EXPECT_EQ(parseLinkList(text), records) << text;
+  EXPECT_EQ(formatLinkList({}), "*%*");
+  EXPECT_EQ(formatLinkList({{"Alpha", "/p/Alpha"}, {"", " "}}), "Alpha*%*/p/Alpha*%**%* *%*");
   const std::vector<LinkRecord> records(1200, {"name", "/pictures/a"});
-  const std::string text = FormatLinkList(records);
-  EXPECT_EQ(ParseLinkList(text), records);
+  const std::string text = formatLinkList(records);
+  EXPECT_EQ(parseLinkList(text), records);
 }
 
 // The host's line for a message box of `style` and `title` showing `text`, answered with OK.
@@ -290,7 +290,7 @@ TEST_F(LinkList, EachModeSetsUpTheDialogAndCancelLeavesTheText) {
   for (const auto& c : cases) {
     run(c.open);
     frmEdit& d = dialog();
-    EXPECT_TRUE(d.Visible() && d.TopMost() && !f.Enabled() && d.ActiveControl() == &d.Text1);
+    EXPECT_TRUE(d.Visible() && d.topMost() && !f.Enabled() && d.ActiveControl() == &d.Text1);
     EXPECT_EQ(std::tuple(d.Label(0).Caption(), d.btn(0).Caption(), d.List(2).Visible(),
                          tk::toText(d.get("Region")), d.Text1.Text(), d.Text1.SelStart(),
                          d.Text1.SelLength()),

@@ -19,14 +19,14 @@ namespace {
 class ProfileString : public testfiles::TempFolderTest {
  protected:
   // The text read with `size` of a buffer's 256 characters offered, NUL-terminated and counted.
-  std::string Read(const std::string& section, const std::string& key, const std::string& def,
+  std::string read(const std::string& section, const std::string& key, const std::string& def,
                    std::size_t size = 255) {
     std::u32string buffer(256, U'x');
     const std::size_t count =
         os::GetPrivateProfileString(section, key, def, std::span(buffer).first(size), file_);
     EXPECT_LT(count, size);
     EXPECT_EQ(buffer[count], U'\0');
-    return os::Utf8FromChars(std::u32string_view(buffer).substr(0, count));
+    return os::utf8FromChars(std::u32string_view(buffer).substr(0, count));
   }
   std::string file_ = Path("s.ini");
 };
@@ -57,18 +57,18 @@ TEST_F(ProfileString, FindsValuesOrGivesTheDefault) {
       {"\xEF\xBB\xBF[S]\nrows=4\n", "S", "rows", "?", "4"},
   };
   for (const auto& [bytes, section, key, def, expected] : cases) {
-    testfiles::WriteBytes(file_, bytes);
-    EXPECT_EQ(Read(section, key, def), expected) << bytes << " [" << section << "] " << key;
+    testfiles::writeBytes(file_, bytes);
+    EXPECT_EQ(read(section, key, def), expected) << bytes << " [" << section << "] " << key;
   }
 }
 
 // A value, or the default, is cut at the buffer's size less one, counted in characters; an
 // empty buffer receives nothing.
 TEST_F(ProfileString, CutsAtBufferSizeLessOneCountingCharacters) {
-  testfiles::WriteBytes(file_, "[S]\nv=0123456789abc\nete=\xC3\xA9t\xC3\xA9\xC3\xA9t\xC3\xA9\n");
-  EXPECT_EQ(Read("S", "v", "?", 10), "012345678");
-  EXPECT_EQ(Read("S", "nokey", "defaultvalue", 4), "def");
-  EXPECT_EQ(Read("S", "ete", "?", 5), "\xC3\xA9t\xC3\xA9\xC3\xA9");
+  testfiles::writeBytes(file_, "[S]\nv=0123456789abc\nete=\xC3\xA9t\xC3\xA9\xC3\xA9t\xC3\xA9\n");
+  EXPECT_EQ(read("S", "v", "?", 10), "012345678");
+  EXPECT_EQ(read("S", "nokey", "defaultvalue", 4), "def");
+  EXPECT_EQ(read("S", "ete", "?", 5), "\xC3\xA9t\xC3\xA9\xC3\xA9");
   std::u32string buffer(4, U'x');
   EXPECT_EQ(os::GetPrivateProfileString("S", "v", "?", std::span(buffer).first(0), file_), 0u);
   EXPECT_EQ(buffer, U"xxxx");
@@ -105,7 +105,7 @@ TEST_F(ProfileString, WritingChangesOnlyTheLineItMust) {
   for (const auto& [before, writes, after] : cases) {
     SCOPED_TRACE(before);
     std::filesystem::remove(file_);
-    if (!before.empty()) testfiles::WriteBytes(file_, before);
+    if (!before.empty()) testfiles::writeBytes(file_, before);
     for (const auto& [section, key, value] : writes)
       EXPECT_TRUE(os::WritePrivateProfileString(section, key, value, file_));
     EXPECT_EQ(testfiles::ReadBytes(file_), after);
@@ -119,16 +119,16 @@ TEST_F(ProfileString, WritingChangesOnlyTheLineItMust) {
 // Every key at its default, in the order of the settings table; an existing file is left
 // alone, and a missing folder fails.
 TEST_F(ProfileString, ANewSettingsFileHoldsEveryKeyAtItsDefault) {
-  ASSERT_TRUE(os::CreateSettingsFileIfMissing(file_));
+  ASSERT_TRUE(os::createSettingsFileIfMissing(file_));
   EXPECT_EQ(testfiles::ReadBytes(file_),
             "[Settings]\nrows=4\nframeprop=0\ngformc=4210752\ngselfrc=33023\nslsh=5\nanigifp=1\n"
             "showmb=1\ndest=\nInw=<\nshowll=1\nlnvar=1\nbeeps=1\nsautor=0\nthumbcache=1\n");
-  EXPECT_EQ(os::DefaultSetting("GFORMC"), "4210752");
-  EXPECT_EQ(os::DefaultSetting("colour"), std::nullopt);
-  testfiles::WriteBytes(file_, "[Settings]\nrows=7\n");
-  EXPECT_TRUE(os::CreateSettingsFileIfMissing(file_));
+  EXPECT_EQ(os::defaultSetting("GFORMC"), "4210752");
+  EXPECT_EQ(os::defaultSetting("colour"), std::nullopt);
+  testfiles::writeBytes(file_, "[Settings]\nrows=7\n");
+  EXPECT_TRUE(os::createSettingsFileIfMissing(file_));
   EXPECT_EQ(testfiles::ReadBytes(file_), "[Settings]\nrows=7\n");
-  EXPECT_FALSE(os::CreateSettingsFileIfMissing(Path("none/OstrelWorks.INI")));
+  EXPECT_FALSE(os::createSettingsFileIfMissing(Path("none/OstrelWorks.INI")));
 }
 
 }  // namespace

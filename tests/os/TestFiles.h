@@ -16,7 +16,7 @@
 // Plain std file access for tests, so that what is checked doesn't go through the code tested.
 namespace testfiles {
 
-inline void WriteBytes(const std::string& path, const std::string& bytes) {
+inline void writeBytes(const std::string& path, const std::string& bytes) {
   std::ofstream(path, std::ios::binary) << bytes;
 }
 
@@ -25,7 +25,7 @@ inline std::string ReadBytes(const std::string& path) {
   return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
-inline std::vector<std::string> FolderEntries(const std::string& folder) {
+inline std::vector<std::string> folderEntries(const std::string& folder) {
   std::vector<std::string> names;
   for (const auto& entry : std::filesystem::directory_iterator(folder))
     names.push_back(entry.path().filename().string());
@@ -43,8 +43,8 @@ class TempFolderTest : public ::testing::Test {
   std::string Path(const std::string& name) const {
     return dir_.filePath(QString::fromStdString(name)).toStdString();
   }
-  std::string Folder() const { return dir_.path().toStdString(); }
-  void SetEnv(const char* name, const std::string& value) {
+  std::string folder() const { return dir_.path().toStdString(); }
+  void setEnv(const char* name, const std::string& value) {
     const char* old = std::getenv(name);
     saved_.emplace_back(name, old ? std::optional<std::string>(old) : std::nullopt);
     ::setenv(name, value.c_str(), 1);

@@ -20,20 +20,20 @@ using namespace codecs::testing;
 using Names = std::set<std::string>;
 
 TEST(PictureCorpusTest, EveryFileLoadsOrIsRefused) {
-  const auto root = Corpus("");
+  const auto root = corpus("");
   SKIP_WITHOUT(root);
   PictureServices services(15, 32u << 20, 2);
   Module1 module1(services, [] { return 0x00808080u; });
   int loaded[3] = {}, files = 0;  // by the plain loader, the picture class, Module1
   // Draws the whole picture small, through whatever decode it needs.
   const auto drawSmall = [&](const gdi::Picture& picture, int road) {
-    testsupport::Drawn(picture, gdi::Surface(24, 24, gdi::AlphaMode::kOpaque));
+    testsupport::drawn(picture, gdi::Surface(24, 24, gdi::AlphaMode::kOpaque));
     ++loaded[road];
   };
-  for (const auto& path : FilesBelow(root)) {
+  for (const auto& path : filesBelow(root)) {
     ++files;
     const std::string name = path.string();
-    const auto plain = testsupport::ErrorOf([&] {
+    const auto plain = testsupport::errorOf([&] {
       const gdi::Picture picture = LoadPicture(services, name);
       ASSERT_TRUE(picture) << name;  // it raises rather than give nothing
       services.prefetch(picture, {24, 24});
@@ -43,10 +43,10 @@ TEST(PictureCorpusTest, EveryFileLoadsOrIsRefused) {
     if (const gdi::Picture picture = services.stdPictureEx().LoadPicture(name)) {
       drawSmall(picture, 1);
     }
-    const auto gdiRoad = testsupport::ErrorOf([&] {
+    const auto gdiRoad = testsupport::errorOf([&] {
       int32_t w = -1, h = -1;
       const gdi::Picture picture = module1.LoadGdiPicture(name, w, h, 0xFFFFFF, false);
-      EXPECT_EQ(picture.PixelSize(), (gdi::Size{w, h})) << name;
+      EXPECT_EQ(picture.pixelSize(), (gdi::Size{w, h})) << name;
       drawSmall(picture, 2);
     });
     EXPECT_EQ(gdiRoad ? gdiRoad->Number : 999, 999) << name;
@@ -60,34 +60,34 @@ using EngineCorpusTest = testsupport::EngineTest;
 
 // Straight BGRA of a picture as the class shows it: its full pixels, or an icon's colour with
 // masked pixels transparent.
-std::vector<uint8_t> Shown(const gdi::Picture& picture) {
-  if (const gdi::IconImage* icon = picture.Icon()) {
+std::vector<uint8_t> shown(const gdi::Picture& picture) {
+  if (const gdi::IconImage* icon = picture.icon()) {
     gdi::Surface flat = icon->colour;
-    if (!icon->HasAlpha()) {
+    if (!icon->hasAlpha()) {
       const auto pixels = flat.Pixels();
       for (size_t i = 0; i < pixels.size(); ++i) {
         pixels[i] = !icon->andMask.empty() && icon->andMask[i] ? 0 : pixels[i] | 0xFF000000u;
       }
-      flat.SetAlpha(gdi::AlphaMode::kStraight);
+      flat.setAlpha(gdi::AlphaMode::kStraight);
     }
-    return Bgra(flat);
+    return bgra(flat);
   }
   const auto pixels = picture.Pixels();
-  return pixels ? Bgra(*pixels) : std::vector<uint8_t>{};
+  return pixels ? bgra(*pixels) : std::vector<uint8_t>{};
 }
 
 TEST_F(EngineCorpusTest, BmpSuiteFilesMatchTheirReferencesOrAreRefused) {
-  SKIP_WITHOUT(Corpus("bmpsuite"));
+  SKIP_WITHOUT(corpus("bmpsuite"));
   // Checks a folder's count of files, how far their pixels may stray from the references (-1: not
   // compared), and the files refused, differing and managed. Gives the files that the full
   // decoder read rather than a section.
   const auto check = [&](const std::string& folder, int count, int tolerance, const Names& refused,
                          const Names& different, const Names& managed) {
     SCOPED_TRACE(folder);
-    const auto references = BmpSuiteReferences(folder);
+    const auto references = bmpSuiteReferences(folder);
     int files = 0;
     Names refusedSeen, differentSeen, managedSeen, notThroughASection;
-    for (const auto& path : FilesBelow(Corpus("bmpsuite/" + folder))) {
+    for (const auto& path : filesBelow(corpus("bmpsuite/" + folder))) {
       ++files;
       const std::string name = path.filename().string();
       const gdi::Picture picture = ex.LoadPicture(path.string());
@@ -95,11 +95,11 @@ TEST_F(EngineCorpusTest, BmpSuiteFilesMatchTheirReferencesOrAreRefused) {
         refusedSeen.insert(name);
         continue;
       }
-      if (!codecs::DecodeDibSection(ReadFile(path))) notThroughASection.insert(name);
+      if (!codecs::decodeDibSection(ReadFile(path))) notThroughASection.insert(name);
       if (ex.IsManaged(picture)) managedSeen.insert(name);
       if (tolerance < 0) continue;
-      const auto reference = Corpus("bmpsuite/html/" + references.at(name));
-      if (MaxDifference(Shown(picture), ReferencePng(reference)) > tolerance) {
+      const auto reference = corpus("bmpsuite/html/" + references.at(name));
+      if (maxDifference(shown(picture), referencePng(reference)) > tolerance) {
         differentSeen.insert(name);
       }
     }
@@ -130,22 +130,22 @@ TEST_F(EngineCorpusTest, BmpSuiteFilesMatchTheirReferencesOrAreRefused) {
 }
 
 TEST_F(EngineCorpusTest, IconEntriesChosenBySizeMatchTheirPngs) {
-  const auto dir = Corpus("rust-ico/tests/images");
+  const auto dir = corpus("rust-ico/tests/images");
   SKIP_WITHOUT(dir);
   int compared = 0;
   for (const std::string name : {"wiki", "ship", "litexl"}) {
     const std::vector<uint8_t> bytes = ReadFile(dir / (name + ".ico"));
-    const auto resource = codecs::ReadIconResource(bytes);
+    const auto resource = codecs::readIconResource(bytes);
     ASSERT_TRUE(resource) << name;
     for (const uint32_t key : resource->keys) {
-      const int size = codecs::IconKeySize(key);
+      const int size = codecs::iconKeySize(key);
       const auto reference =
           dir / (name + std::to_string(size) + "x" + std::to_string(size) + ".png");
       if (!std::filesystem::exists(reference)) continue;
       const gdi::Picture picture = ex.LoadPicture(ByteArray{bytes}, 4 /* custom */, 32, size, size);
       ASSERT_TRUE(picture) << name << " " << size;
-      EXPECT_EQ(picture.PixelSize(), (gdi::Size{size, size}));
-      EXPECT_EQ(MaxDifference(Shown(picture), ReferencePng(reference)), 0) << reference;
+      EXPECT_EQ(picture.pixelSize(), (gdi::Size{size, size}));
+      EXPECT_EQ(maxDifference(shown(picture), referencePng(reference)), 0) << reference;
       ++compared;
     }
   }
@@ -153,7 +153,7 @@ TEST_F(EngineCorpusTest, IconEntriesChosenBySizeMatchTheirPngs) {
 }
 
 TEST_F(EngineCorpusTest, CursorsKeepTheirHotSpots) {
-  const auto dir = Corpus("faint-graphics-editor/tests/test-data");
+  const auto dir = corpus("faint-graphics-editor/tests/test-data");
   SKIP_WITHOUT(dir);
   // The file, its size and hot spot.
   const std::tuple<const char*, int, int, int> cursors[] = {{"24bipp-6x6.cur", 6, 4, 1},
@@ -161,11 +161,11 @@ TEST_F(EngineCorpusTest, CursorsKeepTheirHotSpots) {
   for (const auto& [file, size, hotspotX, hotspotY] : cursors) {
     SCOPED_TRACE(file);
     const gdi::Picture picture = ex.LoadPicture((dir / file).string());
-    ASSERT_TRUE(picture.Icon());
-    EXPECT_TRUE(picture.Icon()->isCursor);
-    EXPECT_EQ(picture.PixelSize(), (gdi::Size{size, size}));
-    EXPECT_EQ(picture.Icon()->hotspotX, hotspotX);
-    EXPECT_EQ(picture.Icon()->hotspotY, hotspotY);
+    ASSERT_TRUE(picture.icon());
+    EXPECT_TRUE(picture.icon()->isCursor);
+    EXPECT_EQ(picture.pixelSize(), (gdi::Size{size, size}));
+    EXPECT_EQ(picture.icon()->hotspotX, hotspotX);
+    EXPECT_EQ(picture.icon()->hotspotY, hotspotY);
     EXPECT_EQ(ex.PictureType(picture), 3);
   }
 }

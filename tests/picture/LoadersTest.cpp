@@ -29,27 +29,27 @@ using LazyPictureTest = EngineTest;
 
 TEST_F(PlainLoaderTest, MissingAndUnreadableFilesRaise) {
   const auto raised = [&](const std::string& path) {
-    return ErrorOf([&] { LoadPicture(services, path); }).value_or(tk::Error(0, "", "")).Number;
+    return errorOf([&] { LoadPicture(services, path); }).value_or(tk::Error(0, "", "")).Number;
   };
   EXPECT_EQ(raised(folder.Path("missing.jpg")), 53);
   EXPECT_EQ(raised(folder.Path("")), 53);  // a folder is no file
-  EXPECT_EQ(raised(folder.Write("empty.jpg", {})), 481);
-  EXPECT_EQ(raised(folder.Write("text.gif", {'G', 'I', 'F', '8', '9', 'a'})), 481);
+  EXPECT_EQ(raised(folder.write("empty.jpg", {})), 481);
+  EXPECT_EQ(raised(folder.write("text.gif", {'G', 'I', 'F', '8', '9', 'a'})), 481);
   const std::vector<uint8_t> wmf = {0xD7, 0xCD, 0xC6, 0x9A, 0, 0, 0, 0, 0, 0, 100, 0, 100, 0};
-  EXPECT_EQ(raised(folder.Write("a.wmf", wmf)), 481);  // a placeable header stopping short
+  EXPECT_EQ(raised(folder.write("a.wmf", wmf)), 481);  // a placeable header stopping short
 }
 
 TEST_F(PlainLoaderTest, SizeAtOnceAndPixelsFromTheFileAtEachDecode) {
-  auto png = MakePng(Gradient(64, 48));
-  const std::string path = folder.Write("a.png", png);
+  auto png = makePng(gradient(64, 48));
+  const std::string path = folder.write("a.png", png);
   const gdi::Picture picture = LoadPicture(services, path);
-  EXPECT_EQ(picture.PixelSize(), (gdi::Size{64, 48}));
-  EXPECT_EQ(services.cache()->BytesInUse(), 0u);
+  EXPECT_EQ(picture.pixelSize(), (gdi::Size{64, 48}));
+  EXPECT_EQ(services.cache()->bytesInUse(), 0u);
   EXPECT_TRUE(picture.Pixels({32, 24}));
   // Pixel data that turns out bad draws nothing; a file gone decodes to nothing.
   png.resize(png.size() / 2);
-  folder.Write("a.png", png);
-  EXPECT_EQ(Drawn(picture, Filled(16, 12, 0xFF123456u, gdi::AlphaMode::kOpaque)).Pixel(10, 10),
+  folder.write("a.png", png);
+  EXPECT_EQ(drawn(picture, filled(16, 12, 0xFF123456u, gdi::AlphaMode::kOpaque)).pixel(10, 10),
             0xFF123456u);
   std::filesystem::remove(path);
   EXPECT_FALSE(picture.Pixels());
@@ -57,23 +57,23 @@ TEST_F(PlainLoaderTest, SizeAtOnceAndPixelsFromTheFileAtEachDecode) {
 
 TEST_F(PlainLoaderTest, AGifKeepsItsTransparencyAndAWmfIsAMetafileDrawnOverWhatLiesBeneath) {
   const gdi::Picture gif =
-      LoadPicture(services, folder.Write("a.gif", MakeGif(4, 2, {0, 1, 2, 3, 3, 2, 1, 0}, 1)));
-  EXPECT_EQ(gif.PixelSize(), (gdi::Size{4, 2}));
+      LoadPicture(services, folder.write("a.gif", makeGif(4, 2, {0, 1, 2, 3, 3, 2, 1, 0}, 1)));
+  EXPECT_EQ(gif.pixelSize(), (gdi::Size{4, 2}));
   EXPECT_TRUE(gif.Attributes() & gdi::kPictureTransparent);
-  const gdi::Picture wmf = LoadPicture(
+  const gdi::Picture metafile = LoadPicture(
       services,
-      folder.Write("a.wmf", Wmf(2, {WindowExtent(100, 100), SolidBrush(0x0000FF), Select(0),
-                                    NullPen(), Select(1), Rectangle(0, 0, 50, 100)})));
-  EXPECT_EQ(wmf.Type(), gdi::PictureType::kMetafile);
-  EXPECT_EQ(wmf.PixelSize(), (gdi::Size{100, 100}));
+      folder.write("a.wmf", wmf(2, {windowExtent(100, 100), solidBrush(0x0000FF), select(0),
+                                    nullPen(), select(1), Rectangle(0, 0, 50, 100)})));
+  EXPECT_EQ(metafile.Type(), gdi::PictureType::kMetafile);
+  EXPECT_EQ(metafile.pixelSize(), (gdi::Size{100, 100}));
   // Drawn at half its size onto white: red where the records drew, white where they didn't.
-  const gdi::Surface target = Drawn(wmf, Filled(50, 50, 0xFFFFFFFF, gdi::AlphaMode::kOpaque));
-  EXPECT_EQ(target.Pixel(10, 25) & 0xFFFFFF, 0xFF0000u);
-  EXPECT_EQ(target.Pixel(40, 25) & 0xFFFFFF, 0xFFFFFFu);
+  const gdi::Surface target = drawn(metafile, filled(50, 50, 0xFFFFFFFF, gdi::AlphaMode::kOpaque));
+  EXPECT_EQ(target.pixel(10, 25) & 0xFFFFFF, 0xFF0000u);
+  EXPECT_EQ(target.pixel(40, 25) & 0xFFFFFF, 0xFFFFFFu);
 }
 
 TEST_F(LazyPictureTest, ThreadsAskingAtOnceShareOneDecode) {
-  const gdi::Picture picture = LoadPicture(services, folder.Write("a.jpg", MakeJpeg(320, 240)));
+  const gdi::Picture picture = LoadPicture(services, folder.write("a.jpg", makeJpeg(320, 240)));
   std::vector<std::shared_ptr<const gdi::Surface>> seen(4);
   std::vector<std::thread> threads;
   for (int i = 0; i < 4; ++i) {
@@ -81,29 +81,29 @@ TEST_F(LazyPictureTest, ThreadsAskingAtOnceShareOneDecode) {
   }
   for (auto& t : threads) t.join();
   for (const auto& pixels : seen) EXPECT_EQ(pixels, seen[0]);
-  EXPECT_EQ(services.cache()->BytesInUse(), 80u * 60 * 4);
+  EXPECT_EQ(services.cache()->bytesInUse(), 80u * 60 * 4);
 }
 
 TEST_F(LazyPictureTest, PrefetchCachesThumbnailsAtTheSizeAskedAndNothingElse) {
   std::vector<gdi::Picture> pictures;
   for (int i = 0; i < 6; ++i) {
     pictures.push_back(
-        LoadPicture(services, folder.Write("p" + std::to_string(i) + ".jpg", MakeJpeg(800, 600))));
+        LoadPicture(services, folder.write("p" + std::to_string(i) + ".jpg", makeJpeg(800, 600))));
     services.prefetch(pictures.back(), {100, 75});
   }
   // A picture without lazy pixels, none, no size, a picture dropped after its prefetch.
-  services.prefetch(gdi::Picture::FromSurface(Gradient(50, 50)), {10, 10});
+  services.prefetch(gdi::Picture::fromSurface(gradient(50, 50)), {10, 10});
   services.prefetch(gdi::Picture{}, {10, 10});
   services.prefetch(pictures[0], {0, 8});
-  services.prefetch(LoadPicture(services, folder.Write("b.jpg", MakeJpeg(64, 64))), {16, 16});
+  services.prefetch(LoadPicture(services, folder.write("b.jpg", makeJpeg(64, 64))), {16, 16});
   services.drain();
   // Six thumbnails of 100 x 75, not six eighths of 800 x 600 or more.
-  EXPECT_EQ(services.cache()->BytesInUse(), 6u * 100 * 75 * 4);
+  EXPECT_EQ(services.cache()->bytesInUse(), 6u * 100 * 75 * 4);
   // A draw of the whole picture into that size asks for exactly those pixels.
-  const gdi::Surface target = Drawn(pictures[2], gdi::Surface(100, 75, gdi::AlphaMode::kOpaque));
-  EXPECT_EQ(services.cache()->BytesInUse(), 6u * 100 * 75 * 4);
+  const gdi::Surface target = drawn(pictures[2], gdi::Surface(100, 75, gdi::AlphaMode::kOpaque));
+  EXPECT_EQ(services.cache()->bytesInUse(), 6u * 100 * 75 * 4);
   // A gradient, scaled: red grows to the right.
-  EXPECT_GT(gdi::RedOf(target.Pixel(90, 40)), gdi::RedOf(target.Pixel(10, 40)) + 150);
+  EXPECT_GT(gdi::redOf(target.pixel(90, 40)), gdi::redOf(target.pixel(10, 40)) + 150);
 }
 
 class Module1Test : public EngineTest {
@@ -120,7 +120,7 @@ class Module1Test : public EngineTest {
 };
 
 TEST_F(Module1Test, FailuresRaiseNumberedErrorsNamingTheFile) {
-  const std::string bad = folder.Write("not a picture.png", {'n', 'o', 'p', 'e', '!'});
+  const std::string bad = folder.write("not a picture.png", {'n', 'o', 'p', 'e', '!'});
   const std::tuple<GdiSource, int, std::string> cases[] = {
       {bad, 999, "Error loading picture " + bad},
       {ByteArray{{1, 2, 3, 4, 5}}, 999, "Error loading picture"},
@@ -129,7 +129,7 @@ TEST_F(Module1Test, FailuresRaiseNumberedErrorsNamingTheFile) {
   };
   int32_t w = -1, h = -1;
   for (const auto& [source, number, description] : cases) {
-    const tk::Error raised = ErrorOf([&] { Load(source, w, h); }).value_or(tk::Error(0, "", ""));
+    const tk::Error raised = errorOf([&] { Load(source, w, h); }).value_or(tk::Error(0, "", ""));
     EXPECT_EQ(std::tuple(raised.Number, raised.Source, raised.Description),
               std::tuple(number, "GDI+ Module", description));
   }
@@ -138,7 +138,7 @@ TEST_F(Module1Test, FailuresRaiseNumberedErrorsNamingTheFile) {
 
 TEST_F(Module1Test, SizesOwnOrAskedOfTheFirstPage) {
   const std::string path = folder.Path("pages.tif");
-  WriteTiff(path, 64, 48, {0xFF00FF00, 0xFFFF0000});
+  writeTiff(path, 64, 48, {0xFF00FF00, 0xFFFF0000});
   // The size asked, RetainRatio; the bitmap's size, and the arguments after: only -1 is written
   // back, as the image's two sizes.
   const std::tuple<gdi::Size, bool, gdi::Size, gdi::Size> cases[] = {
@@ -153,16 +153,16 @@ TEST_F(Module1Test, SizesOwnOrAskedOfTheFirstPage) {
     int32_t w = asked.width, h = asked.height;
     const gdi::Picture picture = Load(path, w, h, retainRatio);
     EXPECT_EQ(picture.Type(), gdi::PictureType::kBitmap);
-    EXPECT_EQ(picture.PixelSize(), expected);
+    EXPECT_EQ(picture.pixelSize(), expected);
     EXPECT_EQ(gdi::Size(w, h), after);
     if (expected.width == 0) continue;
-    EXPECT_EQ(picture.Pixels()->Dimensions(), expected);
-    EXPECT_EQ(picture.Pixels()->Pixel(3, 3) & 0xFFFFFF, 0x00FF00u);
+    EXPECT_EQ(picture.Pixels()->dimensions(), expected);
+    EXPECT_EQ(picture.Pixels()->pixel(3, 3) & 0xFFFFFF, 0x00FF00u);
   }
 }
 
 TEST_F(Module1Test, NativeIsTheImagesSizeElseTheBoxsInnerSizeInPixels) {
-  const std::string path = folder.Write("a.jpg", MakeJpeg(64, 48));
+  const std::string path = folder.write("a.jpg", makeJpeg(64, 48));
   // 15 twips a pixel across, 12 down: a box of 200 x 100 pixels; a border takes two a side.
   runtime.screen().TwipsPerPixelY = 12;
   box.setWidth(3000);
@@ -173,7 +173,7 @@ TEST_F(Module1Test, NativeIsTheImagesSizeElseTheBoxsInnerSizeInPixels) {
     SCOPED_TRACE(::testing::Message() << "native " << native << ", border " << borderStyle);
     box.setBorderStyle(borderStyle);
     module1.ShowPictureGdi(path, box, native);
-    EXPECT_EQ(box.Picture().PixelSize(), expected);
+    EXPECT_EQ(box.Picture().pixelSize(), expected);
   }
 }
 
@@ -186,10 +186,10 @@ TEST_F(Module1Test, RatioKeptCentresOnTheRoundedDrawnSize) {
     SCOPED_TRACE(::testing::Message() << image.width << " x " << image.height);
     int32_t w = size.width, h = size.height;
     const gdi::Picture picture =
-        Load(folder.Write("red.png", MakePng(Filled(image.width, image.height, 0xFFFF0000))), w, h,
+        Load(folder.write("red.png", makePng(filled(image.width, image.height, 0xFFFF0000))), w, h,
              true);
-    gdi::Surface wanted = Filled(size.width, size.height, 0xFF102040, gdi::AlphaMode::kOpaque);
-    gdi::Fill(wanted, drawn, 0xFFFF0000);
+    gdi::Surface wanted = filled(size.width, size.height, 0xFF102040, gdi::AlphaMode::kOpaque);
+    gdi::fill(wanted, drawn, 0xFFFF0000);
     const auto pixels = picture.Pixels()->Pixels();
     EXPECT_EQ(std::vector(pixels.begin(), pixels.end()),
               std::vector(wanted.Pixels().begin(), wanted.Pixels().end()));
@@ -197,41 +197,41 @@ TEST_F(Module1Test, RatioKeptCentresOnTheRoundedDrawnSize) {
 }
 
 TEST_F(Module1Test, TransparentPartsShowTheGridColourReadAtEachLoad) {
-  const std::string png = folder.Write("alpha.png", MakePng(Filled(10, 4, 0x80FF0000)));
+  const std::string png = folder.write("alpha.png", makePng(filled(10, 4, 0x80FF0000)));
   module1.ShowPictureGdi(png, box, true);
   EXPECT_EQ(box.Picture().Attributes() & gdi::kPictureTransparent, 0u);
   // Red 255 half over the grid's red 0x10, green 0x20 and blue 0x40, not over the white passed.
-  EXPECT_TRUE(Near(box.Picture().Pixels()->Pixel(2, 2), 0x871020, 2));
+  EXPECT_TRUE(near(box.Picture().Pixels()->pixel(2, 2), 0x871020, 2));
   // An EMF is a bitmap of its drawing, undrawn parts in the grid's colour.
-  module1.ShowPictureGdi(folder.Write("a.emf", Emf(40, {EmfBrush(1, 0x0000FF), EmfSelect(1),
-                                                        kEmfNullPen, EmfRectangle(0, 0, 20, 40)})),
+  module1.ShowPictureGdi(folder.write("a.emf", emf(40, {emfBrush(1, 0x0000FF), emfSelect(1),
+                                                        kEmfNullPen, emfRectangle(0, 0, 20, 40)})),
                          box, true);
   EXPECT_EQ(box.Picture().Type(), gdi::PictureType::kBitmap);
   const auto emf = box.Picture().Pixels();
-  EXPECT_EQ(emf->Dimensions(), (gdi::Size{40, 40}));
-  EXPECT_EQ(emf->Pixel(10, 20) & 0xFFFFFF, 0xFF0000u);
-  EXPECT_EQ(emf->Pixel(30, 20) & 0xFFFFFF, 0x102040u);
+  EXPECT_EQ(emf->dimensions(), (gdi::Size{40, 40}));
+  EXPECT_EQ(emf->pixel(10, 20) & 0xFFFFFF, 0xFF0000u);
+  EXPECT_EQ(emf->pixel(30, 20) & 0xFFFFFF, 0x102040u);
   gridColor = 0x00FFFFFF;
   module1.ShowPictureGdi(png, box, true);
-  EXPECT_TRUE(Near(box.Picture().Pixels()->Pixel(2, 2), 0xFF8080, 2));
+  EXPECT_TRUE(near(box.Picture().Pixels()->pixel(2, 2), 0xFF8080, 2));
 }
 
 TEST_F(Module1Test, TheBoxKeepsItsPictureOnFailureAndHandsOutAnOpaqueOneAsItsImage) {
   box.setAutoSize(true);
-  module1.ShowPictureGdi(folder.Write("a.png", MakePng(Gradient(30, 20))), box, true);
+  module1.ShowPictureGdi(folder.write("a.png", makePng(gradient(30, 20))), box, true);
   const gdi::Picture shown = box.Picture();
   ASSERT_TRUE(shown);
   EXPECT_THROW(module1.ShowPictureGdi(folder.Path("gone.png"), box, true), tk::Error);
-  EXPECT_TRUE(box.Picture().SameObject(shown));
-  EXPECT_TRUE(box.Image().SameObject(shown));
+  EXPECT_TRUE(box.Picture().sameObject(shown));
+  EXPECT_TRUE(box.Image().sameObject(shown));
   // A picture with transparent parts, or a box of another size, is painted onto a canvas.
-  box.setPicture(gdi::Picture::FromSurface(Filled(30, 20, 0x80FF0000)));
-  EXPECT_FALSE(box.Image().SameObject(box.Picture()));
+  box.setPicture(gdi::Picture::fromSurface(filled(30, 20, 0x80FF0000)));
+  EXPECT_FALSE(box.Image().sameObject(box.Picture()));
   EXPECT_EQ(box.Image().Attributes() & gdi::kPictureTransparent, 0u);
   box.setAutoSize(false);
-  box.setPicture(gdi::Picture::FromSurface(Gradient(30, 20)));
+  box.setPicture(gdi::Picture::fromSurface(gradient(30, 20)));
   box.setWidth(600);
-  EXPECT_EQ(box.Image().PixelSize(), (gdi::Size{40, 20}));
+  EXPECT_EQ(box.Image().pixelSize(), (gdi::Size{40, 20}));
 }
 
 }  // namespace

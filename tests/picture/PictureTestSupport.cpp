@@ -7,7 +7,7 @@
 
 namespace vellumry::testsupport {
 
-std::string TempFolder::Write(const std::string& name, const std::vector<uint8_t>& bytes) const {
+std::string TempFolder::write(const std::string& name, const std::vector<uint8_t>& bytes) const {
   const std::string path = Path(name);
   std::ofstream(path, std::ios::binary | std::ios::trunc)
       .write(reinterpret_cast<const char*>(bytes.data()),
@@ -15,7 +15,7 @@ std::string TempFolder::Write(const std::string& name, const std::vector<uint8_t
   return path;
 }
 
-void WriteTiff(const std::string& path, int width, int height,
+void writeTiff(const std::string& path, int width, int height,
                const std::vector<uint32_t>& colors) {
   TIFF* tiff = TIFFOpen(path.c_str(), "w");
   ASSERT_NE(tiff, nullptr) << path;
@@ -29,7 +29,7 @@ void WriteTiff(const std::string& path, int width, int height,
     TIFFSetField(tiff, TIFFTAG_SUBFILETYPE, FILETYPE_PAGE);
     std::vector<uint8_t> page;
     for (int i = 0; i < width * height; ++i) {
-      page.insert(page.end(), {gdi::RedOf(color), gdi::GreenOf(color), gdi::BlueOf(color)});
+      page.insert(page.end(), {gdi::redOf(color), gdi::greenOf(color), gdi::blueOf(color)});
     }
     TIFFWriteEncodedStrip(tiff, 0, page.data(), static_cast<tmsize_t>(page.size()));
     TIFFWriteDirectory(tiff);
@@ -37,19 +37,19 @@ void WriteTiff(const std::string& path, int width, int height,
   TIFFClose(tiff);
 }
 
-gdi::Surface Filled(int width, int height, uint32_t argb, gdi::AlphaMode mode) {
+gdi::Surface filled(int width, int height, uint32_t argb, gdi::AlphaMode mode) {
   gdi::Surface surface(width, height, mode);
   for (uint32_t& p : surface.Pixels()) p = argb;
   return surface;
 }
 
-gdi::Surface Drawn(const gdi::Picture& picture, gdi::Surface target) {
+gdi::Surface drawn(const gdi::Picture& picture, gdi::Surface target) {
   picture.Render(target, 0, 0, target.Width(), target.Height(), 0, picture.Height(),
                  picture.Width(), -picture.Height());
   return target;
 }
 
-::testing::AssertionResult Near(uint32_t a, uint32_t b, int tolerance) {
+::testing::AssertionResult near(uint32_t a, uint32_t b, int tolerance) {
   for (int shift = 0; shift < 24; shift += 8) {
     if (std::abs(int((a >> shift) & 0xFF) - int((b >> shift) & 0xFF)) > tolerance) {
       return ::testing::AssertionFailure() << std::hex << "0x" << a << " is not near 0x" << b;

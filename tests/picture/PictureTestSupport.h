@@ -20,7 +20,7 @@ namespace vellumry::testsupport {
 class TempFolder {
  public:
   // Writes `bytes` to `name` in the folder and gives its path.
-  std::string Write(const std::string& name, const std::vector<uint8_t>& bytes) const;
+  std::string write(const std::string& name, const std::vector<uint8_t>& bytes) const;
   std::string Path(const std::string& name) const {
     return dir_.filePath(QString::fromStdString(name)).toStdString();
   }
@@ -31,18 +31,18 @@ class TempFolder {
 
 // Writes at `path` an RGB TIFF of one page per colour, page n a width x height field of
 // `colors[n]` (0xAARRGGBB).
-void WriteTiff(const std::string& path, int width, int height, const std::vector<uint32_t>& colors);
+void writeTiff(const std::string& path, int width, int height, const std::vector<uint32_t>& colors);
 // A width x height surface of one colour (with its alpha when `mode` is kStraight).
-gdi::Surface Filled(int width, int height, uint32_t argb,
+gdi::Surface filled(int width, int height, uint32_t argb,
                     gdi::AlphaMode mode = gdi::AlphaMode::kStraight);
 // `target` with the whole of `picture` drawn over the whole of it.
-gdi::Surface Drawn(const gdi::Picture& picture, gdi::Surface target);
+gdi::Surface drawn(const gdi::Picture& picture, gdi::Surface target);
 // Whether red, green and blue of `a` and `b` each lie within `tolerance`.
-::testing::AssertionResult Near(uint32_t a, uint32_t b, int tolerance);
+::testing::AssertionResult near(uint32_t a, uint32_t b, int tolerance);
 
 // The error `call` raises, or nothing.
 template <typename Call>
-std::optional<tk::Error> ErrorOf(Call&& call) {
+std::optional<tk::Error> errorOf(Call&& call) {
   try {
     call();
   } catch (const tk::Error& error) {

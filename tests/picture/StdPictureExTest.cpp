@@ -20,19 +20,19 @@ using StdPictureExTest = EngineTest;
 using SavePictureTest = EngineTest;
 
 // A BMP of 4 x 4 pixels of one colour, their fourth byte as `mode` says.
-ByteArray Bmp(uint32_t argb, gdi::AlphaMode mode = gdi::AlphaMode::kOpaque) {
-  return {codecs::EncodeBmp(Filled(4, 4, argb, mode))};
+ByteArray bmp(uint32_t argb, gdi::AlphaMode mode = gdi::AlphaMode::kOpaque) {
+  return {codecs::encodeBmp(filled(4, 4, argb, mode))};
 }
 
 // A BMP of `width` x 1 pixels as given, their fourth byte written as it stands.
-ByteArray Bmp32(const std::vector<uint32_t>& pixels) {
+ByteArray bmp32(const std::vector<uint32_t>& pixels) {
   gdi::Surface surface(static_cast<int>(pixels.size()), 1, gdi::AlphaMode::kUnknown);
   std::copy(pixels.begin(), pixels.end(), surface.Pixels().begin());
-  return {codecs::EncodeBmp(surface)};
+  return {codecs::encodeBmp(surface)};
 }
 
 // The bytes SavePicture gives for `picture` in a byte array.
-std::vector<uint8_t> Saved(StdPictureEx& ex, const gdi::Picture& picture, bool asBitmap = false,
+std::vector<uint8_t> saved(StdPictureEx& ex, const gdi::Picture& picture, bool asBitmap = false,
                            int32_t keepAlpha = 0, int32_t backColor = 0) {
   SaveDestination destination = ByteArray{};
   ex.SavePicture(picture, destination, asBitmap, keepAlpha, backColor);
@@ -41,7 +41,7 @@ std::vector<uint8_t> Saved(StdPictureEx& ex, const gdi::Picture& picture, bool a
 
 TEST(StdPictureExStatics, ArgumentsAreNormalisedAndRowsPaddedTo32Bits) {
   const auto normalised = [](int32_t depth, int32_t width, int32_t height, int32_t convertTo) {
-    const auto a = StdPictureEx::NormaliseArguments(-1, depth, width, height, true, convertTo);
+    const auto a = StdPictureEx::normaliseArguments(-1, depth, width, height, true, convertTo);
     return std::tuple(a.ColorDepth, a.Width, a.Height, a.KeepOriginalFormat, a.ConvertTo,
                       a.KeepForIcon);
   };
@@ -60,24 +60,24 @@ TEST_F(StdPictureExTest, SourcesThatGiveNoPicture) {
   EXPECT_FALSE(ex.LoadPicture(PictureSource{}));
   EXPECT_FALSE(ex.LoadPicture(std::string()));
   EXPECT_FALSE(ex.LoadPicture(ByteArray{{0x42}}));                         // one element
-  EXPECT_FALSE(ex.LoadPicture(ByteArray{MakePng(Gradient(8, 8)), 0, 2}));  // two dimensions
+  EXPECT_FALSE(ex.LoadPicture(ByteArray{makePng(gradient(8, 8)), 0, 2}));  // two dimensions
   EXPECT_FALSE(ex.LoadPicture(gdi::Picture{}));
   // A file of no bytes, or none at all: no picture and no error.
-  EXPECT_FALSE(ex.LoadPicture(folder.Write("empty.bmp", {})));
+  EXPECT_FALSE(ex.LoadPicture(folder.write("empty.bmp", {})));
   EXPECT_FALSE(ex.LoadPicture(folder.Path("missing.bmp")));
   // Data that no decoder knows, shorter than the magic or not.
   EXPECT_FALSE(ex.LoadPicture(ByteArray{{'B', 'M', 1}}));
-  EXPECT_FALSE(ex.LoadPicture(folder.Write("text.ico", {'h', 'e', 'l', 'l', 'o', '\n'})));
+  EXPECT_FALSE(ex.LoadPicture(folder.write("text.ico", {'h', 'e', 'l', 'l', 'o', '\n'})));
 }
 
 // The kind PictureType gives (1 bitmap, 5 JPEG, 6 PNG, 7 GIF, 8 TIFF) and the Flags of the
 // picture's row, 0 when it isn't managed.
 TEST_F(StdPictureExTest, KindAndRowOfEachRoad) {
-  const std::string jpeg = folder.Write("a.jpg", MakeJpeg(16, 8));
-  const ByteArray gif{MakeGif(4, 2, {0, 1, 2, 3, 3, 2, 1, 0}, -1)};
-  const auto png = MakePng(Gradient(9, 9));
+  const std::string jpeg = folder.write("a.jpg", makeJpeg(16, 8));
+  const ByteArray gif{makeGif(4, 2, {0, 1, 2, 3, 3, 2, 1, 0}, -1)};
+  const auto png = makePng(gradient(9, 9));
   const std::string tiff = folder.Path("d.tif");
-  WriteTiff(tiff, 4, 4, {0xFFFF0000, 0xFF00FF00, 0xFF0000FF});
+  writeTiff(tiff, 4, 4, {0xFFFF0000, 0xFF00FF00, 0xFF0000FF});
   const std::tuple<const char*, PictureSource, bool, int32_t, uint32_t> cases[] = {
       // JPEG and a one-frame GIF go by the platform loader; kept, they still tell their kind.
       {"jpeg", jpeg, false, 1, 0},
@@ -85,9 +85,9 @@ TEST_F(StdPictureExTest, KindAndRowOfEachRoad) {
       {"gif", gif, false, 1, 0},
       {"kept gif", gif, true, 7, 0},
       // The content decides, not the name; nor does an array's lower bound.
-      {"png named .bmp", folder.Write("really-a-png.bmp", png), false, 6, 6},
+      {"png named .bmp", folder.write("really-a-png.bmp", png), false, 6, 6},
       {"png from bytes", ByteArray{png, 5, 1}, false, 6, 6},
-      {"png with alpha: an alpha bitmap", folder.Write("c.png", MakePng(Filled(9, 9, 0x80FF0000))),
+      {"png with alpha: an alpha bitmap", folder.write("c.png", makePng(filled(9, 9, 0x80FF0000))),
        false, 1, 1},
       // Current page 1 in bits 4-15, three pages in bits 16-27.
       {"kept tiff of three pages", tiff, true, 8, 8 | 1 << 4 | 3 << 16},
@@ -105,23 +105,23 @@ TEST_F(StdPictureExTest, KindAndRowOfEachRoad) {
     EXPECT_EQ((picture.Attributes() & gdi::kPictureTransparent) != 0, flags != 0);
   }
   // A picture the class never saw: its own type.
-  EXPECT_EQ(ex.PictureType(gdi::Picture::FromSurface(Gradient(3, 3))), 1);
+  EXPECT_EQ(ex.PictureType(gdi::Picture::fromSurface(gradient(3, 3))), 1);
   EXPECT_EQ(ex.PictureType({}), 0);
 }
 
 TEST_F(StdPictureExTest, PagesOfAKeptTiff) {
   const std::string tiff = folder.Path("pages.tif");
-  WriteTiff(tiff, 4, 4, {0xFFFF0000, 0xFF00FF00, 0xFF0000FF});
+  writeTiff(tiff, 4, 4, {0xFFFF0000, 0xFF00FF00, 0xFF0000FF});
   const gdi::Picture first = ex.LoadPicture(tiff, -1, 0, 0, 0, true);
   ASSERT_EQ(ex.SubImageCount(first), 3);
   // Out of range, or below 1: the picture itself, still on page 1.
-  EXPECT_TRUE(ex.SubImage(first, 4).SameObject(first));
-  EXPECT_TRUE(ex.SubImage(first, 0).SameObject(first));
+  EXPECT_TRUE(ex.SubImage(first, 4).sameObject(first));
+  EXPECT_TRUE(ex.SubImage(first, 0).sameObject(first));
   EXPECT_EQ(ex.SubImageIndex(first), 1);
   // Page 2 is a new picture that takes the row over.
   const gdi::Picture second = ex.SubImage(first, 2);
   ASSERT_TRUE(second);
-  EXPECT_EQ(second.Pixels()->Pixel(1, 1) & 0xFFFFFF, 0x00FF00u);
+  EXPECT_EQ(second.Pixels()->pixel(1, 1) & 0xFFFFFF, 0x00FF00u);
   EXPECT_EQ(ex.SubImageIndex(second), 2);
   EXPECT_EQ(ex.FindRecord(first), -1);
   EXPECT_EQ(ex.RecordCount(), 1);
@@ -129,10 +129,10 @@ TEST_F(StdPictureExTest, PagesOfAKeptTiff) {
 
 TEST_F(StdPictureExTest, AnIconFileGivesTheImageAtTheSizeAskedFor) {
   // 16, 32 and 48 pixels of blue, green and red, without alpha; and a file of one image.
-  const ByteArray sizes{IconFile(1, {{IconImageBytes(16, 0xFF0000FF)},
-                                     {IconImageBytes(32, 0xFF00FF00)},
-                                     {IconImageBytes(48, 0xFFFF0000)}})};
-  const ByteArray one{IconFile(1, {{IconImageBytes(64, 0xFF336699)}})};
+  const ByteArray sizes{iconFile(1, {{iconImageBytes(16, 0xFF0000FF)},
+                                     {iconImageBytes(32, 0xFF00FF00)},
+                                     {iconImageBytes(48, 0xFFFF0000)}})};
+  const ByteArray one{iconFile(1, {{iconImageBytes(64, 0xFF336699)}})};
   // IconSize, Width and Height asked, the file; the picture's size. One image is shown at its own
   // size unless another is asked for.
   const std::tuple<int32_t, int32_t, int32_t, const ByteArray&, gdi::Size> cases[] = {
@@ -143,32 +143,32 @@ TEST_F(StdPictureExTest, AnIconFileGivesTheImageAtTheSizeAskedFor) {
       {4, 0, 0, one, {64, 64}}};
   for (const auto& [iconSize, width, height, file, wanted] : cases) {
     SCOPED_TRACE(::testing::Message() << iconSize << ": " << width << " x " << height);
-    EXPECT_EQ(ex.LoadPicture(file, iconSize, 0, width, height).PixelSize(), wanted);
+    EXPECT_EQ(ex.LoadPicture(file, iconSize, 0, width, height).pixelSize(), wanted);
   }
   // Above the largest image, the largest is chosen; without alpha it is plain.
   const gdi::Picture jumbo = ex.LoadPicture(sizes, -3);
-  EXPECT_EQ(jumbo.Icon()->colour.Pixel(100, 100) & 0xFFFFFF, 0xFF0000u);
+  EXPECT_EQ(jumbo.icon()->colour.pixel(100, 100) & 0xFFFFFF, 0xFF0000u);
   EXPECT_FALSE(ex.IsManaged(jumbo));
   // Kept, the image chosen is managed, to keep a file of it alone.
   const gdi::Picture kept = ex.LoadPicture(sizes, -1, 0, 0, 0, true);
   EXPECT_TRUE(ex.IsManaged(kept));
-  EXPECT_EQ(Saved(ex, kept), IconFile(1, {{IconImageBytes(32, 0xFF00FF00)}}));
+  EXPECT_EQ(saved(ex, kept), iconFile(1, {{iconImageBytes(32, 0xFF00FF00)}}));
 }
 
 // What a picture holds at (x, y): its pixels, or an icon's colour.
-uint32_t PixelOf(const gdi::Picture& picture, int x, int y) {
-  return picture.Icon() ? picture.Icon()->colour.Pixel(x, y) : picture.Pixels()->Pixel(x, y);
+uint32_t pixelOf(const gdi::Picture& picture, int x, int y) {
+  return picture.icon() ? picture.icon()->colour.pixel(x, y) : picture.Pixels()->pixel(x, y);
 }
 
 TEST_F(StdPictureExTest, PicturesMadeFromPictures) {
-  const gdi::Picture alpha = ex.LoadPicture(Bmp(0x80C80000, gdi::AlphaMode::kUnknown));
-  const gdi::Picture opaque = ex.LoadPicture(Bmp(0xFF123456, gdi::AlphaMode::kOpaque));
+  const gdi::Picture alpha = ex.LoadPicture(bmp(0x80C80000, gdi::AlphaMode::kUnknown));
+  const gdi::Picture opaque = ex.LoadPicture(bmp(0xFF123456, gdi::AlphaMode::kOpaque));
   const gdi::Picture keptGif =
-      ex.LoadPicture(ByteArray{MakeGif(4, 2, std::vector<uint8_t>(8, 1), -1)}, -1, 0, 0, 0, true);
+      ex.LoadPicture(ByteArray{makeGif(4, 2, std::vector<uint8_t>(8, 1), -1)}, -1, 0, 0, 0, true);
   const gdi::Picture alphaIcon =
-      ex.LoadPicture(ByteArray{IconFile(1, {{IconImageBytes(8, 0x80C80000)}})});
+      ex.LoadPicture(ByteArray{iconFile(1, {{iconImageBytes(8, 0x80C80000)}})});
   const gdi::Picture maskedIcon =
-      ex.LoadPicture(ByteArray{IconFile(1, {{IconImageBytes(8, 0xFF123456)}})});
+      ex.LoadPicture(ByteArray{iconFile(1, {{iconImageBytes(8, 0xFF123456)}})});
   // The source, KeepOriginalFormat, ConvertTo; PictureType, managed, and the pixels at (0, 0),
   // where an icon's mask lets the target through, and at (1, 1).
   const std::tuple<const char*, const gdi::Picture&, bool, int32_t, int32_t, bool, uint32_t,
@@ -194,22 +194,22 @@ TEST_F(StdPictureExTest, PicturesMadeFromPictures) {
     SCOPED_TRACE(name);
     const gdi::Picture made = ex.LoadPicture(source, -1, 0, 0, 0, keep, convertTo);
     ASSERT_TRUE(made);
-    EXPECT_FALSE(made.SameObject(source));
-    EXPECT_EQ(made.PixelSize(), source.PixelSize());
+    EXPECT_FALSE(made.sameObject(source));
+    EXPECT_EQ(made.pixelSize(), source.pixelSize());
     EXPECT_EQ(ex.PictureType(made), type);
     EXPECT_EQ(ex.IsManaged(made), managed);
     EXPECT_EQ(ex.Record(ex.FindRecord(made)).SourceBytes != nullptr, keep);
-    EXPECT_EQ(PixelOf(made, 0, 0), topLeft);
-    EXPECT_EQ(PixelOf(made, 1, 1), inside);
+    EXPECT_EQ(pixelOf(made, 0, 0), topLeft);
+    EXPECT_EQ(pixelOf(made, 1, 1), inside);
   }
 }
 
 // What `picture` shows at the top left drawn at `zoom` times its size over grey 0x808080.
-uint32_t DrawnOverGrey(const gdi::Picture& picture, int zoom) {
-  const gdi::Size size = picture.PixelSize();
-  return Drawn(picture,
-               Filled(size.width * zoom, size.height * zoom, 0xFF808080, gdi::AlphaMode::kOpaque))
-      .Pixel(0, 0);
+uint32_t drawnOverGrey(const gdi::Picture& picture, int zoom) {
+  const gdi::Size size = picture.pixelSize();
+  return drawn(picture,
+               filled(size.width * zoom, size.height * zoom, 0xFF808080, gdi::AlphaMode::kOpaque))
+      .pixel(0, 0);
 }
 
 class ManagedPicturesTest : public EngineTest {
@@ -233,17 +233,17 @@ TEST_F(ManagedPicturesTest, TheFourthByteDecidesHowABitmapDraws) {
   };
   for (const auto& [name, pixels, managed, drawn] : cases) {
     SCOPED_TRACE(name);
-    const gdi::Picture picture = ex.LoadPicture(Bmp32(pixels));
+    const gdi::Picture picture = ex.LoadPicture(bmp32(pixels));
     EXPECT_EQ(ex.PictureType(picture), 1);
     EXPECT_EQ(ex.IsManaged(picture), managed);
-    for (const int zoom : {1, 3}) EXPECT_TRUE(Near(DrawnOverGrey(picture, zoom), drawn, 1));
+    for (const int zoom : {1, 3}) EXPECT_TRUE(near(drawnOverGrey(picture, zoom), drawn, 1));
   }
 }
 
 TEST_F(ManagedPicturesTest, ARowGoesOnceTheEventLoopHasRunAfterTheLastReferenceOrAtOnceOnUnManage) {
-  gdi::Picture first = ex.LoadPicture(Bmp32({0x80640000}));
-  const gdi::Picture second = ex.LoadPicture(Bmp32({0x80640000}));
-  const gdi::Picture third = ex.LoadPicture(Bmp32({0x80640000}));
+  gdi::Picture first = ex.LoadPicture(bmp32({0x80640000}));
+  const gdi::Picture second = ex.LoadPicture(bmp32({0x80640000}));
+  const gdi::Picture third = ex.LoadPicture(bmp32({0x80640000}));
   ASSERT_EQ(ex.FindRecord(third), 2);
   gdi::Picture copy = first;
   first = {};
@@ -262,7 +262,7 @@ TEST_F(ManagedPicturesTest, ARowGoesOnceTheEventLoopHasRunAfterTheLastReferenceO
   ex.UnManage(third);
   EXPECT_EQ(ex.RecordCount(), 1);
   EXPECT_FALSE(ex.IsManaged(third));
-  EXPECT_TRUE(Near(DrawnOverGrey(third, 1), 0xFF640000, 1));
+  EXPECT_TRUE(near(drawnOverGrey(third, 1), 0xFF640000, 1));
   EXPECT_EQ(ex.PictureType(third), 1);
   EXPECT_FALSE(ex.IsManaged(gdi::Picture{}));
 }
@@ -272,7 +272,7 @@ TEST(ManagedPicturesEnd, AReleasePostedAfterTheClassEndedFindsNoOne) {
   {
     PictureServices services{15, 16u << 20, 1};
     services.setPoster([&loop](PictureServices::Call call) { loop.post(std::move(call)); });
-    gdi::Picture picture = services.stdPictureEx().LoadPicture(Bmp32({0x80640000}));
+    gdi::Picture picture = services.stdPictureEx().LoadPicture(bmp32({0x80640000}));
     ASSERT_EQ(services.stdPictureEx().RecordCount(), 1);
     picture = {};
   }
@@ -280,8 +280,8 @@ TEST(ManagedPicturesEnd, AReleasePostedAfterTheClassEndedFindsNoOne) {
 }
 
 TEST_F(SavePictureTest, ABitmapIsDrawnIntoABmp) {
-  const gdi::Picture plain = ex.LoadPicture(Bmp(0xFF123456));
-  const gdi::Picture alpha = ex.LoadPicture(Bmp(0x80640000, gdi::AlphaMode::kUnknown));
+  const gdi::Picture plain = ex.LoadPicture(bmp(0xFF123456));
+  const gdi::Picture alpha = ex.LoadPicture(bmp(0x80640000, gdi::AlphaMode::kUnknown));
   // KeepAlpha, BackColor (0x00BBGGRR); the bit count and the first pixel's bytes (B, G, R[, A]).
   const std::tuple<const char*, gdi::Picture, int, int, int, std::vector<uint8_t>> cases[] = {
       {"plain: 24 bits", plain, -1, 0, 24, {0x56, 0x34, 0x12}},
@@ -291,7 +291,7 @@ TEST_F(SavePictureTest, ABitmapIsDrawnIntoABmp) {
   };
   for (const auto& [name, picture, keepAlpha, backColor, bits, first] : cases) {
     SCOPED_TRACE(name);
-    const std::vector<uint8_t> bmp = Saved(ex, picture, false, keepAlpha, backColor);
+    const std::vector<uint8_t> bmp = saved(ex, picture, false, keepAlpha, backColor);
     ASSERT_EQ(bmp.size(), 54u + 16 * bits / 8);
     EXPECT_EQ(bmp[28], bits);
     EXPECT_EQ(std::vector<uint8_t>(bmp.begin() + 54, bmp.begin() + 54 + bits / 8), first);
@@ -299,24 +299,24 @@ TEST_F(SavePictureTest, ABitmapIsDrawnIntoABmp) {
   // A picture variable receives a new picture of the drawing.
   SaveDestination variable = gdi::Picture{};
   ex.SavePicture(plain, variable);
-  EXPECT_FALSE(std::get<gdi::Picture>(variable).SameObject(plain));
-  EXPECT_EQ(std::get<gdi::Picture>(variable).Pixels()->Pixel(2, 1) & 0xFFFFFF, 0x123456u);
+  EXPECT_FALSE(std::get<gdi::Picture>(variable).sameObject(plain));
+  EXPECT_EQ(std::get<gdi::Picture>(variable).Pixels()->pixel(2, 1) & 0xFFFFFF, 0x123456u);
 }
 
 TEST_F(SavePictureTest, KeptBytesComeOutAsTheyWereRead) {
-  const std::vector<uint8_t> jpeg = MakeJpeg(16, 8);
+  const std::vector<uint8_t> jpeg = makeJpeg(16, 8);
   const gdi::Picture kept = ex.LoadPicture(ByteArray{jpeg}, -1, 0, 0, 0, true);
-  EXPECT_EQ(Saved(ex, kept), jpeg);
+  EXPECT_EQ(saved(ex, kept), jpeg);
   SaveDestination file = folder.Path("copy.jpg");
   ex.SavePicture(kept, file);
   EXPECT_EQ(ReadFile(folder.Path("copy.jpg")), jpeg);
-  EXPECT_EQ(Saved(ex, kept, true).at(28), 24);  // drawn as a bitmap when asked
+  EXPECT_EQ(saved(ex, kept, true).at(28), 24);  // drawn as a bitmap when asked
 }
 
 TEST_F(SavePictureTest, ErrorsOrNothingDone) {
-  const gdi::Picture bitmap = ex.LoadPicture(Bmp(0xFF123456));
+  const gdi::Picture bitmap = ex.LoadPicture(bmp(0xFF123456));
   const gdi::Picture icon =
-      ex.LoadPicture(ByteArray{IconFile(1, {{IconImageBytes(16, 0xFF112233)}})});
+      ex.LoadPicture(ByteArray{iconFile(1, {{iconImageBytes(16, 0xFF112233)}})});
   // The error raised, 0 for none.
   const std::tuple<const char*, gdi::Picture, SaveDestination, int> cases[] = {
       {"a number", bitmap, int32_t{3}, 17},
@@ -328,7 +328,7 @@ TEST_F(SavePictureTest, ErrorsOrNothingDone) {
   };
   for (auto [name, picture, destination, number] : cases) {
     const auto save = [&] { ex.SavePicture(picture, destination); };
-    const tk::Error raised = ErrorOf(save).value_or(tk::Error(0, "SavePicture", ""));
+    const tk::Error raised = errorOf(save).value_or(tk::Error(0, "SavePicture", ""));
     EXPECT_EQ(std::tuple(raised.Number, raised.Source), std::tuple(number, "SavePicture")) << name;
   }
 }

@@ -5,8 +5,8 @@
 #include "platform/toolkit/Form.h"
 #include "platform/toolkit/HeadlessHost.h"
 #include "platform/toolkit/Runtime.h"
-#include "program/mOpenFile.h"
 #include "program/Rcorners.h"
+#include "program/mOpenFile.h"
 #include "program/mTop.h"
 
 using namespace vellumry;
@@ -17,9 +17,9 @@ namespace {
 class Desktop : public tk::HeadlessHost {
  public:
   bool opens = true, chooses = true;
-  bool Open(const std::string& path) override { return HeadlessHost::Open(path) && opens; }
-  bool OpenWith(const std::string& path) override {
-    return HeadlessHost::OpenWith(path) && chooses;
+  bool open(const std::string& path) override { return HeadlessHost::open(path) && opens; }
+  bool openWith(const std::string& path) override {
+    return HeadlessHost::openWith(path) && chooses;
   }
 };
 
@@ -38,11 +38,11 @@ TEST(WindowHelpers, TheOutlineIsCutFromThePresentSizeInPixels) {
                         tk::EventLoop::Clock::Virtual);
     tk::Form form(runtime, "F");
     form.Move(0, 0, c.width, c.height);
-    EXPECT_FALSE(form.TopMost());
+    EXPECT_FALSE(form.topMost());
     pMakeround(form);
     pSettop(form);
-    EXPECT_EQ(form.WindowRegion(), c.region) << c.width << "x" << c.height;
-    EXPECT_TRUE(form.TopMost());
+    EXPECT_EQ(form.windowRegion(), c.region) << c.width << "x" << c.height;
+    EXPECT_TRUE(form.topMost());
   }
 }
 

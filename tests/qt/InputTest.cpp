@@ -77,7 +77,7 @@ TEST_F(InputTest, ValuesTheUserSetsReachTheModel) {
   QTest::keyClicks(edit, "ok");
   EXPECT_EQ(f->Text1.Text(), "ok");
   p.widgetOf<QTabBar>(f->Tabs1)->setCurrentIndex(1);
-  EXPECT_EQ(f->Tabs1.SelectedItem(), 2);
+  EXPECT_EQ(f->Tabs1.selectedItem(), 2);
   EXPECT_EQ(p.log, (Log{"VScroll1_Change 1", "Check1_Click 1", "Text1_Change o", "Text1_Change ok",
                         "Tabs1_Click 2"}));
 }

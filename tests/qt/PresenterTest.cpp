@@ -181,7 +181,7 @@ TEST_F(PresenterTest, AFormPlacedInsideAnotherIsItsChildTakesItsKeysAndLeavesWit
 
   inner.Show();
   ASSERT_TRUE(f.Unload());
-  EXPECT_EQ(inner.OwnerForm(), nullptr);
+  EXPECT_EQ(inner.ownerForm(), nullptr);
   EXPECT_EQ(innerWindow->parentWidget(), nullptr);
   EXPECT_TRUE(innerWindow->isWindow());
 }

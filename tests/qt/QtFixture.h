@@ -58,7 +58,7 @@ class PanelForm : public vellumry::tk::Form {
     Check1.onClick = [this] { note("Check1_Click", Check1.Value()); };
     Text1.onChange = [this] { log_.push_back("Text1_Change " + Text1.Text()); };
     VScroll1.onChange = [this] { note("VScroll1_Change", VScroll1.Value()); };
-    Tabs1.onClick = [this] { note("Tabs1_Click", Tabs1.SelectedItem()); };
+    Tabs1.onClick = [this] { note("Tabs1_Click", Tabs1.selectedItem()); };
     Image1.onMouseDown = [this](int i, int b, int s, double x, double y) {
       note("Image1_MouseDown", i, b, s, static_cast<int>(x), static_cast<int>(y));
     };
@@ -129,5 +129,5 @@ struct QtProgram {
 inline vellumry::gdi::Picture solidPicture(int w, int h, uint32_t argb) {
   vellumry::gdi::Surface s(w, h, vellumry::gdi::AlphaMode::kOpaque);
   for (uint32_t& p : s.Pixels()) p = argb;
-  return vellumry::gdi::Picture::FromSurface(std::move(s));
+  return vellumry::gdi::Picture::fromSurface(std::move(s));
 }

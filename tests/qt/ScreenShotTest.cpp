@@ -52,8 +52,8 @@ TEST_F(ScreenShotTest, ArrayElementsStandAtTheLevelOfTheirFirstElement) {
 TEST(ScreenShot, ADrawnPictureWithAlphaOwnsItsPixels) {
   gdi::Surface half(8, 8, gdi::AlphaMode::kPremultiplied);
   for (int y = 4; y < 8; ++y)
-    for (int x = 0; x < 8; ++x) half.SetPixel(x, y, 0xFF0000FF);
-  QImage drawn = presenter::renderPicture(gdi::Picture::FromSurface(std::move(half)), QSize(8, 8));
+    for (int x = 0; x < 8; ++x) half.setPixel(x, y, 0xFF0000FF);
+  QImage drawn = presenter::renderPicture(gdi::Picture::fromSurface(std::move(half)), QSize(8, 8));
   std::vector<char> reuse(4096, 'x');  // what the freed canvas would have held now
   EXPECT_EQ(drawn.pixel(0, 0), 0x00000000u);
   EXPECT_EQ(drawn.pixel(7, 7), 0xFF0000FFu);

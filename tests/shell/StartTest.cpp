@@ -75,7 +75,7 @@ TEST_F(StartTest, AFolderOrAPictureNamedOnTheCommandLineGivesTheStartFolderAndNo
                         Case{{"vellumry", folder + "/none"}, "", ""}}) {
     SCOPED_TRACE(c.args.back());
     Places places{"/home", "/install", "/pictures"};
-    TakeCommandLine(c.args, places);
+    takeCommandLine(c.args, places);
     EXPECT_EQ(places.startFolder, c.startFolder);
     EXPECT_EQ(places.startFile, c.startFile);
     EXPECT_EQ(places.picturesFolder, "/pictures");  // never a stand-in for an empty one

@@ -39,10 +39,10 @@ TEST_F(ControlRules, AnAutoSizedBoxKeepsItsLengthWhenItIsAlreadyItsPicturesPixel
   tk::PictureBox box(&f, "Box");
   box.setAutoSize(true);
   box.Move(0, 0, 16896, 100);  // 1126.4 by 6.7 pixels
-  box.setPicture(gdi::Picture::FromSurface(gdi::Surface(1126, 20, gdi::AlphaMode::kOpaque)));
+  box.setPicture(gdi::Picture::fromSurface(gdi::Surface(1126, 20, gdi::AlphaMode::kOpaque)));
   EXPECT_DOUBLE_EQ(box.Width(), 16896);
   EXPECT_DOUBLE_EQ(box.Height(), 300);
-  box.setPicture(gdi::Picture::FromSurface(gdi::Surface(1127, 20, gdi::AlphaMode::kOpaque)));
+  box.setPicture(gdi::Picture::fromSurface(gdi::Surface(1127, 20, gdi::AlphaMode::kOpaque)));
   EXPECT_DOUBLE_EQ(box.Width(), 16905);
 }
 
@@ -145,10 +145,10 @@ TEST(Numbers, RoundingIsHalfToEvenAndIntDivDropsTheRemainder) {
   EXPECT_EQ(tk::CInt(-2.5), -2);
   EXPECT_EQ(tk::CLng(1403.5), 1404);
   EXPECT_THROW(tk::CInt(32767.5), tk::Error);
-  EXPECT_EQ(tk::IntDiv(11520, 4), 2880);
-  EXPECT_EQ(tk::IntDiv(300, 4), 75);
-  EXPECT_EQ(tk::IntDiv(-7, 2), -3);
-  EXPECT_EQ(tk::IntDiv(7.5, 2), 4);  // 7.5 rounds to 8 first
+  EXPECT_EQ(tk::intDiv(11520, 4), 2880);
+  EXPECT_EQ(tk::intDiv(300, 4), 75);
+  EXPECT_EQ(tk::intDiv(-7, 2), -3);
+  EXPECT_EQ(tk::intDiv(7.5, 2), 4);  // 7.5 rounds to 8 first
 }
 
 TEST_F(ControlRules, PropertiesByNameCaseBlind) {

@@ -168,7 +168,7 @@ TEST(FormLife, TheKeyboardGoesToTheWindowInFrontThatCanTakeIt) {
   other().Show();
   parked().Show();  // on top, but off the screen
   EXPECT_EQ(p.runtime.ActiveForm(), &other());
-  EXPECT_EQ(p.runtime.Stacking().back(), &parked());
+  EXPECT_EQ(p.runtime.stacking().back(), &parked());
   p.form().Show();  // shown again: to the front
   EXPECT_EQ(p.runtime.ActiveForm(), &p.form());
   other().Command1.SetFocus();  // focus brings its window forward

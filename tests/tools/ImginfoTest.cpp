@@ -18,5 +18,5 @@ TEST(Imginfo, SizeTextTakesTheLargestUnitReached) {
       {1073741824, "1.00 GB"},
       {5368709120, "5.00 GB"},
   };
-  for (const auto& c : cases) EXPECT_EQ(vellumry::SizeText(c.bytes), c.text) << c.bytes;
+  for (const auto& c : cases) EXPECT_EQ(vellumry::sizeText(c.bytes), c.text) << c.bytes;
 }

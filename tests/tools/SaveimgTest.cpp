@@ -36,7 +36,7 @@ TEST(SaveExtension, TheLastFourCharactersWithoutDots) {
   for (const Case& c :
        {Case{"/p/a.tif", "tif"}, Case{"/p/b.jpeg", "jpeg"}, Case{"/p/C.JPG", "JPG"},
         Case{"/p/photo", "hoto"}, Case{"/p/été.png", "png"}, Case{"/p/x.é.ab", "éab"}})
-    EXPECT_EQ(SaveExtension(c.path), c.ext) << c.path;
+    EXPECT_EQ(saveExtension(c.path), c.ext) << c.path;
 }
 
 TEST_F(Saveimg, CopiesTheBytesThroughTheMainWindowsDialog) {

@@ -54,8 +54,8 @@ class ViewerTest : public ProgramFixture {
   void expectFromFile(gdi::Size size) {
     const auto shown = program->Form2().Image1.Picture().Pixels();
     ASSERT_TRUE(shown);
-    EXPECT_EQ(shown->Dimensions(), size);
-    EXPECT_EQ(shown->Pixel(size.width / 2, size.height / 2), tk::pixelOf(0x5A28C8));
+    EXPECT_EQ(shown->dimensions(), size);
+    EXPECT_EQ(shown->pixel(size.width / 2, size.height / 2), tk::pixelOf(0x5A28C8));
   }
 };
 
@@ -67,13 +67,14 @@ TEST_F(ViewerTest, TheEndsOfTheListBySautorAndBeeps) {
   } cases[] = {
       {"sautor=1\nbeeps=1", 3, tk::key::Right, 2, 1},  // stays on the last file and beeps
       {"sautor=1\nbeeps=0", 3, tk::key::Right, 2, 0},
-      {"sautor=0\nbeeps=1", 3, tk::key::Right, 0, 0},  // a ring: the first file, not the last, no beep
+      {"sautor=0\nbeeps=1", 3, tk::key::Right, 0,
+       0},  // a ring: the first file, not the last, no beep
       {"sautor=1\nbeeps=1", 1, tk::key::Left, 0, 1},
       {"sautor=0\nbeeps=1", 1, tk::key::Left, 2, 0},
       {"sautor=0\nbeeps=1", 2, tk::key::Right, 2, 1},  // arriving on the last file beeps
       {"sautor=1\nbeeps=1", 2, tk::key::Left, 0, 1},   // and on the first
       {"", 3, tk::key::Right, 2, 1},                   // both keys missing: stop and beep
-      {"sautor=0\nbeeps=1", 2, tk::key::Alt, 2, 1},    // Alt and Ctrl alone walk like Right and Left
+      {"sautor=0\nbeeps=1", 2, tk::key::Alt, 2, 1},  // Alt and Ctrl alone walk like Right and Left
       {"sautor=0\nbeeps=1", 2, tk::key::Ctrl, 0, 1},
       {"sautor=0\nbeeps=1", 2, tk::key::Up, 1, 0},  // Up and Down zoom instead
   };
@@ -114,7 +115,7 @@ TEST_F(ViewerTest, AMarkedPositionShowsItsPlainPictureAndADoubleClickLeaves) {
   program->fields.set("aDeleted", 2, -1.0);
   ASSERT_TRUE(tk::user::dblClick(f.Image1(1)));
   key(tk::key::Right);  // a marked position shows its plain picture
-  EXPECT_TRUE(program->Form2().Image2.Picture().SameObject(plain));
+  EXPECT_TRUE(program->Form2().Image2.Picture().sameObject(plain));
   wait(1);
   EXPECT_TRUE(tk::user::dblClick(program->Form2().Image1));
   EXPECT_FALSE(program->Form2.loaded());
@@ -190,7 +191,7 @@ TEST_F(ViewerTest, TheNextGifOfAShowStartsOnTheBareBackground) {
   for (const auto& [name, side] : {std::pair{"a.gif", 300}, {"b.gif", 20}}) {
     const codecs::testing::GifFrameSpec frame{
         0, 0, side, side, std::vector<uint8_t>(side * side, 1), 10};
-    const auto bytes = codecs::testing::MakeAnimatedGif(side, side, {frame, frame}, 0);
+    const auto bytes = codecs::testing::makeAnimatedGif(side, side, {frame, frame}, 0);
     std::ofstream(pictures / name, std::ios::binary) << std::string(bytes.begin(), bytes.end());
   }
   open(1);
@@ -198,9 +199,9 @@ TEST_F(ViewerTest, TheNextGifOfAShowStartsOnTheBareBackground) {
   wait(5100);
   ASSERT_TRUE(program->Form3().Visible());  // the second GIF plays
   const auto screen = program->Form3().picBkg.Picture().Pixels();
-  ASSERT_TRUE(screen && screen->Dimensions() == (gdi::Size{1024, 768}));
-  EXPECT_EQ(screen->Pixel(400, 300) & 0xFFFFFFu, 0x404040u);  // where the large one stood
-  EXPECT_NE(screen->Pixel(512, 384) & 0xFFFFFFu, 0x404040u);  // the small one in the middle
+  ASSERT_TRUE(screen && screen->dimensions() == (gdi::Size{1024, 768}));
+  EXPECT_EQ(screen->pixel(400, 300) & 0xFFFFFFu, 0x404040u);  // where the large one stood
+  EXPECT_NE(screen->pixel(512, 384) & 0xFFFFFFu, 0x404040u);  // the small one in the middle
 }
 
 TEST(FitToForm, ShrinksOnceByTheLongerSide) {
@@ -212,7 +213,7 @@ TEST(FitToForm, ShrinksOnceByTheLongerSide) {
       {300, 300, 4500, 4500},      // a smaller square: kept
   };
   for (const auto& c : cases) {
-    const ShownSize s = FitToForm(int32_t(c[0] * 15), int32_t(c[1] * 15), 15360, 11520);
+    const ShownSize s = fitToForm(int32_t(c[0] * 15), int32_t(c[1] * 15), 15360, 11520);
     EXPECT_EQ(std::pair(s.width, s.height), std::pair(c[2], c[3])) << c[0] << " by " << c[1];
   }
 }
@@ -312,9 +313,9 @@ TEST_F(ViewerTest, APictureThatFitsShowsPixelForPixelAndOthersAreDecodedAhead) {
   wait(1);
   const auto shown = program->Form2().Image1.Picture().Pixels();
   ASSERT_TRUE(shown);
-  ASSERT_EQ(shown->Dimensions(), (gdi::Size{900, 600}));
+  ASSERT_EQ(shown->dimensions(), (gdi::Size{900, 600}));
   for (int x : {0, 1, 450, 451, 898, 899})
-    EXPECT_EQ(shown->Pixel(x, 300) & 0xFFFFFF, x % 2 ? 0xFFFFFFu : 0u) << x;
+    EXPECT_EQ(shown->pixel(x, 300) & 0xFFFFFF, x % 2 ? 0xFFFFFFu : 0u) << x;
   program->pictures().drain();
   for (const char* name : {"b.png", "c.png", "d.png"}) std::filesystem::remove(pictures / name);
   key(tk::key::Left);  // the previous

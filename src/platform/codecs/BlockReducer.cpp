@@ -4,31 +4,31 @@
 
 namespace vellumry::codecs {
 
-gdi::Size Reduced(int width, int height, int factor) {
+gdi::Size reduced(int width, int height, int factor) {
   return {(width + factor - 1) / factor, (height + factor - 1) / factor};
 }
 
-std::vector<gdi::Size> HalvedSizes(int width, int height) {
+std::vector<gdi::Size> halvedSizes(int width, int height) {
   std::vector<gdi::Size> sizes;
   for (int factor = 1;; factor *= 2) {
-    sizes.insert(sizes.begin(), Reduced(width, height, factor));
+    sizes.insert(sizes.begin(), reduced(width, height, factor));
     if (sizes.front() == gdi::Size{1, 1} || factor == 1 << 30) return sizes;
   }
 }
 
-int HalvingTo(int width, int height, gdi::Size size) {
+int halvingTo(int width, int height, gdi::Size size) {
   for (int factor = 1;; factor *= 2) {
-    if (Reduced(width, height, factor) == size) return factor;
+    if (reduced(width, height, factor) == size) return factor;
     if (factor == 1 << 30) return 1;
   }
 }
 
-gdi::Surface Reduce(const gdi::Surface& full, int factor) {
-  const gdi::Size size = Reduced(full.Width(), full.Height(), factor);
-  gdi::Surface out(size.width, size.height, full.Alpha());
+gdi::Surface reduce(const gdi::Surface& full, int factor) {
+  const gdi::Size size = reduced(full.Width(), full.Height(), factor);
+  gdi::Surface out(size.width, size.height, full.alpha());
   BlockReducer reducer(out, full.Width(), factor);
-  for (int y = 0; y < full.Height(); ++y) reducer.AddRow(full.Row(y));
-  reducer.Finish();
+  for (int y = 0; y < full.Height(); ++y) reducer.addRow(full.Row(y));
+  reducer.finish();
   return out;
 }
 
@@ -36,10 +36,10 @@ BlockReducer::BlockReducer(gdi::Surface& out, int sourceWidth, int factor)
     : out_(out),
       sourceWidth_(sourceWidth),
       factor_(factor),
-      weighted_(out.Alpha() == gdi::AlphaMode::kStraight),
+      weighted_(out.alpha() == gdi::AlphaMode::kStraight),
       sums_(static_cast<size_t>(out.Width()) * 4, 0) {}
 
-void BlockReducer::AddRow(const uint32_t* row) {
+void BlockReducer::addRow(const uint32_t* row) {
   uint64_t* sum = sums_.data();
   for (int x = 0; x < sourceWidth_; sum += 4) {
     const int blockEnd = std::min(sourceWidth_, x + factor_);
@@ -57,21 +57,21 @@ void BlockReducer::AddRow(const uint32_t* row) {
     }
     for (; x < blockEnd; ++x) {
       const uint32_t p = row[x];
-      const uint64_t weight = gdi::AlphaOf(p);
-      sum[0] += gdi::BlueOf(p) * weight;
-      sum[1] += gdi::GreenOf(p) * weight;
-      sum[2] += gdi::RedOf(p) * weight;
-      sum[3] += gdi::AlphaOf(p);
+      const uint64_t weight = gdi::alphaOf(p);
+      sum[0] += gdi::blueOf(p) * weight;
+      sum[1] += gdi::greenOf(p) * weight;
+      sum[2] += gdi::redOf(p) * weight;
+      sum[3] += gdi::alphaOf(p);
     }
   }
-  if (++rowsInBand_ == factor_) EmitBand();
+  if (++rowsInBand_ == factor_) emitBand();
 }
 
-void BlockReducer::Finish() {
-  if (rowsInBand_ > 0) EmitBand();
+void BlockReducer::finish() {
+  if (rowsInBand_ > 0) emitBand();
 }
 
-void BlockReducer::EmitBand() {
+void BlockReducer::emitBand() {
   uint32_t* out = out_.Row(outRow_++);
   for (int x = 0; x < out_.Width(); ++x) {
     const uint64_t* sum = &sums_[static_cast<size_t>(x) * 4];
@@ -81,7 +81,7 @@ void BlockReducer::EmitBand() {
     const auto colour = [&](int i) {
       return static_cast<uint8_t>(weight == 0 ? 0 : (sum[i] + weight / 2) / weight);
     };
-    out[x] = gdi::Argb(static_cast<uint8_t>((sum[3] + count / 2) / count), colour(2), colour(1),
+    out[x] = gdi::argb(static_cast<uint8_t>((sum[3] + count / 2) / count), colour(2), colour(1),
                        colour(0));
   }
   std::fill(sums_.begin(), sums_.end(), 0);

@@ -12,30 +12,30 @@ namespace vellumry::codecs {
 
 // The size a width x height picture has once shrunk by `factor`: partial blocks at the right
 // and bottom edges count as whole pixels.
-gdi::Size Reduced(int width, int height, int factor);
+gdi::Size reduced(int width, int height, int factor);
 
 // The sizes of a width x height picture halved again and again down to one pixel, smallest
 // first; the last is the full size.
-std::vector<gdi::Size> HalvedSizes(int width, int height);
+std::vector<gdi::Size> halvedSizes(int width, int height);
 
 // The factor, a power of two, that shrinks width x height to `size`; 1 when none does.
-int HalvingTo(int width, int height, gdi::Size size);
+int halvingTo(int width, int height, gdi::Size size);
 
 // `full` shrunk by `factor`, for decoders that can't help holding the full picture.
-gdi::Surface Reduce(const gdi::Surface& full, int factor);
+gdi::Surface reduce(const gdi::Surface& full, int factor);
 
 class BlockReducer {
  public:
-  // Fills `out`, which must have Reduced(sourceWidth, ..., factor)'s size. With straight alpha
+  // Fills `out`, which must have reduced(sourceWidth, ..., factor)'s size. With straight alpha
   // the colours are weighted by their alpha, so that transparent pixels don't tint the average.
   BlockReducer(gdi::Surface& out, int sourceWidth, int factor);
   // One source row of sourceWidth pixels, top to bottom.
-  void AddRow(const uint32_t* row);
+  void addRow(const uint32_t* row);
   // Writes what the last, partial band of rows holds.
-  void Finish();
+  void finish();
 
  private:
-  void EmitBand();
+  void emitBand();
 
   gdi::Surface& out_;
   int sourceWidth_, factor_;

@@ -11,11 +11,11 @@ constexpr uint64_t kFileHeaderSize = 14;
 constexpr uint32_t kSmallestInfoHeader = 40;
 constexpr uint32_t kLargestInfoHeader = 124;
 
-bool IsBmp(std::span<const uint8_t> bytes) {
+bool isBmp(std::span<const uint8_t> bytes) {
   return bytes.size() >= 2 && bytes[0] == 'B' && bytes[1] == 'M';
 }
 
-ImageInfo InfoOf(const DibHeader& h) {
+ImageInfo infoOf(const DibHeader& h) {
   ImageInfo info;
   info.format = Format::kBmp;
   info.width = h.width;
@@ -27,57 +27,57 @@ ImageInfo InfoOf(const DibHeader& h) {
 
 }  // namespace
 
-Expected<ImageInfo> ProbeBmp(std::span<const uint8_t> bytes) {
-  if (!IsBmp(bytes)) return Error::kUnknownFormat;
-  auto header = ParseDibHeader(gdi::ByteReader(bytes), kFileHeaderSize, false);
+Expected<ImageInfo> probeBmp(std::span<const uint8_t> bytes) {
+  if (!isBmp(bytes)) return Error::kUnknownFormat;
+  auto header = parseDibHeader(gdi::ByteReader(bytes), kFileHeaderSize, false);
   if (!header) return header.error();
-  return InfoOf(*header);
+  return infoOf(*header);
 }
 
-Expected<Decoded> DecodeBmp(std::span<const uint8_t> bytes, const Leniency& leniency,
+Expected<Decoded> decodeBmp(std::span<const uint8_t> bytes, const Leniency& leniency,
                             int reduction) {
-  if (!IsBmp(bytes)) return Error::kUnknownFormat;
+  if (!isBmp(bytes)) return Error::kUnknownFormat;
   const gdi::ByteReader in(bytes);
-  auto header = ParseDibHeader(in, kFileHeaderSize, false);
+  auto header = parseDibHeader(in, kFileHeaderSize, false);
   if (!header) return header.error();
   // The file header's pixel offset wins when it points behind the colour table and inside the
   // file; writers that leave it wrong get the pixels right behind the table.
   uint64_t pixelsAt = header->tableEnd;
-  const uint32_t declared = *in.Le32(10);
+  const uint32_t declared = *in.le32(10);
   if (declared >= header->tableEnd && declared < bytes.size()) pixelsAt = declared;
-  auto pixels = ReadDibPixels(*header, bytes.subspan(std::min<uint64_t>(pixelsAt, bytes.size())),
+  auto pixels = readDibPixels(*header, bytes.subspan(std::min<uint64_t>(pixelsAt, bytes.size())),
                               leniency, reduction);
   if (!pixels) return pixels.error();
-  return Decoded{std::move(*pixels), InfoOf(*header)};
+  return Decoded{std::move(*pixels), infoOf(*header)};
 }
 
-Expected<Decoded> DecodeDibSection(std::span<const uint8_t> bytes) {
-  auto section = ReadDibSection(bytes);
+Expected<Decoded> decodeDibSection(std::span<const uint8_t> bytes) {
+  auto section = readDibSection(bytes);
   if (!section) return section.error();
   Leniency strict;
   strict.bmpShortPixels = false;
-  auto pixels = ReadDibPixels(section->header, section->data, strict);
+  auto pixels = readDibPixels(section->header, section->data, strict);
   if (!pixels) return pixels.error();
-  return Decoded{std::move(*pixels), InfoOf(section->header)};
+  return Decoded{std::move(*pixels), infoOf(section->header)};
 }
 
-Expected<DibSection> ReadDibSection(std::span<const uint8_t> bytes) {
-  if (!IsBmp(bytes)) return Error::kUnknownFormat;
+Expected<DibSection> readDibSection(std::span<const uint8_t> bytes) {
+  if (!isBmp(bytes)) return Error::kUnknownFormat;
   const gdi::ByteReader in(bytes);
-  const auto headerSize = in.Le32(kFileHeaderSize);
-  const auto bitCount = in.Le16(kFileHeaderSize + 14);
-  const auto compression = in.Le32(kFileHeaderSize + 16);
+  const auto headerSize = in.le32(kFileHeaderSize);
+  const auto bitCount = in.le16(kFileHeaderSize + 14);
+  const auto compression = in.le32(kFileHeaderSize + 16);
   if (!headerSize || !bitCount || !compression) return Error::kTruncated;
   if (*headerSize < kSmallestInfoHeader || *headerSize > kLargestInfoHeader) {
     return Error::kUnsupported;
   }
   // No JPEG or PNG inside, and no alpha bit fields: those go to the full decoders.
   if (*bitCount < 1 || *compression > kBiBitFields) return Error::kUnsupported;
-  auto header = ParseDibHeader(in, kFileHeaderSize, false);
+  auto header = parseDibHeader(in, kFileHeaderSize, false);
   if (!header) return header.error();
-  const auto data = in.Slice(header->tableEnd, bytes.size() - header->tableEnd);
+  const auto data = in.slice(header->tableEnd, bytes.size() - header->tableEnd);
   const bool rle = header->compression == kBiRle8 || header->compression == kBiRle4;
-  if (!rle && data.size() / DibRowBytes(header->bitsPerPixel, header->width) <
+  if (!rle && data.size() / dibRowBytes(header->bitsPerPixel, header->width) <
                   static_cast<uint64_t>(header->height)) {
     return Error::kTruncated;
   }

@@ -14,7 +14,7 @@ constexpr uint32_t kSeenZero = 0x100;    // the pixel 0
 
 }  // namespace
 
-bool HasAlphaChannel(uint32_t pixelFormat) {
+bool hasAlphaChannel(uint32_t pixelFormat) {
   switch (pixelFormat) {
     case kPixelFormat16bppARGB1555:
     case kPixelFormat32bppPARGB:
@@ -30,11 +30,11 @@ bool HasAlphaChannel(uint32_t pixelFormat) {
 uint32_t ClassifyAlpha(std::span<const uint32_t> Pixels, int Width, int Height) {
   const uint64_t wanted = Width > 0 && Height > 0 ? uint64_t(Width) * uint64_t(Height) : 0;
   AlphaClassifier classifier;
-  classifier.Add(Pixels.first(std::min<uint64_t>(wanted, Pixels.size())));
-  return classifier.Result();
+  classifier.add(Pixels.first(std::min<uint64_t>(wanted, Pixels.size())));
+  return classifier.result();
 }
 
-void AlphaClassifier::Add(std::span<const uint32_t> pixels) {
+void AlphaClassifier::add(std::span<const uint32_t> pixels) {
   if (straight_ || pixels.empty()) return;
   // Runs of one value are looked at once; the start differs from the first pixel.
   if (!any_) last_ = pixels[0] ^ 1u;
@@ -61,7 +61,7 @@ void AlphaClassifier::Add(std::span<const uint32_t> pixels) {
   }
 }
 
-uint32_t AlphaClassifier::Result() const {
+uint32_t AlphaClassifier::result() const {
   if (straight_) return kPixelFormat32bppARGB;
   if (seen_ == (kSeenZero | kSeenOpaque)) return kAlphaOnlyZeroHoles;
   if (seen_ & kSeenPartial) return kPixelFormat32bppPARGB;

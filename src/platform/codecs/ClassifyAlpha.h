@@ -16,7 +16,7 @@ inline constexpr uint32_t kPixelFormat64bppARGB = 0x34400D;
 inline constexpr uint32_t kAlphaOnlyZeroHoles = 0x262000;
 
 // Whether a pixel format carries alpha.
-bool HasAlphaChannel(uint32_t pixelFormat);
+bool hasAlphaChannel(uint32_t pixelFormat);
 
 // What the fourth byte of `Width` x `Height` 32-bit pixels (0xAARRGGBB, in memory order) means:
 // kPixelFormat32bppARGB when some pixel can only be straight alpha, kAlphaOnlyZeroHoles,
@@ -28,9 +28,9 @@ uint32_t ClassifyAlpha(std::span<const uint32_t> Pixels, int Width, int Height);
 // rows of a picture stored apart, without gathering them first.
 class AlphaClassifier {
  public:
-  void Add(std::span<const uint32_t> pixels);
+  void add(std::span<const uint32_t> pixels);
   // What ClassifyAlpha says of every pixel added so far.
-  uint32_t Result() const;
+  uint32_t result() const;
 
  private:
   uint32_t seen_ = 0;

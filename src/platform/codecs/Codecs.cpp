@@ -13,7 +13,7 @@
 
 namespace vellumry::codecs {
 
-const char* ErrorName(Error error) {
+const char* errorName(Error error) {
   switch (error) {
     case Error::kUnknownFormat:
       return "unknown format";
@@ -31,17 +31,17 @@ const char* ErrorName(Error error) {
   return "?";
 }
 
-Expected<ImageInfo> Probe(std::span<const uint8_t> bytes) {
+Expected<ImageInfo> probe(std::span<const uint8_t> bytes) {
   using ProbeFn = Expected<ImageInfo> (*)(std::span<const uint8_t>);
   // Each probe answers kUnknownFormat unless the first bytes are its own.
   for (const ProbeFn probe :
-       {ProbeJpeg, ProbePng, ProbeGif, ProbeTiff, ProbeBmp, ProbeIcon, ProbeMetafile}) {
+       {probeJpeg, probePng, probeGif, probeTiff, probeBmp, probeIcon, probeMetafile}) {
     auto info = probe(bytes);
     // A picture too large to ever be decoded is refused as soon as its header is read, so that
     // nobody sizes a cell or a window for it. A TIFF decodes small while holding only one band
     // of its rows, so its probe judges that instead.
     if (info && info->width > 0 && info->height > 0 && info->format != Format::kTiff &&
-        !FitsPixelBudget(info->width, info->height)) {
+        !fitsPixelBudget(info->width, info->height)) {
       return Error::kTooLarge;
     }
     if (info || info.error() != Error::kUnknownFormat) return info;
@@ -49,46 +49,46 @@ Expected<ImageInfo> Probe(std::span<const uint8_t> bytes) {
   return Error::kUnknownFormat;
 }
 
-std::vector<gdi::Size> NativeSizes(const ImageInfo& info) {
+std::vector<gdi::Size> nativeSizes(const ImageInfo& info) {
   switch (info.format) {
     case Format::kUnknown:
     case Format::kEmf:
     case Format::kWmf:
       return {};
     case Format::kJpeg:
-      return JpegNativeSizes(info.width, info.height);
+      return jpegNativeSizes(info.width, info.height);
     case Format::kPng:
     case Format::kTiff:
     case Format::kBmp:
-      return HalvedSizes(info.width, info.height);
+      return halvedSizes(info.width, info.height);
     default:
       return {{info.width, info.height}};
   }
 }
 
-gdi::Size NativeSizeFor(const ImageInfo& info, gdi::Size wanted) {
+gdi::Size nativeSizeFor(const ImageInfo& info, gdi::Size wanted) {
   const gdi::Size full{info.width, info.height};
   if (wanted.width <= 0 || wanted.height <= 0) return full;
   // Metafiles draw at any size.
   if (info.format == Format::kEmf || info.format == Format::kWmf) return wanted;
-  for (const gdi::Size size : NativeSizes(info)) {
+  for (const gdi::Size size : nativeSizes(info)) {
     if (size.width >= wanted.width && size.height >= wanted.height) return size;
   }
   return full;
 }
 
-Expected<Decoded> Decode(std::span<const uint8_t> bytes, int wantedWidth, int wantedHeight,
+Expected<Decoded> decode(std::span<const uint8_t> bytes, int wantedWidth, int wantedHeight,
                          const Leniency& leniency) {
-  auto info = Probe(bytes);
+  auto info = probe(bytes);
   if (!info) return info.error();
   // For the formats that halve while they read.
   const auto halving = [&] {
-    return HalvingTo(info->width, info->height, NativeSizeFor(*info, {wantedWidth, wantedHeight}));
+    return halvingTo(info->width, info->height, nativeSizeFor(*info, {wantedWidth, wantedHeight}));
   };
   switch (info->format) {
     case Format::kJpeg: {
-      const gdi::Size native = NativeSizeFor(*info, {wantedWidth, wantedHeight});
-      const auto sizes = JpegNativeSizes(info->width, info->height);
+      const gdi::Size native = nativeSizeFor(*info, {wantedWidth, wantedHeight});
+      const auto sizes = jpegNativeSizes(info->width, info->height);
       int eighths = 8;
       for (int n = 1; n <= 8; ++n) {
         if (sizes[n - 1] == native) {
@@ -96,22 +96,22 @@ Expected<Decoded> Decode(std::span<const uint8_t> bytes, int wantedWidth, int wa
           break;
         }
       }
-      return DecodeJpeg(bytes, eighths, leniency);
+      return decodeJpeg(bytes, eighths, leniency);
     }
     case Format::kPng:
-      return DecodePng(bytes, leniency, halving());
+      return decodePng(bytes, leniency, halving());
     case Format::kTiff:
-      return DecodeTiff(bytes, 0, leniency, halving());
+      return decodeTiff(bytes, 0, leniency, halving());
     case Format::kGif:
-      return DecodeGif(bytes, leniency);
+      return decodeGif(bytes, leniency);
     case Format::kBmp:
-      return DecodeBmp(bytes, leniency, halving());
+      return decodeBmp(bytes, leniency, halving());
     case Format::kIco:
     case Format::kCur:
-      return DecodeIcon(bytes, leniency);
+      return decodeIcon(bytes, leniency);
     case Format::kEmf:
     case Format::kWmf:
-      return DecodeMetafile(bytes, *info, wantedWidth, wantedHeight);
+      return decodeMetafile(bytes, *info, wantedWidth, wantedHeight);
     case Format::kUnknown:
       break;
   }

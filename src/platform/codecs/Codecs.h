@@ -35,23 +35,23 @@ struct Decoded {
 // Returns kUnknownFormat for anything it doesn't recognise, kTruncated/kCorrupt for a broken
 // header of a recognised format, kTooLarge for a picture of more than kMaxPixelBytes (a TIFF: for
 // one that can't be decoded even small).
-Expected<ImageInfo> Probe(std::span<const uint8_t> bytes);
+Expected<ImageInfo> probe(std::span<const uint8_t> bytes);
 
 // Decodes the first image (frame, page, default icon entry) at the smallest size its format
 // produces directly that covers wantedWidth x wantedHeight (0, 0: full size). JPEG scales
 // natively in eighths and PNG, TIFF and BMP in halves; EMF and WMF are drawn at the wanted size;
 // the others come back at full size. Pictures whose header asks for more than kMaxPixelBytes are
 // refused (kTooLarge) before anything is allocated; a TIFF only when what its decode holds at the
-// asked size (see DecodeTiff) is more.
-Expected<Decoded> Decode(std::span<const uint8_t> bytes, int wantedWidth = 0, int wantedHeight = 0,
+// asked size (see decodeTiff) is more.
+Expected<Decoded> decode(std::span<const uint8_t> bytes, int wantedWidth = 0, int wantedHeight = 0,
                          const Leniency& leniency = {});
 
 // The sizes Decode can produce directly for a picture of this header, smallest first; the last
 // is the full size. Empty for formats Decode refuses.
-std::vector<gdi::Size> NativeSizes(const ImageInfo& info);
+std::vector<gdi::Size> nativeSizes(const ImageInfo& info);
 
-// The smallest of NativeSizes covering `wanted` in both directions, else the full size; for
+// The smallest of nativeSizes covering `wanted` in both directions, else the full size; for
 // metafiles, which draw at any size, `wanted` itself. A 0 in `wanted` means full size.
-gdi::Size NativeSizeFor(const ImageInfo& info, gdi::Size wanted);
+gdi::Size nativeSizeFor(const ImageInfo& info, gdi::Size wanted);
 
 }  // namespace vellumry::codecs

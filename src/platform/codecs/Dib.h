@@ -29,16 +29,16 @@ inline constexpr uint32_t kBiRgb = 0, kBiRle8 = 1, kBiRle4 = 2, kBiBitFields = 3
 // Reads the header that starts at `at`. `iconImage` halves the stored height, which counts the
 // AND mask too. Refuses what isn't decoded here (JPEG or PNG inside, OS/2 compressions) and any
 // size beyond the pixel budget.
-Expected<DibHeader> ParseDibHeader(const gdi::ByteReader& in, uint64_t at, bool iconImage);
+Expected<DibHeader> parseDibHeader(const gdi::ByteReader& in, uint64_t at, bool iconImage);
 
 // Bytes of one stored row at this depth, padded to 4 bytes.
-uint64_t DibRowBytes(int bitsPerPixel, int width);
+uint64_t dibRowBytes(int bitsPerPixel, int width);
 
 // Decodes the pixels in `data` into a top-down surface, shrunk by `reduction` (Reduced's size)
 // while the rows are read. 32-bit pixels without bit fields keep their fourth byte and come back
 // kUnknown; bit fields with an alpha mask give straight alpha; the rest is opaque. Data that ends
 // early is refused unless leniency.bmpShortPixels.
-Expected<gdi::Surface> ReadDibPixels(const DibHeader& header, std::span<const uint8_t> data,
+Expected<gdi::Surface> readDibPixels(const DibHeader& header, std::span<const uint8_t> data,
                                      const Leniency& leniency, int reduction = 1);
 
 }  // namespace vellumry::codecs

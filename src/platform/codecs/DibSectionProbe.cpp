@@ -11,7 +11,7 @@ namespace vellumry::codecs {
 namespace {
 
 // The stored 32-bit rows classified top row first, as their decoded pixels would be.
-gdi::AlphaMode StoredRowsAlpha(const DibSection& section) {
+gdi::AlphaMode storedRowsAlpha(const DibSection& section) {
   const DibHeader& header = section.header;
   const size_t rowBytes = static_cast<size_t>(header.width) * 4;
   std::vector<uint32_t> row(static_cast<size_t>(header.width));
@@ -19,14 +19,14 @@ gdi::AlphaMode StoredRowsAlpha(const DibSection& section) {
   for (int y = 0; y < header.height; ++y) {
     const size_t stored = static_cast<size_t>(header.topDown ? y : header.height - 1 - y);
     std::memcpy(row.data(), section.data.data() + stored * rowBytes, rowBytes);
-    classifier.Add(row);
+    classifier.add(row);
   }
-  return AlphaModeOf(classifier.Result());
+  return alphaModeOf(classifier.result());
 }
 
 }  // namespace
 
-gdi::AlphaMode AlphaModeOf(uint32_t pixelFormat) {
+gdi::AlphaMode alphaModeOf(uint32_t pixelFormat) {
   switch (pixelFormat) {
     case kPixelFormat32bppARGB:
       return gdi::AlphaMode::kStraight;
@@ -37,22 +37,22 @@ gdi::AlphaMode AlphaModeOf(uint32_t pixelFormat) {
   }
 }
 
-std::optional<DibSectionInfo> ProbeDibSection(std::span<const uint8_t> bytes) {
-  const auto section = ReadDibSection(bytes);
+std::optional<DibSectionInfo> probeDibSection(std::span<const uint8_t> bytes) {
+  const auto section = readDibSection(bytes);
   if (!section) return std::nullopt;
   const DibHeader& header = section->header;
   const gdi::Size natural{header.width, header.height};
   const bool rle = header.compression == kBiRle8 || header.compression == kBiRle4;
   const bool wide = header.bitsPerPixel == 32;
   if (rle || (wide && header.compression != kBiRgb)) {
-    const auto decoded = DecodeDibSection(bytes);
+    const auto decoded = decodeDibSection(bytes);
     if (!decoded) return std::nullopt;
     if (!wide) return DibSectionInfo{natural, gdi::AlphaMode::kOpaque};
     const gdi::Surface& pixels = decoded->surface;
     return DibSectionInfo{
-        natural, AlphaModeOf(ClassifyAlpha(pixels.Pixels(), pixels.Width(), pixels.Height()))};
+        natural, alphaModeOf(ClassifyAlpha(pixels.Pixels(), pixels.Width(), pixels.Height()))};
   }
-  return DibSectionInfo{natural, wide ? StoredRowsAlpha(*section) : gdi::AlphaMode::kOpaque};
+  return DibSectionInfo{natural, wide ? storedRowsAlpha(*section) : gdi::AlphaMode::kOpaque};
 }
 
 }  // namespace vellumry::codecs

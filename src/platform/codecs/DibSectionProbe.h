@@ -9,8 +9,8 @@
 
 namespace vellumry::codecs {
 
-// What a DIB section makes of a "BM" file before decoding it (see DecodeDibSection): its size, and
-// what the fourth byte of its pixels means (kOpaque below 32 bits). Null when DecodeDibSection
+// What a DIB section makes of a "BM" file before decoding it (see decodeDibSection): its size, and
+// what the fourth byte of its pixels means (kOpaque below 32 bits). Null when decodeDibSection
 // would refuse the file. Only RLE data, which shows whether it decodes only when decoded, and
 // 32-bit bit fields are decoded here; the fourth bytes of plain 32-bit pixels are read where they
 // are stored.
@@ -18,10 +18,10 @@ struct DibSectionInfo {
   gdi::Size natural;
   gdi::AlphaMode stored;
 };
-std::optional<DibSectionInfo> ProbeDibSection(std::span<const uint8_t> bytes);
+std::optional<DibSectionInfo> probeDibSection(std::span<const uint8_t> bytes);
 
 // What a 32-bit DIB section's pixels are drawn as, by ClassifyAlpha's answer: straight alpha,
 // premultiplied alpha, or kUnknown for no alpha.
-gdi::AlphaMode AlphaModeOf(uint32_t pixelFormat);
+gdi::AlphaMode alphaModeOf(uint32_t pixelFormat);
 
 }  // namespace vellumry::codecs

@@ -14,7 +14,7 @@ enum class Error {
   kOutOfRange,     // a frame, page or entry number that the file doesn't have
 };
 
-const char* ErrorName(Error error);
+const char* errorName(Error error);
 
 // A value or the reason there is none.
 template <typename T>

@@ -19,7 +19,7 @@ struct Input {
   size_t position = 0;
 };
 
-int ReadFromMemory(GifFileType* gif, GifByteType* out, int length) {
+int readFromMemory(GifFileType* gif, GifByteType* out, int length) {
   auto* in = static_cast<Input*>(gif->UserData);
   if (length <= 0) return 0;
   const size_t n = std::min<size_t>(static_cast<size_t>(length), in->bytes.size() - in->position);
@@ -36,14 +36,14 @@ struct GifCloser {
 };
 using GifHandle = std::unique_ptr<GifFileType, GifCloser>;
 
-bool IsGif(std::span<const uint8_t> bytes) {
+bool isGif(std::span<const uint8_t> bytes) {
   return bytes.size() >= 6 && std::memcmp(bytes.data(), "GIF", 3) == 0;
 }
 
 // Skips the sub-blocks starting at `at`; the offset behind the terminator, or nothing.
 std::optional<uint64_t> SkipSubBlocks(const gdi::ByteReader& in, uint64_t at) {
   while (true) {
-    const auto length = in.U8(at);
+    const auto length = in.u8(at);
     if (!length) return std::nullopt;
     at += 1 + *length;
     if (*length == 0) return at;
@@ -52,9 +52,9 @@ std::optional<uint64_t> SkipSubBlocks(const gdi::ByteReader& in, uint64_t at) {
 
 // Reads frames up to `frame` with giflib, leaving the reader positioned on that frame's pixels.
 // The frame's graphic control block is written to `control`.
-Expected<GifHandle> OpenAtFrame(Input& input, int frame, GraphicsControlBlock& control) {
+Expected<GifHandle> openAtFrame(Input& input, int frame, GraphicsControlBlock& control) {
   int error = 0;
-  GifHandle gif(DGifOpen(&input, ReadFromMemory, &error));
+  GifHandle gif(DGifOpen(&input, readFromMemory, &error));
   if (!gif) return error == D_GIF_ERR_NOT_GIF_FILE ? Error::kUnknownFormat : Error::kTruncated;
   control = {DISPOSAL_UNSPECIFIED, false, 0, NO_TRANSPARENT_COLOR};
   for (int seen = 0;;) {
@@ -89,21 +89,21 @@ Expected<GifHandle> OpenAtFrame(Input& input, int frame, GraphicsControlBlock& c
 // Reads the positioned frame's rows into `out.indices`, de-interlacing. Rows the data doesn't
 // reach are filled with the transparent index (or 0) when truncation is tolerated. Nothing on
 // success.
-std::optional<Error> ReadRows(GifFileType* gif, GifFrameIndices& out, const Leniency& leniency) {
+std::optional<Error> readRows(GifFileType* gif, GifFrameIndices& out, const Leniency& leniency) {
   const GifImageDesc& desc = gif->Image;
   out.left = desc.Left;
   out.top = desc.Top;
   out.width = desc.Width;
   out.height = desc.Height;
   out.interlaced = desc.Interlace;
-  if (!FitsPixelBudget(out.width, out.height)) {
+  if (!fitsPixelBudget(out.width, out.height)) {
     return out.width <= 0 || out.height <= 0 ? Error::kCorrupt : Error::kTooLarge;
   }
   const ColorMapObject* map = desc.ColorMap ? desc.ColorMap : gif->SColorMap;
   if (!map || map->ColorCount <= 0) return Error::kCorrupt;
   for (int i = 0; i < map->ColorCount; ++i) {
     const GifColorType c = map->Colors[i];
-    out.colors.push_back(gdi::Argb(255, c.Red, c.Green, c.Blue));
+    out.colors.push_back(gdi::argb(255, c.Red, c.Green, c.Blue));
   }
   const uint8_t fill = out.transparentIndex >= 0 ? static_cast<uint8_t>(out.transparentIndex) : 0;
   out.indices.assign(static_cast<size_t>(out.width) * out.height, fill);
@@ -128,16 +128,16 @@ std::optional<Error> ReadRows(GifFileType* gif, GifFrameIndices& out, const Leni
   return std::nullopt;
 }
 
-Expected<GifFrameIndices> ReadFrame(Input& input, int frame, const Leniency& leniency,
+Expected<GifFrameIndices> readFrame(Input& input, int frame, const Leniency& leniency,
                                     GifHandle* keep) {
   GraphicsControlBlock control{};
-  auto gif = OpenAtFrame(input, frame, control);
+  auto gif = openAtFrame(input, frame, control);
   if (!gif) return gif.error();
   GifFrameIndices out;
   out.transparentIndex = control.TransparentColor;
   out.delayCentiseconds = control.DelayTime;
   out.disposal = std::clamp(control.DisposalMode, 0, 3);
-  if (const auto error = ReadRows(gif->get(), out, leniency)) return *error;
+  if (const auto error = readRows(gif->get(), out, leniency)) return *error;
   if (out.transparentIndex >= static_cast<int>(out.colors.size())) out.transparentIndex = -1;
   if (keep) *keep = std::move(*gif);
   return out;
@@ -145,12 +145,12 @@ Expected<GifFrameIndices> ReadFrame(Input& input, int frame, const Leniency& len
 
 }  // namespace
 
-Expected<ImageInfo> ProbeGif(std::span<const uint8_t> bytes) {
-  if (!IsGif(bytes)) return Error::kUnknownFormat;
+Expected<ImageInfo> probeGif(std::span<const uint8_t> bytes) {
+  if (!isGif(bytes)) return Error::kUnknownFormat;
   const gdi::ByteReader in(bytes);
-  const auto width = in.Le16(6);
-  const auto height = in.Le16(8);
-  const auto flags = in.U8(10);
+  const auto width = in.le16(6);
+  const auto height = in.le16(8);
+  const auto flags = in.u8(10);
   if (!width || !height || !flags) return Error::kTruncated;
   ImageInfo info;
   info.format = Format::kGif;
@@ -159,21 +159,21 @@ Expected<ImageInfo> ProbeGif(std::span<const uint8_t> bytes) {
   info.bitsPerPixel = (*flags & 7) + 1;
   info.frameCount = 0;
   uint64_t at = 13 + ((*flags & 0x80) ? 3u << ((*flags & 7) + 1) : 0);
-  while (const auto block = in.U8(at)) {
+  while (const auto block = in.u8(at)) {
     if (*block == 0x3B) break;
     if (*block == 0x21) {
-      const auto label = in.U8(at + 1);
-      const auto gceFlags = in.U8(at + 3);
+      const auto label = in.u8(at + 1);
+      const auto gceFlags = in.u8(at + 3);
       if (label == 0xF9 && gceFlags && (*gceFlags & 1)) info.hasAlpha = true;
       const auto next = SkipSubBlocks(in, at + 2);
       if (!next) break;
       at = *next;
     } else if (*block == 0x2C) {
-      const auto frameWidth = in.Le16(at + 5);
-      const auto frameHeight = in.Le16(at + 7);
-      const auto frameFlags = in.U8(at + 9);
+      const auto frameWidth = in.le16(at + 5);
+      const auto frameHeight = in.le16(at + 7);
+      const auto frameFlags = in.u8(at + 9);
       if (!frameFlags) break;
-      if (info.frameCount == 0) {  // the canvas that DecodeGif makes
+      if (info.frameCount == 0) {  // the canvas that decodeGif makes
         info.width = std::max<int>(info.width, *frameWidth);
         info.height = std::max<int>(info.height, *frameHeight);
       }
@@ -190,11 +190,11 @@ Expected<ImageInfo> ProbeGif(std::span<const uint8_t> bytes) {
   return info;
 }
 
-Expected<Decoded> DecodeGif(std::span<const uint8_t> bytes, const Leniency& leniency) {
-  if (!IsGif(bytes)) return Error::kUnknownFormat;
+Expected<Decoded> decodeGif(std::span<const uint8_t> bytes, const Leniency& leniency) {
+  if (!isGif(bytes)) return Error::kUnknownFormat;
   Input input{bytes};
   GifHandle gif;
-  auto frame = ReadFrame(input, 0, leniency, &gif);
+  auto frame = readFrame(input, 0, leniency, &gif);
   if (!frame) return frame.error();
   const GifFrameIndices& f = *frame;
   // A frame larger than the logical screen grows the canvas to the frame's size; one placed
@@ -202,7 +202,7 @@ Expected<Decoded> DecodeGif(std::span<const uint8_t> bytes, const Leniency& leni
   // huge one.
   const int canvasWidth = std::max<int>(gif->SWidth, f.width);
   const int canvasHeight = std::max<int>(gif->SHeight, f.height);
-  if (!FitsPixelBudget(canvasWidth, canvasHeight)) return Error::kTooLarge;
+  if (!fitsPixelBudget(canvasWidth, canvasHeight)) return Error::kTooLarge;
   Decoded out;
   out.info.format = Format::kGif;
   out.info.width = canvasWidth;
@@ -211,7 +211,7 @@ Expected<Decoded> DecodeGif(std::span<const uint8_t> bytes, const Leniency& leni
   out.info.hasAlpha = true;
   out.surface = gdi::Surface(out.info.width, out.info.height, gdi::AlphaMode::kStraight);
   const gdi::Rect visible =
-      gdi::Clip({f.left, f.top, f.width, f.height}, canvasWidth, canvasHeight);
+      gdi::clip({f.left, f.top, f.width, f.height}, canvasWidth, canvasHeight);
   for (int y = visible.y; y < visible.y + visible.height; ++y) {
     const uint8_t* in = f.indices.data() + static_cast<size_t>(y - f.top) * f.width;
     uint32_t* px = out.surface.Row(y);
@@ -224,17 +224,17 @@ Expected<Decoded> DecodeGif(std::span<const uint8_t> bytes, const Leniency& leni
   return out;
 }
 
-Expected<GifFrameIndices> DecodeGifFrameIndices(std::span<const uint8_t> bytes, int frame,
+Expected<GifFrameIndices> decodeGifFrameIndices(std::span<const uint8_t> bytes, int frame,
                                                 const Leniency& leniency) {
-  if (!IsGif(bytes)) return Error::kUnknownFormat;
+  if (!isGif(bytes)) return Error::kUnknownFormat;
   if (frame < 0) return Error::kOutOfRange;
   Input input{bytes};
-  return ReadFrame(input, frame, leniency, nullptr);
+  return readFrame(input, frame, leniency, nullptr);
 }
 
-Expected<gdi::IndexedSurface> DecodeGifIndexed(std::span<const uint8_t> bytes,
+Expected<gdi::IndexedSurface> decodeGifIndexed(std::span<const uint8_t> bytes,
                                                const Leniency& leniency) {
-  auto frame = DecodeGifFrameIndices(bytes, 0, leniency);
+  auto frame = decodeGifFrameIndices(bytes, 0, leniency);
   if (!frame) return frame.error();
   gdi::IndexedSurface out(frame->width, frame->height);
   for (int y = 0; y < frame->height; ++y) {
@@ -243,7 +243,7 @@ Expected<gdi::IndexedSurface> DecodeGifIndexed(std::span<const uint8_t> bytes,
   }
   gdi::IndexedSurface::ColorTable table{};
   std::copy_n(frame->colors.begin(), std::min(frame->colors.size(), table.size()), table.begin());
-  out.SetColors(table);
+  out.setColors(table);
   return out;
 }
 

@@ -10,12 +10,12 @@ namespace vellumry::codecs {
 
 // Screen size, colour depth, whether any frame names a transparent index, and the number of
 // frames (a walk over the block lengths, no decompression).
-Expected<ImageInfo> ProbeGif(std::span<const uint8_t> bytes);
+Expected<ImageInfo> probeGif(std::span<const uint8_t> bytes);
 
 // The first frame drawn at its place on a transparent canvas of the logical screen's size (grown
 // to the frame's size when the frame is larger; a frame placed partly outside is clipped).
 // Straight alpha.
-Expected<Decoded> DecodeGif(std::span<const uint8_t> bytes, const Leniency& leniency);
+Expected<Decoded> decodeGif(std::span<const uint8_t> bytes, const Leniency& leniency);
 
 // One frame exactly as stored: palette indices row by row (de-interlaced), its colour table
 // (the local one, else the global one), and its transparent index.
@@ -33,12 +33,12 @@ struct GifFrameIndices {
 };
 
 // Frame `frame` (from 0). kOutOfRange when the file has fewer frames.
-Expected<GifFrameIndices> DecodeGifFrameIndices(std::span<const uint8_t> bytes, int frame,
+Expected<GifFrameIndices> decodeGifFrameIndices(std::span<const uint8_t> bytes, int frame,
                                                 const Leniency& leniency);
 
 // The first frame as an 8-bit surface of the frame's own size: its indices as stored, its table
 // the frame's colour table (0xFFRRGGBB, entries past the table's size 0).
-Expected<gdi::IndexedSurface> DecodeGifIndexed(std::span<const uint8_t> bytes,
+Expected<gdi::IndexedSurface> decodeGifIndexed(std::span<const uint8_t> bytes,
                                                const Leniency& leniency);
 
 }  // namespace vellumry::codecs

@@ -27,25 +27,25 @@ struct IconDirectory {
 
 // Reads the directory and each image's own header. Refused when the type isn't 1 or 2, the count
 // is 0, or any entry lies outside the data or has an unreadable header.
-Expected<IconDirectory> ReadIconDirectory(std::span<const uint8_t> bytes);
+Expected<IconDirectory> readIconDirectory(std::span<const uint8_t> bytes);
 
 // The entry shown when nobody asks for a size: the largest image (by width x height), then the
 // deepest; the first in the directory among equals.
-int DefaultIconEntry(const IconDirectory& directory);
+int defaultIconEntry(const IconDirectory& directory);
 
 // Header of the default entry, with frameCount = number of entries.
-Expected<ImageInfo> ProbeIcon(std::span<const uint8_t> bytes);
+Expected<ImageInfo> probeIcon(std::span<const uint8_t> bytes);
 
 // Entry `index` as an icon image: PNG entries and 32-bit DIB entries with any alpha keep their
 // alpha; other DIB entries come with their AND mask. kOutOfRange for a bad index.
-Expected<gdi::IconImage> DecodeIconEntry(std::span<const uint8_t> bytes, int index,
+Expected<gdi::IconImage> decodeIconEntry(std::span<const uint8_t> bytes, int index,
                                          const Leniency& leniency);
 
 // One image of an icon file (a PNG file or a DIB with its AND mask) without its directory:
 // colour and mask only, no hot spot.
-Expected<gdi::IconImage> DecodeIconImage(std::span<const uint8_t> image, const Leniency& leniency);
+Expected<gdi::IconImage> decodeIconImage(std::span<const uint8_t> image, const Leniency& leniency);
 
 // The default entry flattened to a straight-alpha surface: masked pixels become transparent.
-Expected<Decoded> DecodeIcon(std::span<const uint8_t> bytes, const Leniency& leniency);
+Expected<Decoded> decodeIcon(std::span<const uint8_t> bytes, const Leniency& leniency);
 
 }  // namespace vellumry::codecs

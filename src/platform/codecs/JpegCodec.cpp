@@ -23,12 +23,12 @@ struct ErrorManager {
   Error error = Error::kCorrupt;
 };
 
-[[noreturn]] void OnError(j_common_ptr cinfo) {
+[[noreturn]] void onError(j_common_ptr cinfo) {
   auto* mgr = reinterpret_cast<ErrorManager*>(cinfo->err);
   std::longjmp(mgr->jump, 1);
 }
 
-void OnMessage(j_common_ptr cinfo, int level) {
+void onMessage(j_common_ptr cinfo, int level) {
   auto* mgr = reinterpret_cast<ErrorManager*>(cinfo->err);
   if (level >= 0) return;  // trace messages
   if (cinfo->err->msg_code == JWRN_JPEG_EOF) mgr->error = Error::kTruncated;
@@ -43,8 +43,8 @@ class Decompressor {
  public:
   explicit Decompressor(bool refuseWarnings) {
     cinfo_.err = jpeg_std_error(&errors_.base);
-    errors_.base.error_exit = OnError;
-    errors_.base.emit_message = OnMessage;
+    errors_.base.error_exit = onError;
+    errors_.base.emit_message = onMessage;
     errors_.refuseWarnings = refuseWarnings;
   }
   ~Decompressor() {
@@ -52,7 +52,7 @@ class Decompressor {
   }
   jpeg_decompress_struct& info() { return cinfo_; }
   ErrorManager& errors() { return errors_; }
-  void Create(std::span<const uint8_t> bytes) {
+  void create(std::span<const uint8_t> bytes) {
     jpeg_create_decompress(&cinfo_);
     created_ = true;
     cinfo_.mem->max_memory_to_use = static_cast<long>(kMaxPixelBytes);
@@ -66,39 +66,39 @@ class Decompressor {
   bool created_ = false;
 };
 
-bool IsJpeg(std::span<const uint8_t> bytes) {
+bool isJpeg(std::span<const uint8_t> bytes) {
   return bytes.size() >= 3 && bytes[0] == 0xFF && bytes[1] == 0xD8 && bytes[2] == 0xFF;
 }
 
 // The orientation of the first APP1 segment that holds EXIF, else 1.
-int OrientationOf(const jpeg_decompress_struct& cinfo) {
+int orientationOf(const jpeg_decompress_struct& cinfo) {
   static constexpr char kExifHeader[] = "Exif\0";  // six bytes with the closing zero
   for (jpeg_saved_marker_ptr m = cinfo.marker_list; m; m = m->next) {
     if (m->marker != kExifMarker || m->data_length < sizeof kExifHeader ||
         std::memcmp(m->data, kExifHeader, sizeof kExifHeader) != 0) {
       continue;
     }
-    return ExifOrientation(
+    return exifOrientation(
         std::span<const uint8_t>(m->data, m->data_length).subspan(sizeof kExifHeader));
   }
   return 1;
 }
 
 // The size is that of the upright picture.
-ImageInfo InfoOf(const jpeg_decompress_struct& cinfo) {
+ImageInfo infoOf(const jpeg_decompress_struct& cinfo) {
   ImageInfo info;
   info.format = Format::kJpeg;
-  const bool swap = SwapsSides(OrientationOf(cinfo));
+  const bool swap = swapsSides(orientationOf(cinfo));
   info.width = static_cast<int>(swap ? cinfo.image_height : cinfo.image_width);
   info.height = static_cast<int>(swap ? cinfo.image_width : cinfo.image_height);
   info.bitsPerPixel = cinfo.num_components * 8;
   return info;
 }
 
-uint8_t Mul255(int a, int b) { return static_cast<uint8_t>((a * b + 127) / 255); }
+uint8_t mul255(int a, int b) { return static_cast<uint8_t>((a * b + 127) / 255); }
 
 // libjpeg hands CMYK out as stored; Adobe's files store every channel inverted.
-uint32_t CmykToArgb(const JSAMPLE* p, bool adobeInverted) {
+uint32_t cmykToArgb(const JSAMPLE* p, bool adobeInverted) {
   int c = p[0], m = p[1], y = p[2], k = p[3];
   if (!adobeInverted) {
     c = 255 - c;
@@ -106,21 +106,21 @@ uint32_t CmykToArgb(const JSAMPLE* p, bool adobeInverted) {
     y = 255 - y;
     k = 255 - k;
   }
-  return gdi::Argb(255, Mul255(c, k), Mul255(m, k), Mul255(y, k));
+  return gdi::argb(255, mul255(c, k), mul255(m, k), mul255(y, k));
 }
 
 }  // namespace
 
-Expected<ImageInfo> ProbeJpeg(std::span<const uint8_t> bytes) {
-  if (!IsJpeg(bytes)) return Error::kUnknownFormat;
+Expected<ImageInfo> probeJpeg(std::span<const uint8_t> bytes) {
+  if (!isJpeg(bytes)) return Error::kUnknownFormat;
   Decompressor d(false);
   if (setjmp(d.errors().jump)) return d.errors().error;
-  d.Create(bytes);
+  d.create(bytes);
   if (jpeg_read_header(&d.info(), TRUE) != JPEG_HEADER_OK) return Error::kTruncated;
-  return InfoOf(d.info());
+  return infoOf(d.info());
 }
 
-std::vector<gdi::Size> JpegNativeSizes(int width, int height) {
+std::vector<gdi::Size> jpegNativeSizes(int width, int height) {
   std::vector<gdi::Size> sizes;
   for (int64_t n = 1; n <= 8; ++n) {
     sizes.push_back(
@@ -133,19 +133,19 @@ namespace {
 
 // The decode proper. Kept apart from the objects it fills, which live in the caller, so that a
 // jump back out of libjpeg leaves no local of this frame half-modified and in use.
-bool RunDecode(Decompressor& d, std::span<const uint8_t> bytes, int eighths, Decoded& out,
+bool runDecode(Decompressor& d, std::span<const uint8_t> bytes, int eighths, Decoded& out,
                std::vector<JSAMPLE>& row, int& orientation) {
   jpeg_decompress_struct& cinfo = d.info();
   if (setjmp(d.errors().jump)) return false;
-  d.Create(bytes);
+  d.create(bytes);
   if (jpeg_read_header(&cinfo, TRUE) != JPEG_HEADER_OK) {
     d.errors().error = Error::kTruncated;
     return false;
   }
-  out.info = InfoOf(cinfo);
+  out.info = infoOf(cinfo);
   // Read now: finishing the decode frees the saved markers.
-  orientation = OrientationOf(cinfo);
-  if (!FitsPixelBudget(cinfo.image_width, cinfo.image_height)) {
+  orientation = orientationOf(cinfo);
+  if (!fitsPixelBudget(cinfo.image_width, cinfo.image_height)) {
     d.errors().error = Error::kTooLarge;
     return false;
   }
@@ -169,7 +169,7 @@ bool RunDecode(Decompressor& d, std::span<const uint8_t> bytes, int eighths, Dec
     if (cmyk) {
       uint32_t* px = out.surface.Row(y);
       for (JDIMENSION x = 0; x < cinfo.output_width; ++x) {
-        px[x] = CmykToArgb(&row[x * 4], cinfo.saw_Adobe_marker);
+        px[x] = cmykToArgb(&row[x * 4], cinfo.saw_Adobe_marker);
       }
     }
   }
@@ -179,16 +179,16 @@ bool RunDecode(Decompressor& d, std::span<const uint8_t> bytes, int eighths, Dec
 
 }  // namespace
 
-Expected<Decoded> DecodeJpeg(std::span<const uint8_t> bytes, int eighths,
+Expected<Decoded> decodeJpeg(std::span<const uint8_t> bytes, int eighths,
                              const Leniency& leniency) {
-  if (!IsJpeg(bytes)) return Error::kUnknownFormat;
+  if (!isJpeg(bytes)) return Error::kUnknownFormat;
   Decompressor d(!leniency.jpegDataWarnings);
   Decoded out;
   std::vector<JSAMPLE> row;
   int orientation = 1;
-  if (!RunDecode(d, bytes, eighths, out, row, orientation)) return d.errors().error;
+  if (!runDecode(d, bytes, eighths, out, row, orientation)) return d.errors().error;
   // Turned after scaling, so that a photo on its side costs no full-size copy.
-  TurnUpright(out.surface, orientation);
+  turnUpright(out.surface, orientation);
   return out;
 }
 

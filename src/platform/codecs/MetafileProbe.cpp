@@ -18,10 +18,10 @@ int Pixels(double length) {
 
 }  // namespace
 
-Expected<ImageInfo> ProbeMetafile(std::span<const uint8_t> bytes) {
+Expected<ImageInfo> probeMetafile(std::span<const uint8_t> bytes) {
   ImageInfo info;
   info.hasAlpha = true;  // what the records leave undrawn stays transparent
-  if (const auto emf = metafile::ReadEmfFrame(bytes)) {
+  if (const auto emf = metafile::readEmfFrame(bytes)) {
     info.format = Format::kEmf;
     // The frame at the reference device's resolution; 96 dots per inch when it gives none.
     const metafile::IntBox& frame = emf->frame;
@@ -39,8 +39,8 @@ Expected<ImageInfo> ProbeMetafile(std::span<const uint8_t> bytes) {
     }
     return info;
   }
-  const auto wmf = metafile::ReadWmfFrame(bytes);
-  if (!wmf) return metafile::IsPlaceableWmf(bytes) ? Error::kTruncated : Error::kUnknownFormat;
+  const auto wmf = metafile::readWmfFrame(bytes);
+  if (!wmf) return metafile::isPlaceableWmf(bytes) ? Error::kTruncated : Error::kUnknownFormat;
   info.format = Format::kWmf;
   const double perUnit = wmf->unitsPerInch > 0 ? 96.0 / wmf->unitsPerInch : 1;
   info.width = Pixels(std::floor(std::abs(static_cast<double>(wmf->box.Width())) * perUnit));

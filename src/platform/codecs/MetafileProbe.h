@@ -11,6 +11,6 @@ namespace vellumry::codecs {
 // metafile header). Sizes: an EMF's frame at its reference device's resolution (its bounds when
 // the frame is empty); a placeable WMF's box at 96 dots per inch; a bare WMF's first window
 // extent, taking a logical unit for a pixel, or 0 x 0 when it sets none.
-Expected<ImageInfo> ProbeMetafile(std::span<const uint8_t> bytes);
+Expected<ImageInfo> probeMetafile(std::span<const uint8_t> bytes);
 
 }  // namespace vellumry::codecs

@@ -12,12 +12,12 @@ namespace vellumry::codecs {
 
 // The orientation in an EXIF block: its TIFF header and first directory, as they follow
 // "Exif\0\0" in a JPEG's APP1 segment. 1 when the tag is absent, out of range or unreadable.
-int ExifOrientation(std::span<const uint8_t> exif);
+int exifOrientation(std::span<const uint8_t> exif);
 
 // Orientations 5 to 8 lie on their side: the upright picture swaps width and height.
-bool SwapsSides(int orientation);
+bool swapsSides(int orientation);
 
 // Turns the stored pixels upright; leaves them alone for 1 and for unknown values.
-void TurnUpright(gdi::Surface& surface, int orientation);
+void turnUpright(gdi::Surface& surface, int orientation);
 
 }  // namespace vellumry::codecs

@@ -17,14 +17,14 @@ namespace vellumry::codecs {
 namespace {
 
 using pngio::Input;
-using pngio::OnError;
-using pngio::OnWarning;
+using pngio::onError;
+using pngio::onWarning;
 using pngio::Reader;
-using pngio::ReadFromMemory;
+using pngio::readFromMemory;
 
 constexpr uint8_t kSignature[8] = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
 
-int Channels(int colorType) {
+int channels(int colorType) {
   switch (colorType) {
     case PNG_COLOR_TYPE_GRAY_ALPHA:
       return 2;
@@ -50,38 +50,38 @@ struct Scratch {
 // Rows are read one by one into the reducer, so that a shrunk picture never holds its full
 // pixels. An interlaced picture only completes its rows in the last pass, so it is read whole
 // and shrunk after.
-void ReadRowsShrinking(png_structp png, png_uint_32 width, png_uint_32 height, int reduction,
+void readRowsShrinking(png_structp png, png_uint_32 width, png_uint_32 height, int reduction,
                        Decoded& out, Scratch& scratch) {
-  const gdi::AlphaMode alpha = out.surface.Alpha();
-  const gdi::Size size = Reduced(static_cast<int>(width), static_cast<int>(height), reduction);
+  const gdi::AlphaMode alpha = out.surface.alpha();
+  const gdi::Size size = reduced(static_cast<int>(width), static_cast<int>(height), reduction);
   out.surface = gdi::Surface(size.width, size.height, alpha);
   scratch.row.resize(width);
   scratch.reducer.emplace(out.surface, static_cast<int>(width), reduction);
   for (png_uint_32 y = 0; y < height; ++y) {
     png_read_row(png, reinterpret_cast<png_bytep>(scratch.row.data()), nullptr);
-    scratch.reducer->AddRow(scratch.row.data());
+    scratch.reducer->addRow(scratch.row.data());
   }
-  scratch.reducer->Finish();
+  scratch.reducer->finish();
 }
 
-void ReadRowsWhole(png_structp png, png_uint_32 height, int reduction, Decoded& out,
+void readRowsWhole(png_structp png, png_uint_32 height, int reduction, Decoded& out,
                    Scratch& scratch) {
   scratch.rows.resize(height);
   for (png_uint_32 y = 0; y < height; ++y) {
     scratch.rows[y] = reinterpret_cast<png_bytep>(out.surface.Row(static_cast<int>(y)));
   }
   png_read_image(png, scratch.rows.data());
-  if (reduction > 1) out.surface = Reduce(out.surface, reduction);
+  if (reduction > 1) out.surface = reduce(out.surface, reduction);
 }
 
 // The decode proper; objects it fills live in the caller.
-Stage RunDecode(Reader& r, Input& input, int reduction, Decoded& out, Scratch& scratch,
+Stage runDecode(Reader& r, Input& input, int reduction, Decoded& out, Scratch& scratch,
                 Error& error) {
   png_structp png = r.png();
   png_infop info = r.info();
   volatile Stage stage = Stage::kHeader;  // read after a jump back
   if (setjmp(png_jmpbuf(png))) return stage;
-  png_set_read_fn(png, &input, ReadFromMemory);
+  png_set_read_fn(png, &input, readFromMemory);
   // Of the ancillary chunks only tRNS matters here. libpng allocates a chunk's stated length
   // before reading it, so a broken length in a text or profile chunk would ask for gigabytes;
   // skipped unread, they cost nothing.
@@ -89,7 +89,7 @@ Stage RunDecode(Reader& r, Input& input, int reduction, Decoded& out, Scratch& s
   png_read_info(png, info);
   const png_uint_32 width = png_get_image_width(png, info);
   const png_uint_32 height = png_get_image_height(png, info);
-  if (!FitsPixelBudget(width, height)) {
+  if (!fitsPixelBudget(width, height)) {
     error = Error::kTooLarge;
     return stage;
   }
@@ -98,7 +98,7 @@ Stage RunDecode(Reader& r, Input& input, int reduction, Decoded& out, Scratch& s
       (colorType & PNG_COLOR_MASK_ALPHA) != 0 || png_get_valid(png, info, PNG_INFO_tRNS) != 0;
   out.info.width = static_cast<int>(width);
   out.info.height = static_cast<int>(height);
-  out.info.bitsPerPixel = png_get_bit_depth(png, info) * Channels(colorType);
+  out.info.bitsPerPixel = png_get_bit_depth(png, info) * channels(colorType);
   out.info.hasAlpha = alpha;
 
   png_set_expand(png);
@@ -116,11 +116,11 @@ Stage RunDecode(Reader& r, Input& input, int reduction, Decoded& out, Scratch& s
   const gdi::AlphaMode mode = alpha ? gdi::AlphaMode::kStraight : gdi::AlphaMode::kOpaque;
   stage = Stage::kRows;
   if (reduction > 1 && !interlaced) {
-    out.surface.SetAlpha(mode);
-    ReadRowsShrinking(png, width, height, reduction, out, scratch);
+    out.surface.setAlpha(mode);
+    readRowsShrinking(png, width, height, reduction, out, scratch);
   } else {
     out.surface = gdi::Surface(static_cast<int>(width), static_cast<int>(height), mode);
-    ReadRowsWhole(png, height, reduction, out, scratch);
+    readRowsWhole(png, height, reduction, out, scratch);
   }
   stage = Stage::kEnd;
   png_read_end(png, nullptr);
@@ -129,17 +129,17 @@ Stage RunDecode(Reader& r, Input& input, int reduction, Decoded& out, Scratch& s
 
 }  // namespace
 
-Expected<ImageInfo> ProbePng(std::span<const uint8_t> bytes) {
+Expected<ImageInfo> probePng(std::span<const uint8_t> bytes) {
   if (bytes.size() < 8 || std::memcmp(bytes.data(), kSignature, 8) != 0) {
     return Error::kUnknownFormat;
   }
   const gdi::ByteReader in(bytes);
-  const auto length = in.Be32(8);
-  const auto type = in.Be32(12);
-  const auto width = in.Be32(16);
-  const auto height = in.Be32(20);
-  const auto depth = in.U8(24);
-  const auto colorType = in.U8(25);
+  const auto length = in.be32(8);
+  const auto type = in.be32(12);
+  const auto width = in.be32(16);
+  const auto height = in.be32(20);
+  const auto depth = in.u8(24);
+  const auto colorType = in.u8(25);
   if (!length || !type || !width || !height || !depth || !colorType) return Error::kTruncated;
   if (*type != 0x49484452 /* IHDR */ || *length != 13 || *width == 0 || *height == 0 ||
       *width > 0x7FFFFFFF || *height > 0x7FFFFFFF) {
@@ -149,13 +149,13 @@ Expected<ImageInfo> ProbePng(std::span<const uint8_t> bytes) {
   info.format = Format::kPng;
   info.width = static_cast<int>(*width);
   info.height = static_cast<int>(*height);
-  info.bitsPerPixel = *depth * Channels(*colorType);
+  info.bitsPerPixel = *depth * channels(*colorType);
   info.hasAlpha = (*colorType & PNG_COLOR_MASK_ALPHA) != 0;
   // Walk the chunks before the image data for a transparent colour.
   uint64_t at = 8;
   for (int chunks = 0; !info.hasAlpha && chunks < 1000; ++chunks) {
-    const auto chunkLength = in.Be32(at);
-    const auto chunkType = in.Be32(at + 4);
+    const auto chunkLength = in.be32(at);
+    const auto chunkType = in.be32(at + 4);
     if (!chunkLength || !chunkType || *chunkType == 0x49444154 /* IDAT */) break;
     if (*chunkType == 0x74524E53 /* tRNS */) info.hasAlpha = true;
     at += uint64_t{*chunkLength} + 12;
@@ -163,7 +163,7 @@ Expected<ImageInfo> ProbePng(std::span<const uint8_t> bytes) {
   return info;
 }
 
-Expected<Decoded> DecodePng(std::span<const uint8_t> bytes, const Leniency& leniency,
+Expected<Decoded> decodePng(std::span<const uint8_t> bytes, const Leniency& leniency,
                             int reduction) {
   if (bytes.size() < 8 || std::memcmp(bytes.data(), kSignature, 8) != 0) {
     return Error::kUnknownFormat;
@@ -175,7 +175,7 @@ Expected<Decoded> DecodePng(std::span<const uint8_t> bytes, const Leniency& leni
   out.info.format = Format::kPng;
   Scratch scratch;
   Error error = Error::kCorrupt;
-  const Stage reached = RunDecode(reader, input, reduction, out, scratch, error);
+  const Stage reached = runDecode(reader, input, reduction, out, scratch, error);
   if (reached == Stage::kDone || (reached == Stage::kEnd && leniency.pngMissingEnd)) return out;
   if (input.position >= bytes.size()) return Error::kTruncated;
   return error;

@@ -16,7 +16,7 @@ struct Input {
   size_t position = 0;
 };
 
-inline void ReadFromMemory(png_structp png, png_bytep out, size_t length) {
+inline void readFromMemory(png_structp png, png_bytep out, size_t length) {
   auto* input = static_cast<Input*>(png_get_io_ptr(png));
   if (length > input->bytes.size() - input->position) png_error(png, "truncated");
   std::memcpy(out, input->bytes.data() + input->position, length);
@@ -24,22 +24,22 @@ inline void ReadFromMemory(png_structp png, png_bytep out, size_t length) {
 }
 
 // Collects what libpng writes, in memory.
-inline void WriteToMemory(png_structp png, png_bytep data, size_t length) {
+inline void writeToMemory(png_structp png, png_bytep data, size_t length) {
   auto* out = static_cast<std::vector<uint8_t>*>(png_get_io_ptr(png));
   out->insert(out->end(), data, data + length);
 }
-inline void FlushNothing(png_structp) {}
+inline void flushNothing(png_structp) {}
 
-inline void OnError(png_structp png, png_const_charp) { png_longjmp(png, 1); }
-inline void OnWarning(png_structp, png_const_charp) {}
+inline void onError(png_structp png, png_const_charp) { png_longjmp(png, 1); }
+inline void onWarning(png_structp, png_const_charp) {}
 
 // libpng's reading or writing structure and its info, made and destroyed together.
 template <bool kWriting>
 class Handle {
  public:
   Handle() {
-    png_ = kWriting ? png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, OnError, OnWarning)
-                    : png_create_read_struct(PNG_LIBPNG_VER_STRING, nullptr, OnError, OnWarning);
+    png_ = kWriting ? png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, onError, onWarning)
+                    : png_create_read_struct(PNG_LIBPNG_VER_STRING, nullptr, onError, onWarning);
     if (png_) info_ = png_create_info_struct(png_);
   }
   ~Handle() {

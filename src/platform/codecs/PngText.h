@@ -1,6 +1,7 @@
 #pragma once
-// The text keys of a PNG (its tEXt, zTXt and iTXt chunks), as read; EncodePng writes them. The shared thumbnail
-// cache keeps what it knows of a picture's file in them (`Thumb::URI`, `Thumb::MTime`...).
+// The text keys of a PNG (its tEXt, zTXt and iTXt chunks), as read; encodePng writes them. The
+// shared thumbnail cache keeps what it knows of a picture's file in them (`Thumb::URI`,
+// `Thumb::MTime`...).
 
 #include <cstdint>
 #include <map>
@@ -19,6 +20,6 @@ using PngTextKeys = std::map<std::string, std::string>;
 // have to be decoded to reach them, and writers put them first. kUnknownFormat for bytes that
 // aren't a PNG, kTruncated for one whose chunks before the image data don't all lie in `bytes`,
 // kCorrupt for one that breaks there otherwise.
-Expected<PngTextKeys> ReadPngText(std::span<const uint8_t> bytes);
+Expected<PngTextKeys> readPngText(std::span<const uint8_t> bytes);
 
 }  // namespace vellumry::codecs

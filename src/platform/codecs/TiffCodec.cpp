@@ -20,7 +20,7 @@ struct Input {
   uint64_t position = 0;
 };
 
-tmsize_t ReadProc(thandle_t handle, void* out, tmsize_t size) {
+tmsize_t readProc(thandle_t handle, void* out, tmsize_t size) {
   auto* in = static_cast<Input*>(handle);
   if (size <= 0 || in->position >= in->bytes.size()) return 0;
   const uint64_t n =
@@ -30,9 +30,9 @@ tmsize_t ReadProc(thandle_t handle, void* out, tmsize_t size) {
   return static_cast<tmsize_t>(n);
 }
 
-tmsize_t WriteProc(thandle_t, void*, tmsize_t) { return -1; }
+tmsize_t writeProc(thandle_t, void*, tmsize_t) { return -1; }
 
-toff_t SeekProc(thandle_t handle, toff_t offset, int whence) {
+toff_t seekProc(thandle_t handle, toff_t offset, int whence) {
   auto* in = static_cast<Input*>(handle);
   uint64_t base = 0;
   if (whence == SEEK_CUR) base = in->position;
@@ -42,26 +42,26 @@ toff_t SeekProc(thandle_t handle, toff_t offset, int whence) {
   return in->position;
 }
 
-int CloseProc(thandle_t) { return 0; }
-toff_t SizeProc(thandle_t handle) { return static_cast<Input*>(handle)->bytes.size(); }
+int closeProc(thandle_t) { return 0; }
+toff_t sizeProc(thandle_t handle) { return static_cast<Input*>(handle)->bytes.size(); }
 
-int MapProc(thandle_t handle, void** base, toff_t* size) {
+int mapProc(thandle_t handle, void** base, toff_t* size) {
   auto* in = static_cast<Input*>(handle);
   *base = const_cast<uint8_t*>(in->bytes.data());
   *size = in->bytes.size();
   return 1;
 }
 
-void UnmapProc(thandle_t, void*, toff_t) {}
+void unmapProc(thandle_t, void*, toff_t) {}
 
-int Quiet(TIFF*, void*, const char*, const char*, va_list) { return 1; }
+int quiet(TIFF*, void*, const char*, const char*, va_list) { return 1; }
 
 struct TiffCloser {
   void operator()(TIFF* tif) const { TIFFClose(tif); }
 };
 using TiffHandle = std::unique_ptr<TIFF, TiffCloser>;
 
-bool IsTiff(std::span<const uint8_t> bytes) {
+bool isTiff(std::span<const uint8_t> bytes) {
   return bytes.size() >= 4 &&
          ((bytes[0] == 'I' && bytes[1] == 'I' && bytes[2] == 42 && bytes[3] == 0) ||
           (bytes[0] == 'M' && bytes[1] == 'M' && bytes[2] == 0 && bytes[3] == 42) ||
@@ -70,14 +70,14 @@ bool IsTiff(std::span<const uint8_t> bytes) {
 }
 
 // Opens the bytes without libtiff printing anything, with its allocations capped.
-TiffHandle Open(Input& input) {
+TiffHandle open(Input& input) {
   TIFFOpenOptions* options = TIFFOpenOptionsAlloc();
   if (!options) return nullptr;
-  TIFFOpenOptionsSetErrorHandlerExtR(options, Quiet, nullptr);
-  TIFFOpenOptionsSetWarningHandlerExtR(options, Quiet, nullptr);
+  TIFFOpenOptionsSetErrorHandlerExtR(options, quiet, nullptr);
+  TIFFOpenOptionsSetWarningHandlerExtR(options, quiet, nullptr);
   TIFFOpenOptionsSetMaxSingleMemAlloc(options, static_cast<tmsize_t>(kMaxPixelBytes));
-  TIFF* tif = TIFFClientOpenExt("memory", "rm", &input, ReadProc, WriteProc, SeekProc, CloseProc,
-                                SizeProc, MapProc, UnmapProc, options);
+  TIFF* tif = TIFFClientOpenExt("memory", "rm", &input, readProc, writeProc, seekProc, closeProc,
+                                sizeProc, mapProc, unmapProc, options);
   TIFFOpenOptionsFree(options);
   return TiffHandle(tif);
 }
@@ -87,7 +87,7 @@ TiffHandle Open(Input& input) {
 constexpr uint16_t kMaxBitsPerSample = 64;
 constexpr uint16_t kMaxSamplesPerPixel = 16;
 
-Expected<ImageInfo> InfoOf(TIFF* tif) {
+Expected<ImageInfo> infoOf(TIFF* tif) {
   uint32_t width = 0, height = 0;
   uint16_t bits = 1, samples = 1, extraCount = 0;
   uint16_t* extra = nullptr;
@@ -108,7 +108,7 @@ Expected<ImageInfo> InfoOf(TIFF* tif) {
   return info;
 }
 
-uint16_t OrientationOf(TIFF* tif) {
+uint16_t orientationOf(TIFF* tif) {
   uint16_t orientation = ORIENTATION_TOPLEFT;
   TIFFGetFieldDefaulted(tif, TIFFTAG_ORIENTATION, &orientation);
   return orientation >= ORIENTATION_TOPLEFT && orientation <= ORIENTATION_LEFTBOT
@@ -116,12 +116,12 @@ uint16_t OrientationOf(TIFF* tif) {
              : ORIENTATION_TOPLEFT;
 }
 
-void MakeUpright(ImageInfo& info, int orientation) {
-  if (SwapsSides(orientation)) std::swap(info.width, info.height);
+void makeUpright(ImageInfo& info, int orientation) {
+  if (swapsSides(orientation)) std::swap(info.width, info.height);
 }
 
 // Rows that libtiff decodes in one piece: a strip, or a row of tiles.
-uint32_t BandRows(TIFF* tif, uint32_t height) {
+uint32_t rowsPerBand(TIFF* tif, uint32_t height) {
   uint32_t rows = 0;
   if (TIFFIsTiled(tif)) {
     TIFFGetField(tif, TIFFTAG_TILELENGTH, &rows);
@@ -133,7 +133,7 @@ uint32_t BandRows(TIFF* tif, uint32_t height) {
 
 // libtiff cuts one raw strip into small ones itself, so the band of a raw page says nothing of
 // what the file holds: raw pixels count only when they are there.
-bool RawPixelsInFile(TIFF* tif, const ImageInfo& info, uint64_t fileSize) {
+bool rawPixelsInFile(TIFF* tif, const ImageInfo& info, uint64_t fileSize) {
   uint16_t compression = COMPRESSION_NONE, planes = PLANARCONFIG_CONTIG, samples = 1;
   TIFFGetFieldDefaulted(tif, TIFFTAG_COMPRESSION, &compression);
   if (compression != COMPRESSION_NONE) return true;
@@ -145,20 +145,20 @@ bool RawPixelsInFile(TIFF* tif, const ImageInfo& info, uint64_t fileSize) {
 
 // A shrunk decode holds the shrunk picture and one band of full-width rows; a full one, the
 // picture alone. A page too large to decode whole must also have its raw pixels in the file.
-bool FitsWhileShrinking(TIFF* tif, const ImageInfo& info, uint64_t reduction, uint64_t fileSize) {
-  const bool fitsWhole = FitsPixelBudget(info.width, info.height);
+bool fitsWhileShrinking(TIFF* tif, const ImageInfo& info, uint64_t reduction, uint64_t fileSize) {
+  const bool fitsWhole = fitsPixelBudget(info.width, info.height);
   if (reduction == 1) return fitsWhole;
   const uint64_t width = static_cast<uint32_t>(info.width);
   const uint64_t height = static_cast<uint32_t>(info.height);
   const uint64_t shrunk =
       (width + reduction - 1) / reduction * ((height + reduction - 1) / reduction);
-  const uint64_t band = width * BandRows(tif, static_cast<uint32_t>(height));
+  const uint64_t band = width * rowsPerBand(tif, static_cast<uint32_t>(height));
   return width > 0 && height > 0 && shrunk + band <= kMaxPixelBytes / 4 &&
-         (fitsWhole || RawPixelsInFile(tif, info, fileSize));
+         (fitsWhole || rawPixelsInFile(tif, info, fileSize));
 }
 
 // libtiff packs R in the low byte; our pixels keep B there.
-void SwapRedAndBlue(std::span<uint32_t> pixels) {
+void swapRedAndBlue(std::span<uint32_t> pixels) {
   for (uint32_t& p : pixels) p = (p & 0xFF00FF00u) | ((p & 0xFFu) << 16) | ((p >> 16) & 0xFFu);
 }
 
@@ -171,9 +171,9 @@ struct RgbaImage {
 };
 
 // Reads the page band by band into a reducer, so that only one band of full-size rows is held.
-bool ReadShrinking(TIFFRGBAImage& image, int reduction, gdi::Surface& out) {
+bool readShrinking(TIFFRGBAImage& image, int reduction, gdi::Surface& out) {
   const uint32_t width = image.width, height = image.height;
-  const uint32_t bandRows = BandRows(image.tif, height);
+  const uint32_t bandRows = rowsPerBand(image.tif, height);
   std::vector<uint32_t> band(static_cast<size_t>(width) * bandRows);
   BlockReducer reducer(out, static_cast<int>(width), reduction);
   for (uint32_t top = 0; top < height; top += bandRows) {
@@ -185,48 +185,48 @@ bool ReadShrinking(TIFFRGBAImage& image, int reduction, gdi::Surface& out) {
       if (image.stoponerr) return false;
       std::fill(band.begin(), band.end(), 0);
     }
-    SwapRedAndBlue({band.data(), static_cast<size_t>(width) * rows});
-    for (uint32_t y = 0; y < rows; ++y) reducer.AddRow(&band[static_cast<size_t>(y) * width]);
+    swapRedAndBlue({band.data(), static_cast<size_t>(width) * rows});
+    for (uint32_t y = 0; y < rows; ++y) reducer.addRow(&band[static_cast<size_t>(y) * width]);
   }
-  reducer.Finish();
+  reducer.finish();
   return true;
 }
 
 }  // namespace
 
-Expected<ImageInfo> ProbeTiff(std::span<const uint8_t> bytes) {
-  if (!IsTiff(bytes)) return Error::kUnknownFormat;
+Expected<ImageInfo> probeTiff(std::span<const uint8_t> bytes) {
+  if (!isTiff(bytes)) return Error::kUnknownFormat;
   Input input{bytes};
-  const TiffHandle tif = Open(input);
+  const TiffHandle tif = open(input);
   if (!tif) return Error::kCorrupt;
-  auto info = InfoOf(tif.get());
+  auto info = infoOf(tif.get());
   if (!info) return info;
   if (info->width == 0 || info->height == 0) return Error::kCorrupt;
   // Shrunk far enough, a page is within the budget unless one band of it isn't.
-  if (!FitsPixelBudget(info->width, info->height) &&
-      !FitsWhileShrinking(tif.get(), *info, uint64_t{1} << 31, bytes.size())) {
+  if (!fitsPixelBudget(info->width, info->height) &&
+      !fitsWhileShrinking(tif.get(), *info, uint64_t{1} << 31, bytes.size())) {
     return Error::kTooLarge;
   }
   info->frameCount = static_cast<int>(std::min<tdir_t>(TIFFNumberOfDirectories(tif.get()), 0xFFFF));
-  MakeUpright(*info, OrientationOf(tif.get()));
+  makeUpright(*info, orientationOf(tif.get()));
   return info;
 }
 
-Expected<Decoded> DecodeTiff(std::span<const uint8_t> bytes, int page, const Leniency& leniency,
+Expected<Decoded> decodeTiff(std::span<const uint8_t> bytes, int page, const Leniency& leniency,
                              int reduction) {
-  if (!IsTiff(bytes)) return Error::kUnknownFormat;
+  if (!isTiff(bytes)) return Error::kUnknownFormat;
   Input input{bytes};
-  const TiffHandle tif = Open(input);
+  const TiffHandle tif = open(input);
   if (!tif) return Error::kCorrupt;
   if (page < 0 || (page > 0 && !TIFFSetDirectory(tif.get(), static_cast<tdir_t>(page)))) {
     return Error::kOutOfRange;
   }
-  const auto info = InfoOf(tif.get());
+  const auto info = infoOf(tif.get());
   if (!info) return info.error();
   Decoded out;
   out.info = *info;
   if (out.info.width == 0 || out.info.height == 0) return Error::kCorrupt;
-  if (!FitsWhileShrinking(tif.get(), out.info, static_cast<uint64_t>(reduction), bytes.size())) {
+  if (!fitsWhileShrinking(tif.get(), out.info, static_cast<uint64_t>(reduction), bytes.size())) {
     return Error::kTooLarge;
   }
   char message[1024];
@@ -235,12 +235,12 @@ Expected<Decoded> DecodeTiff(std::span<const uint8_t> bytes, int page, const Len
   const int stopOnError = leniency.tiffDamagedStrips ? 0 : 1;
   rgba.begun = TIFFRGBAImageBegin(&rgba.image, tif.get(), stopOnError, message) != 0;
   if (!rgba.begun) return Error::kUnsupported;
-  // Asking for the file's own orientation gives the rows as stored; TurnUpright does the rest,
+  // Asking for the file's own orientation gives the rows as stored; turnUpright does the rest,
   // which libtiff can't for pictures on their side.
-  const uint16_t orientation = OrientationOf(tif.get());
+  const uint16_t orientation = orientationOf(tif.get());
   rgba.image.req_orientation = orientation;
 
-  const gdi::Size size = Reduced(out.info.width, out.info.height, reduction);
+  const gdi::Size size = reduced(out.info.width, out.info.height, reduction);
   out.surface =
       gdi::Surface(size.width, size.height,
                    out.info.hasAlpha ? gdi::AlphaMode::kPremultiplied : gdi::AlphaMode::kOpaque);
@@ -249,12 +249,12 @@ Expected<Decoded> DecodeTiff(std::span<const uint8_t> bytes, int page, const Len
                           rgba.image.height)) {
       return Error::kCorrupt;
     }
-    SwapRedAndBlue(out.surface.Pixels());
-  } else if (!ReadShrinking(rgba.image, reduction, out.surface)) {
+    swapRedAndBlue(out.surface.Pixels());
+  } else if (!readShrinking(rgba.image, reduction, out.surface)) {
     return Error::kCorrupt;
   }
-  TurnUpright(out.surface, orientation);
-  MakeUpright(out.info, orientation);
+  turnUpright(out.surface, orientation);
+  makeUpright(out.info, orientation);
   return out;
 }
 

@@ -13,34 +13,34 @@ class ByteReader {
   explicit ByteReader(std::span<const uint8_t> bytes) : bytes_(bytes) {}
 
   size_t size() const { return bytes_.size(); }
-  bool Has(uint64_t offset, uint64_t length) const {
+  bool has(uint64_t offset, uint64_t length) const {
     return offset <= bytes_.size() && length <= bytes_.size() - offset;
   }
-  std::optional<uint8_t> U8(uint64_t at) const {
-    if (!Has(at, 1)) return std::nullopt;
+  std::optional<uint8_t> u8(uint64_t at) const {
+    if (!has(at, 1)) return std::nullopt;
     return bytes_[at];
   }
-  std::optional<uint16_t> Le16(uint64_t at) const {
-    if (!Has(at, 2)) return std::nullopt;
+  std::optional<uint16_t> le16(uint64_t at) const {
+    if (!has(at, 2)) return std::nullopt;
     return static_cast<uint16_t>(bytes_[at] | bytes_[at + 1] << 8);
   }
-  std::optional<uint32_t> Le32(uint64_t at) const {
-    if (!Has(at, 4)) return std::nullopt;
+  std::optional<uint32_t> le32(uint64_t at) const {
+    if (!has(at, 4)) return std::nullopt;
     return uint32_t{bytes_[at]} | uint32_t{bytes_[at + 1]} << 8 | uint32_t{bytes_[at + 2]} << 16 |
            uint32_t{bytes_[at + 3]} << 24;
   }
-  std::optional<uint16_t> Be16(uint64_t at) const {
-    if (!Has(at, 2)) return std::nullopt;
+  std::optional<uint16_t> be16(uint64_t at) const {
+    if (!has(at, 2)) return std::nullopt;
     return static_cast<uint16_t>(bytes_[at] << 8 | bytes_[at + 1]);
   }
-  std::optional<uint32_t> Be32(uint64_t at) const {
-    if (!Has(at, 4)) return std::nullopt;
+  std::optional<uint32_t> be32(uint64_t at) const {
+    if (!has(at, 4)) return std::nullopt;
     return uint32_t{bytes_[at]} << 24 | uint32_t{bytes_[at + 1]} << 16 |
            uint32_t{bytes_[at + 2]} << 8 | uint32_t{bytes_[at + 3]};
   }
   // The `length` bytes at `at`, or an empty span when they aren't all there.
-  std::span<const uint8_t> Slice(uint64_t at, uint64_t length) const {
-    if (!Has(at, length)) return {};
+  std::span<const uint8_t> slice(uint64_t at, uint64_t length) const {
+    if (!has(at, length)) return {};
     return bytes_.subspan(at, length);
   }
 

@@ -6,14 +6,14 @@
 
 namespace vellumry::gdi {
 
-IconImage ScaleIcon(const IconImage& icon, Size size) {
+IconImage scaleIcon(const IconImage& icon, Size size) {
   const Surface& colour = icon.colour;
-  if (colour.Empty() || size == colour.Dimensions() || size.width <= 0 || size.height <= 0) {
+  if (colour.empty() || size == colour.dimensions() || size.width <= 0 || size.height <= 0) {
     return icon;
   }
   IconImage scaled = icon;
-  scaled.colour = Surface(size.width, size.height, colour.Alpha());
-  StretchHalftone(scaled.colour, {0, 0, size.width, size.height}, colour,
+  scaled.colour = Surface(size.width, size.height, colour.alpha());
+  stretchHalftone(scaled.colour, {0, 0, size.width, size.height}, colour,
                   {0, 0, colour.Width(), colour.Height()});
   if (!icon.andMask.empty()) {
     scaled.andMask.assign(static_cast<size_t>(size.width) * size.height, 0);
@@ -21,7 +21,7 @@ IconImage ScaleIcon(const IconImage& icon, Size size) {
       const int sy = static_cast<int>(int64_t{y} * colour.Height() / size.height);
       for (int x = 0; x < size.width; ++x) {
         const int sx = static_cast<int>(int64_t{x} * colour.Width() / size.width);
-        scaled.andMask[static_cast<size_t>(y) * size.width + x] = icon.Masked(sx, sy) ? 1 : 0;
+        scaled.andMask[static_cast<size_t>(y) * size.width + x] = icon.masked(sx, sy) ? 1 : 0;
       }
     }
   }
@@ -30,21 +30,21 @@ IconImage ScaleIcon(const IconImage& icon, Size size) {
 
 void DrawIcon(Surface& dst, Rect target, const IconImage& icon) {
   const Surface& colour = icon.colour;
-  if (colour.Empty() || target.width <= 0 || target.height <= 0) return;
+  if (colour.empty() || target.width <= 0 || target.height <= 0) return;
   const Rect whole{0, 0, colour.Width(), colour.Height()};
-  if (icon.HasAlpha()) {
+  if (icon.hasAlpha()) {
     AlphaBlend(dst, target, colour, whole);
     return;
   }
   // Masked road: sample colour and mask at the same nearest source pixel, so edges stay crisp.
-  const Rect visible = Clip(target, dst.Width(), dst.Height());
+  const Rect visible = clip(target, dst.Width(), dst.Height());
   for (int y = visible.y; y < visible.y + visible.height; ++y) {
     const int sy = static_cast<int>(int64_t{y - target.y} * colour.Height() / target.height);
     uint32_t* out = dst.Row(y);
     for (int x = visible.x; x < visible.x + visible.width; ++x) {
       const int sx = static_cast<int>(int64_t{x - target.x} * colour.Width() / target.width);
-      const uint32_t c = colour.Pixel(sx, sy) & 0x00FFFFFFu;
-      out[x] = icon.Masked(sx, sy) ? (out[x] ^ c) : (c | 0xFF000000u);
+      const uint32_t c = colour.pixel(sx, sy) & 0x00FFFFFFu;
+      out[x] = icon.masked(sx, sy) ? (out[x] ^ c) : (c | 0xFF000000u);
     }
   }
 }

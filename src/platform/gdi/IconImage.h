@@ -19,15 +19,15 @@ struct IconImage {
   int hotspotX = 0;
   int hotspotY = 0;
 
-  bool HasAlpha() const { return colour.Alpha() == AlphaMode::kStraight; }
-  bool Masked(int x, int y) const {
+  bool hasAlpha() const { return colour.alpha() == AlphaMode::kStraight; }
+  bool masked(int x, int y) const {
     return !andMask.empty() && andMask[static_cast<size_t>(y) * colour.Width() + x] != 0;
   }
 };
 
 // `icon` at `size`: colour smoothed, mask by the nearest pixel. The same icon when it has that
 // size.
-IconImage ScaleIcon(const IconImage& icon, Size size);
+IconImage scaleIcon(const IconImage& icon, Size size);
 
 // Draws `icon` scaled into `target` of `dst`. With alpha it is blended by its alpha; without, each
 // pixel becomes (target AND mask) XOR colour, so masked pixels keep (or invert) what lies beneath.

@@ -24,16 +24,16 @@ struct LockedPixels {
 };
 
 // Converts `src` into `format`. Opaque and unknown-alpha pixels count as alpha 255.
-LockedPixels LockBits(const Surface& src, LockFormat format);
+LockedPixels lockBits(const Surface& src, LockFormat format);
 
 // `src` with its pixels in the alpha mode `to`, converted in place (pass a surface that is no
 // longer needed to spare the copy). kOpaque and kUnknown sources count as alpha 255 on the way to
 // straight or premultiplied; converting to kOpaque or kUnknown keeps the bytes as they are and only
 // changes the mode.
-Surface ConvertAlpha(Surface src, AlphaMode to);
+Surface convertAlpha(Surface src, AlphaMode to);
 
 // Single-pixel conversions with rounding to nearest.
-uint32_t Premultiply(uint32_t argb);
-uint32_t Unpremultiply(uint32_t argb);
+uint32_t premultiply(uint32_t argb);
+uint32_t unpremultiply(uint32_t argb);
 
 }  // namespace vellumry::gdi

@@ -24,21 +24,21 @@ struct Picture::Object {
   bool alphaDropped = false;
 
   ~Object() {
-    if (auto m = manager.lock()) m->Released(handle);
+    if (auto m = manager.lock()) m->released(handle);
   }
 };
 
 namespace {
 
 // Handles only need to be unique and non-zero; a process-wide counter is the one shared state.
-uint32_t NextHandle() {
+uint32_t nextHandle() {
   static std::atomic<uint32_t> next{1};
   uint32_t handle = next.fetch_add(1);
   while (handle == 0) handle = next.fetch_add(1);
   return handle;
 }
 
-bool Opaque(AlphaMode mode) { return mode == AlphaMode::kOpaque || mode == AlphaMode::kUnknown; }
+bool opaque(AlphaMode mode) { return mode == AlphaMode::kOpaque || mode == AlphaMode::kUnknown; }
 
 // Index of the table colour equal to `argb` (alpha ignored), else of the nearest one.
 class ColorMatcher {
@@ -46,15 +46,15 @@ class ColorMatcher {
   explicit ColorMatcher(const IndexedSurface::ColorTable& table) : table_(table) {
     for (int i = 255; i >= 0; --i) exact_[table[i] & 0xFFFFFFu] = static_cast<uint8_t>(i);
   }
-  uint8_t Match(uint32_t argb) const {
+  uint8_t match(uint32_t argb) const {
     const uint32_t rgb = argb & 0xFFFFFFu;
     if (auto it = exact_.find(rgb); it != exact_.end()) return it->second;
     int best = 0;
     int64_t bestDistance = INT64_MAX;
     for (int i = 0; i < 256; ++i) {
-      const int dr = RedOf(table_[i]) - RedOf(rgb);
-      const int dg = GreenOf(table_[i]) - GreenOf(rgb);
-      const int db = BlueOf(table_[i]) - BlueOf(rgb);
+      const int dr = redOf(table_[i]) - redOf(rgb);
+      const int dg = greenOf(table_[i]) - greenOf(rgb);
+      const int db = blueOf(table_[i]) - blueOf(rgb);
       const int64_t distance = int64_t{dr} * dr + int64_t{dg} * dg + int64_t{db} * db;
       if (distance < bestDistance) {
         bestDistance = distance;
@@ -75,40 +75,40 @@ Picture::Picture() = default;
 
 Picture::Picture(std::shared_ptr<Object> object) : object_(std::move(object)) {}
 
-std::shared_ptr<Picture::Object> Picture::NewObject(PictureType type, Size pixels,
+std::shared_ptr<Picture::Object> Picture::newObject(PictureType type, Size pixels,
                                                     double twipsPerPixel) {
   auto object = std::make_shared<Picture::Object>();
-  object->handle = NextHandle();
+  object->handle = nextHandle();
   object->type = type;
   object->pixelSize = pixels;
-  object->himetricWidth = PixelsToHimetric(pixels.width, twipsPerPixel);
-  object->himetricHeight = PixelsToHimetric(pixels.height, twipsPerPixel);
+  object->himetricWidth = pixelsToHimetric(pixels.width, twipsPerPixel);
+  object->himetricHeight = pixelsToHimetric(pixels.height, twipsPerPixel);
   return object;
 }
 
-Picture Picture::FromSurface(Surface pixels, double twipsPerPixel) {
-  auto object = NewObject(PictureType::kBitmap, pixels.Dimensions(), twipsPerPixel);
+Picture Picture::fromSurface(Surface pixels, double twipsPerPixel) {
+  auto object = newObject(PictureType::kBitmap, pixels.dimensions(), twipsPerPixel);
   object->bitmap = std::make_shared<const Surface>(std::move(pixels));
   return Picture(std::move(object));
 }
 
-Picture Picture::FromLazyPixels(std::shared_ptr<LazyPixels> pixels, double twipsPerPixel) {
-  if (!pixels || pixels->NaturalSize().width <= 0 || pixels->NaturalSize().height <= 0) return {};
-  auto object = NewObject(PictureType::kBitmap, pixels->NaturalSize(), twipsPerPixel);
+Picture Picture::fromLazyPixels(std::shared_ptr<LazyPixels> pixels, double twipsPerPixel) {
+  if (!pixels || pixels->naturalSize().width <= 0 || pixels->naturalSize().height <= 0) return {};
+  auto object = newObject(PictureType::kBitmap, pixels->naturalSize(), twipsPerPixel);
   object->lazy = std::move(pixels);
   return Picture(std::move(object));
 }
 
-Picture Picture::FromMetafile(std::shared_ptr<LazyPixels> drawing, PictureType type,
+Picture Picture::fromMetafile(std::shared_ptr<LazyPixels> drawing, PictureType type,
                               double twipsPerPixel) {
-  Picture picture = FromLazyPixels(std::move(drawing), twipsPerPixel);
+  Picture picture = fromLazyPixels(std::move(drawing), twipsPerPixel);
   if (picture) picture.object_->type = type;
   return picture;
 }
 
-Picture Picture::FromIcon(IconImage icon, double twipsPerPixel) {
-  if (icon.colour.Empty()) return {};
-  auto object = NewObject(PictureType::kIcon, icon.colour.Dimensions(), twipsPerPixel);
+Picture Picture::fromIcon(IconImage icon, double twipsPerPixel) {
+  if (icon.colour.empty()) return {};
+  auto object = newObject(PictureType::kIcon, icon.colour.dimensions(), twipsPerPixel);
   object->icon = std::make_shared<const IconImage>(std::move(icon));
   return Picture(std::move(object));
 }
@@ -124,78 +124,78 @@ int32_t Picture::Height() const { return object_ ? object_->himetricHeight : 0; 
 uint32_t Picture::Attributes() const {
   if (!object_) return 0;
   const bool alpha =
-      !object_->alphaDropped && ((object_->bitmap && !Opaque(object_->bitmap->Alpha())) ||
-                                 (object_->lazy && object_->lazy->HasAlpha()));
-  const bool transparent = alpha || object_->icon || Manager();
+      !object_->alphaDropped && ((object_->bitmap && !opaque(object_->bitmap->alpha())) ||
+                                 (object_->lazy && object_->lazy->hasAlpha()));
+  const bool transparent = alpha || object_->icon || manager();
   return transparent ? kPictureTransparent : 0;
 }
 
-Size Picture::PixelSize() const { return object_ ? object_->pixelSize : Size{}; }
+Size Picture::pixelSize() const { return object_ ? object_->pixelSize : Size{}; }
 
 std::shared_ptr<const Surface> Picture::Pixels(Size wanted) const {
   if (!object_) return nullptr;
   if (object_->bitmap) return object_->bitmap;
-  if (object_->lazy) return object_->lazy->PixelsFor(wanted);
+  if (object_->lazy) return object_->lazy->pixelsFor(wanted);
   return nullptr;
 }
 
-const IconImage* Picture::Icon() const { return object_ ? object_->icon.get() : nullptr; }
+const IconImage* Picture::icon() const { return object_ ? object_->icon.get() : nullptr; }
 
-std::shared_ptr<LazyPixels> Picture::Lazy() const { return object_ ? object_->lazy : nullptr; }
+std::shared_ptr<LazyPixels> Picture::lazy() const { return object_ ? object_->lazy : nullptr; }
 
 bool Picture::KeepOriginalFormat() const { return object_ && object_->original; }
 
-void Picture::KeepOriginal(std::shared_ptr<const std::vector<uint8_t>> bytes) {
+void Picture::keepOriginal(std::shared_ptr<const std::vector<uint8_t>> bytes) {
   if (object_) object_->original = std::move(bytes);
 }
 
-void Picture::DropOriginal() {
+void Picture::dropOriginal() {
   if (object_) object_->original.reset();
 }
 
-const std::vector<uint8_t>* Picture::OriginalBytes() const {
+const std::vector<uint8_t>* Picture::originalBytes() const {
   return object_ ? object_->original.get() : nullptr;
 }
 
-void Picture::SetManager(std::shared_ptr<PictureManager> manager) {
+void Picture::setManager(std::shared_ptr<PictureManager> manager) {
   if (object_) object_->manager = manager;
 }
 
-void Picture::DropAlpha() {
+void Picture::dropAlpha() {
   if (object_) object_->alphaDropped = true;
 }
 
-std::shared_ptr<PictureManager> Picture::Manager() const {
+std::shared_ptr<PictureManager> Picture::manager() const {
   return object_ ? object_->manager.lock() : nullptr;
 }
 
 void Picture::Render(Surface& target, int x, int y, int cx, int cy, int32_t xSrc, int32_t ySrc,
                      int32_t cxSrc, int32_t cySrc) const {
   const RenderArgs args{x, y, cx, cy, xSrc, ySrc, cxSrc, cySrc};
-  if (auto manager = Manager(); manager && manager->Render(*this, target, args)) return;
-  Draw(target, args, true);
+  if (auto m = manager(); m && m->Render(*this, target, args)) return;
+  draw(target, args, true);
 }
 
-void Picture::RenderPlain(Surface& target, const RenderArgs& args) const {
-  Draw(target, args, true);
+void Picture::renderPlain(Surface& target, const RenderArgs& args) const {
+  draw(target, args, true);
 }
 
 void Picture::Render(IndexedSurface& target, int x, int y, int cx, int cy, int32_t xSrc,
                      int32_t ySrc, int32_t cxSrc, int32_t cySrc) const {
-  if (!object_ || target.Empty()) return;
-  const Surface before = target.ToSurface();
+  if (!object_ || target.empty()) return;
+  const Surface before = target.toSurface();
   Surface canvas = before;
-  Draw(canvas, {x, y, cx, cy, xSrc, ySrc, cxSrc, cySrc}, false);
-  const ColorMatcher matcher(target.Colors());
+  draw(canvas, {x, y, cx, cy, xSrc, ySrc, cxSrc, cySrc}, false);
+  const ColorMatcher matcher(target.colors());
   for (int row = 0; row < target.Height(); ++row) {
     for (int col = 0; col < target.Width(); ++col) {
-      const uint32_t drawn = canvas.Pixel(col, row);
-      if (drawn != before.Pixel(col, row)) target.SetIndex(col, row, matcher.Match(drawn));
+      const uint32_t drawn = canvas.pixel(col, row);
+      if (drawn != before.pixel(col, row)) target.setIndex(col, row, matcher.match(drawn));
     }
   }
 }
 
-void Picture::Draw(Surface& target, const RenderArgs& a, bool smooth) const {
+void Picture::draw(Surface& target, const RenderArgs& a, bool smooth) const {
   if (!object_ || a.cx == 0 || a.cy == 0) return;
   const Rect dest{a.x, a.y, a.cx, a.cy};
   if (object_->icon) {
@@ -226,18 +226,18 @@ void Picture::Draw(Surface& target, const RenderArgs& a, bool smooth) const {
       needed(static_cast<double>(natural.width) * std::abs(a.cx) / std::abs(width)),
       needed(static_cast<double>(natural.height) * std::abs(a.cy) / std::abs(height))};
   const auto pixels = Pixels(wanted);
-  if (!pixels || pixels->Empty()) return;
+  if (!pixels || pixels->empty()) return;
   const double sx = static_cast<double>(pixels->Width()) / natural.width;
   const double sy = static_cast<double>(pixels->Height()) / natural.height;
   const Rect source{
       static_cast<int>(std::lround(left * sx)), static_cast<int>(std::lround(top * sy)),
       static_cast<int>(std::lround(width * sx)), static_cast<int>(std::lround(height * sy))};
-  if (!Opaque(pixels->Alpha()) && !object_->alphaDropped) {
+  if (!opaque(pixels->alpha()) && !object_->alphaDropped) {
     AlphaBlend(target, dest, *pixels, source);
   } else if (smooth) {
-    StretchHalftone(target, dest, *pixels, source);
+    stretchHalftone(target, dest, *pixels, source);
   } else {
-    StretchNearest(target, dest, *pixels, source);
+    stretchNearest(target, dest, *pixels, source);
   }
 }
 

@@ -47,7 +47,7 @@ class PictureManager {
   virtual bool Render(const Picture& picture, Surface& target, const RenderArgs& args) = 0;
   // The last reference to the picture whose Handle() was `handle` went away. Called on the thread
   // that dropped it; the picture can't be reached any more.
-  virtual void Released(uint32_t handle) = 0;
+  virtual void released(uint32_t handle) = 0;
 };
 
 // The picture object of the system: a counted reference. Copies share one object; the last one to
@@ -57,19 +57,19 @@ class Picture {
   Picture();
   // A bitmap picture over `pixels`. Natural size from the pixel size at `twipsPerPixel`. Empty
   // pixels make a picture all the same, of no size, that draws nothing.
-  static Picture FromSurface(Surface pixels, double twipsPerPixel = 15);
+  static Picture fromSurface(Surface pixels, double twipsPerPixel = 15);
   // A bitmap picture whose pixels are decoded when first drawn, at the size they are drawn.
-  static Picture FromLazyPixels(std::shared_ptr<LazyPixels> pixels, double twipsPerPixel = 15);
-  static Picture FromIcon(IconImage icon, double twipsPerPixel = 15);
+  static Picture fromLazyPixels(std::shared_ptr<LazyPixels> pixels, double twipsPerPixel = 15);
+  static Picture fromIcon(IconImage icon, double twipsPerPixel = 15);
   // A metafile (kMetafile or kEnhancedMetafile) whose drawing is played when first drawn, at the
   // size it is drawn, by `drawing`.
-  static Picture FromMetafile(std::shared_ptr<LazyPixels> drawing, PictureType type,
+  static Picture fromMetafile(std::shared_ptr<LazyPixels> drawing, PictureType type,
                               double twipsPerPixel = 15);
 
-  bool IsNothing() const { return object_ == nullptr; }
+  bool isNothing() const { return object_ == nullptr; }
   explicit operator bool() const { return object_ != nullptr; }
   // True when both refer to the same object (or both are empty).
-  bool SameObject(const Picture& other) const { return object_ == other.object_; }
+  bool sameObject(const Picture& other) const { return object_ == other.object_; }
 
   // Non-zero while the picture holds something, unique within the process.
   uint32_t Handle() const;
@@ -81,21 +81,21 @@ class Picture {
   uint32_t Attributes() const;
 
   // Natural size in pixels.
-  Size PixelSize() const;
+  Size pixelSize() const;
   // Bitmap pixels covering at least `wanted` (0 x 0: full size), a metafile's drawing at that
   // size; null for icons or when the file can't be decoded.
   std::shared_ptr<const Surface> Pixels(Size wanted = {}) const;
   // The icon image of an icon picture, else null.
-  const IconImage* Icon() const;
+  const IconImage* icon() const;
   // The lazily decoded pixels of a bitmap picture, else null; lets pixels be decoded ahead
   // without holding the picture itself.
-  std::shared_ptr<LazyPixels> Lazy() const;
+  std::shared_ptr<LazyPixels> lazy() const;
 
   // Source bytes kept with the picture, to be saved as they are.
   bool KeepOriginalFormat() const;
-  void KeepOriginal(std::shared_ptr<const std::vector<uint8_t>> bytes);
-  void DropOriginal();
-  const std::vector<uint8_t>* OriginalBytes() const;
+  void keepOriginal(std::shared_ptr<const std::vector<uint8_t>> bytes);
+  void dropOriginal();
+  const std::vector<uint8_t>* originalBytes() const;
 
   // Draws the picture (see RenderArgs). Through the manager when it has one that accepts; else
   // bitmaps are stretched with halftone quality (blended when they carry alpha) and icons drawn
@@ -108,18 +108,18 @@ class Picture {
   void Render(IndexedSurface& target, int x, int y, int cx, int cy, int32_t xSrc, int32_t ySrc,
               int32_t cxSrc, int32_t cySrc) const;
   // The drawing without a manager, for managers that want it.
-  void RenderPlain(Surface& target, const RenderArgs& args) const;
+  void renderPlain(Surface& target, const RenderArgs& args) const;
 
-  void SetManager(std::shared_ptr<PictureManager> manager);
+  void setManager(std::shared_ptr<PictureManager> manager);
   // From now on the picture draws as a plain bitmap: the fourth byte of its pixels is ignored.
-  void DropAlpha();
-  std::shared_ptr<PictureManager> Manager() const;
+  void dropAlpha();
+  std::shared_ptr<PictureManager> manager() const;
 
  private:
   struct Object;
   explicit Picture(std::shared_ptr<Object> object);
-  static std::shared_ptr<Object> NewObject(PictureType type, Size pixels, double twipsPerPixel);
-  void Draw(Surface& target, const RenderArgs& args, bool smooth) const;
+  static std::shared_ptr<Object> newObject(PictureType type, Size pixels, double twipsPerPixel);
+  void draw(Surface& target, const RenderArgs& args, bool smooth) const;
 
   std::shared_ptr<Object> object_;
 };

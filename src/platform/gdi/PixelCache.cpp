@@ -6,12 +6,12 @@ namespace vellumry::gdi {
 
 PixelCache::PixelCache(size_t budgetBytes) : budget_(budgetBytes) {}
 
-uint64_t PixelCache::NewOwner() {
+uint64_t PixelCache::newOwner() {
   std::lock_guard lock(mutex_);
   return nextOwner_++;
 }
 
-std::shared_ptr<const Surface> PixelCache::Find(uint64_t owner, Size size) {
+std::shared_ptr<const Surface> PixelCache::find(uint64_t owner, Size size) {
   std::lock_guard lock(mutex_);
   const auto it = entries_.find({owner, size.width, size.height});
   if (it == entries_.end()) return nullptr;
@@ -19,32 +19,32 @@ std::shared_ptr<const Surface> PixelCache::Find(uint64_t owner, Size size) {
   return it->second.pixels;
 }
 
-void PixelCache::Insert(uint64_t owner, Size size, std::shared_ptr<const Surface> pixels) {
-  if (!pixels || pixels->ByteSize() > budget_) return;
+void PixelCache::insert(uint64_t owner, Size size, std::shared_ptr<const Surface> pixels) {
+  if (!pixels || pixels->byteSize() > budget_) return;
   std::lock_guard lock(mutex_);
   const Key key{owner, size.width, size.height};
-  if (auto it = entries_.find(key); it != entries_.end()) Drop(it);
-  while (used_ + pixels->ByteSize() > budget_ && !ages_.empty()) {
-    Drop(entries_.find(ages_.back()));
+  if (auto it = entries_.find(key); it != entries_.end()) drop(it);
+  while (used_ + pixels->byteSize() > budget_ && !ages_.empty()) {
+    drop(entries_.find(ages_.back()));
   }
-  used_ += pixels->ByteSize();
+  used_ += pixels->byteSize();
   ages_.push_front(key);
   entries_.emplace(key, Entry{std::move(pixels), ages_.begin()});
 }
 
-void PixelCache::Forget(uint64_t owner) {
+void PixelCache::forget(uint64_t owner) {
   std::lock_guard lock(mutex_);
   auto it = entries_.lower_bound({owner, INT_MIN, INT_MIN});
-  while (it != entries_.end() && it->first.owner == owner) Drop(it++);
+  while (it != entries_.end() && it->first.owner == owner) drop(it++);
 }
 
-size_t PixelCache::BytesInUse() const {
+size_t PixelCache::bytesInUse() const {
   std::lock_guard lock(mutex_);
   return used_;
 }
 
-void PixelCache::Drop(std::map<Key, Entry>::iterator it) {
-  used_ -= it->second.pixels->ByteSize();
+void PixelCache::drop(std::map<Key, Entry>::iterator it) {
+  used_ -= it->second.pixels->byteSize();
   ages_.erase(it->second.age);
   entries_.erase(it);
 }

@@ -11,7 +11,7 @@
 namespace vellumry::gdi {
 
 // Decoded pixels of many pictures, kept within a memory budget and dropped least recently used
-// first. Entries are keyed by an owner (one per picture source, from NewOwner) and a pixel size.
+// first. Entries are keyed by an owner (one per picture source, from newOwner) and a pixel size.
 // Safe to use from several threads. Surfaces handed out stay valid after eviction, since the
 // cache only drops its own reference.
 class PixelCache {
@@ -20,18 +20,18 @@ class PixelCache {
   PixelCache(const PixelCache&) = delete;
   PixelCache& operator=(const PixelCache&) = delete;
 
-  uint64_t NewOwner();
+  uint64_t newOwner();
 
   // The cached pixels of `owner` at `size`, or null.
-  std::shared_ptr<const Surface> Find(uint64_t owner, Size size);
+  std::shared_ptr<const Surface> find(uint64_t owner, Size size);
   // Stores `pixels`, evicting older entries to stay within the budget. Pixels larger than the
   // whole budget are not kept.
-  void Insert(uint64_t owner, Size size, std::shared_ptr<const Surface> pixels);
+  void insert(uint64_t owner, Size size, std::shared_ptr<const Surface> pixels);
   // Drops every entry of `owner`.
-  void Forget(uint64_t owner);
+  void forget(uint64_t owner);
 
-  size_t BytesInUse() const;
-  size_t Budget() const { return budget_; }
+  size_t bytesInUse() const;
+  size_t budget() const { return budget_; }
 
  private:
   struct Key {
@@ -45,7 +45,7 @@ class PixelCache {
     std::list<Key>::iterator age;
   };
 
-  void Drop(std::map<Key, Entry>::iterator it);
+  void drop(std::map<Key, Entry>::iterator it);
 
   const size_t budget_;
   mutable std::mutex mutex_;

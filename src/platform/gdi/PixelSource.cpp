@@ -10,24 +10,24 @@ constexpr size_t kOwnCacheBudget = 64u << 20;
 LazyPixels::LazyPixels(std::unique_ptr<ScaledDecoder> decoder, std::shared_ptr<PixelCache> cache)
     : decoder_(std::move(decoder)),
       cache_(cache ? std::move(cache) : std::make_shared<PixelCache>(kOwnCacheBudget)),
-      owner_(cache_->NewOwner()) {}
+      owner_(cache_->newOwner()) {}
 
-LazyPixels::~LazyPixels() { cache_->Forget(owner_); }
+LazyPixels::~LazyPixels() { cache_->forget(owner_); }
 
-std::shared_ptr<const Surface> LazyPixels::PixelsFor(Size wanted) {
+std::shared_ptr<const Surface> LazyPixels::pixelsFor(Size wanted) {
   if (failed_) return nullptr;
-  const Size native = decoder_->NativeSizeFor(wanted);
-  if (auto hit = cache_->Find(owner_, native)) return hit;
+  const Size native = decoder_->nativeSizeFor(wanted);
+  if (auto hit = cache_->find(owner_, native)) return hit;
   // One decode at a time per picture, so that two threads asking at once decode it once.
   std::lock_guard lock(decodeMutex_);
-  if (auto hit = cache_->Find(owner_, native)) return hit;
-  std::optional<Surface> decoded = decoder_->Decode(native);
+  if (auto hit = cache_->find(owner_, native)) return hit;
+  std::optional<Surface> decoded = decoder_->decode(native);
   if (!decoded) {
     failed_ = true;
     return nullptr;
   }
   auto pixels = std::make_shared<const Surface>(std::move(*decoded));
-  cache_->Insert(owner_, native, pixels);
+  cache_->insert(owner_, native, pixels);
   return pixels;
 }
 

@@ -16,14 +16,14 @@ class ScaledDecoder {
  public:
   virtual ~ScaledDecoder() = default;
   // Full size in pixels, known without decoding.
-  virtual Size NaturalSize() const = 0;
+  virtual Size naturalSize() const = 0;
   // Whether the pixels carry alpha, known without decoding.
-  virtual bool HasAlpha() const = 0;
+  virtual bool hasAlpha() const = 0;
   // The smallest size the decoder produces directly that covers `wanted` in both directions, or
   // the natural size when none is smaller. A 0 in `wanted` means the natural size.
-  virtual Size NativeSizeFor(Size wanted) const = 0;
-  // Pixels at `native` (a value NativeSizeFor gave), or nothing when the data can't be decoded.
-  virtual std::optional<Surface> Decode(Size native) const = 0;
+  virtual Size nativeSizeFor(Size wanted) const = 0;
+  // Pixels at `native` (a value nativeSizeFor gave), or nothing when the data can't be decoded.
+  virtual std::optional<Surface> decode(Size native) const = 0;
 };
 
 // A picture's pixels, decoded on first need at the size they are drawn and kept in a PixelCache.
@@ -36,12 +36,12 @@ class LazyPixels {
   LazyPixels(const LazyPixels&) = delete;
   LazyPixels& operator=(const LazyPixels&) = delete;
 
-  Size NaturalSize() const { return decoder_->NaturalSize(); }
-  bool HasAlpha() const { return decoder_->HasAlpha(); }
+  Size naturalSize() const { return decoder_->naturalSize(); }
+  bool hasAlpha() const { return decoder_->hasAlpha(); }
 
   // Pixels covering at least `wanted` (0 x 0: full size), possibly larger; null when decoding
   // failed, which is remembered so that a bad file is decoded only once.
-  std::shared_ptr<const Surface> PixelsFor(Size wanted);
+  std::shared_ptr<const Surface> pixelsFor(Size wanted);
 
  private:
   std::unique_ptr<ScaledDecoder> decoder_;

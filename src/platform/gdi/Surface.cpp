@@ -6,7 +6,7 @@ namespace vellumry::gdi {
 
 namespace {
 
-QImage::Format QtFormat(AlphaMode alpha) {
+QImage::Format qtFormat(AlphaMode alpha) {
   switch (alpha) {
     case AlphaMode::kStraight:
       return QImage::Format_ARGB32;
@@ -27,16 +27,16 @@ Surface::Surface(int width, int height, AlphaMode alpha)
       alpha_(alpha),
       pixels_(static_cast<size_t>(width_) * height_, 0u) {}
 
-QImage Surface::View() {
-  if (Empty()) return {};
+QImage Surface::view() {
+  if (empty()) return {};
   return QImage(reinterpret_cast<uchar*>(pixels_.data()), width_, height_, width_ * 4,
-                QtFormat(alpha_));
+                qtFormat(alpha_));
 }
 
-QImage Surface::View() const {
-  if (Empty()) return {};
+QImage Surface::view() const {
+  if (empty()) return {};
   return QImage(reinterpret_cast<const uchar*>(pixels_.data()), width_, height_, width_ * 4,
-                QtFormat(alpha_));
+                qtFormat(alpha_));
 }
 
 IndexedSurface::IndexedSurface(int width, int height)
@@ -44,7 +44,7 @@ IndexedSurface::IndexedSurface(int width, int height)
       height_(std::max(height, 0)),
       indices_(static_cast<size_t>(width_) * height_, 0) {}
 
-Surface IndexedSurface::ToSurface() const {
+Surface IndexedSurface::toSurface() const {
   Surface out(width_, height_, AlphaMode::kOpaque);
   for (int y = 0; y < height_; ++y) {
     const uint8_t* in = Row(y);
@@ -54,13 +54,13 @@ Surface IndexedSurface::ToSurface() const {
   return out;
 }
 
-IndexedSurface::ColorTable IndexedSurface::IdentityTable() {
+IndexedSurface::ColorTable IndexedSurface::identityTable() {
   ColorTable table{};
   for (uint32_t i = 0; i < table.size(); ++i) table[i] = i;
   return table;
 }
 
-Rect Clip(Rect rect, int width, int height) {
+Rect clip(Rect rect, int width, int height) {
   const int left = std::max(rect.x, 0);
   const int top = std::max(rect.y, 0);
   const int right = std::min<int64_t>(int64_t{rect.x} + rect.width, width);

@@ -35,13 +35,13 @@ enum class AlphaMode {
 };
 
 // Pixel value as a 32-bit number: 0xAARRGGBB, so that in memory a pixel is B, G, R, A.
-constexpr uint32_t Argb(uint8_t a, uint8_t r, uint8_t g, uint8_t b) {
+constexpr uint32_t argb(uint8_t a, uint8_t r, uint8_t g, uint8_t b) {
   return (uint32_t{a} << 24) | (uint32_t{r} << 16) | (uint32_t{g} << 8) | b;
 }
-constexpr uint8_t AlphaOf(uint32_t p) { return static_cast<uint8_t>(p >> 24); }
-constexpr uint8_t RedOf(uint32_t p) { return static_cast<uint8_t>(p >> 16); }
-constexpr uint8_t GreenOf(uint32_t p) { return static_cast<uint8_t>(p >> 8); }
-constexpr uint8_t BlueOf(uint32_t p) { return static_cast<uint8_t>(p); }
+constexpr uint8_t alphaOf(uint32_t p) { return static_cast<uint8_t>(p >> 24); }
+constexpr uint8_t redOf(uint32_t p) { return static_cast<uint8_t>(p >> 16); }
+constexpr uint8_t greenOf(uint32_t p) { return static_cast<uint8_t>(p >> 8); }
+constexpr uint8_t blueOf(uint32_t p) { return static_cast<uint8_t>(p); }
 
 // A 32-bit top-down pixel surface, rows without padding. Owns its pixels; copying copies them.
 // Callers that size a surface from untrusted input check their budget before constructing.
@@ -53,23 +53,23 @@ class Surface {
 
   int Width() const { return width_; }
   int Height() const { return height_; }
-  Size Dimensions() const { return {width_, height_}; }
-  bool Empty() const { return width_ == 0 || height_ == 0; }
-  AlphaMode Alpha() const { return alpha_; }
-  void SetAlpha(AlphaMode alpha) { alpha_ = alpha; }
-  size_t ByteSize() const { return pixels_.size() * sizeof(uint32_t); }
+  Size dimensions() const { return {width_, height_}; }
+  bool empty() const { return width_ == 0 || height_ == 0; }
+  AlphaMode alpha() const { return alpha_; }
+  void setAlpha(AlphaMode alpha) { alpha_ = alpha; }
+  size_t byteSize() const { return pixels_.size() * sizeof(uint32_t); }
 
   uint32_t* Row(int y) { return pixels_.data() + static_cast<size_t>(y) * width_; }
   const uint32_t* Row(int y) const { return pixels_.data() + static_cast<size_t>(y) * width_; }
-  uint32_t Pixel(int x, int y) const { return Row(y)[x]; }
-  void SetPixel(int x, int y, uint32_t argb) { Row(y)[x] = argb; }
+  uint32_t pixel(int x, int y) const { return Row(y)[x]; }
+  void setPixel(int x, int y, uint32_t argb) { Row(y)[x] = argb; }
   std::span<uint32_t> Pixels() { return pixels_; }
   std::span<const uint32_t> Pixels() const { return pixels_; }
 
-  // A QImage over these pixels (no copy), in the format that matches Alpha(). Valid while the
+  // A QImage over these pixels (no copy), in the format that matches alpha(). Valid while the
   // surface lives and isn't resized.
-  QImage View();
-  QImage View() const;
+  QImage view();
+  QImage view() const;
 
  private:
   int width_ = 0;
@@ -89,21 +89,21 @@ class IndexedSurface {
 
   int Width() const { return width_; }
   int Height() const { return height_; }
-  bool Empty() const { return width_ == 0 || height_ == 0; }
+  bool empty() const { return width_ == 0 || height_ == 0; }
 
   uint8_t* Row(int y) { return indices_.data() + static_cast<size_t>(y) * width_; }
   const uint8_t* Row(int y) const { return indices_.data() + static_cast<size_t>(y) * width_; }
   uint8_t Index(int x, int y) const { return Row(y)[x]; }
-  void SetIndex(int x, int y, uint8_t index) { Row(y)[x] = index; }
+  void setIndex(int x, int y, uint8_t index) { Row(y)[x] = index; }
 
-  const ColorTable& Colors() const { return colors_; }
-  void SetColors(const ColorTable& table) { colors_ = table; }
+  const ColorTable& colors() const { return colors_; }
+  void setColors(const ColorTable& table) { colors_ = table; }
 
   // The pixels looked up through the table, opaque.
-  Surface ToSurface() const;
+  Surface toSurface() const;
 
   // Entry i = (0, 0, i): a surface with this table keeps raw indices when colours are drawn in.
-  static ColorTable IdentityTable();
+  static ColorTable identityTable();
 
  private:
   int width_ = 0;
@@ -113,6 +113,6 @@ class IndexedSurface {
 };
 
 // `rect` cut to the bounds of a width x height area; an empty rect when nothing is left.
-Rect Clip(Rect rect, int width, int height);
+Rect clip(Rect rect, int width, int height);
 
 }  // namespace vellumry::gdi

@@ -17,7 +17,7 @@ namespace {
 
 constexpr uint32_t kStockObject = 0x80000000;
 
-GdiObject StockObject(uint32_t which) {
+GdiObject stockObject(uint32_t which) {
   switch (which) {
     case 0:
     case 1:
@@ -53,18 +53,18 @@ GdiObject StockObject(uint32_t which) {
   }
 }
 
-GdiObject Font(const Params& p) {
+GdiObject font(const Params& p) {
   GdiObject object{GdiObject::Kind::kFont};
   FontSpec& font = object.font;
-  font.height = p.S32(12);
-  font.escapement = p.S32(20);
-  font.weight = p.S32(28);
-  font.italic = p.U8(32);
-  font.underline = p.U8(33);
-  font.strikeOut = p.U8(34);
-  font.charset = p.U8(35);
+  font.height = p.s32(12);
+  font.escapement = p.s32(20);
+  font.weight = p.s32(28);
+  font.italic = p.u8(32);
+  font.underline = p.u8(33);
+  font.strikeOut = p.u8(34);
+  font.charset = p.u8(35);
   for (uint64_t i = 0; i < 32; ++i) {
-    const uint16_t unit = p.U16(40 + i * 2);
+    const uint16_t unit = p.u16(40 + i * 2);
     if (unit == 0) break;
     font.face += QChar(unit);
   }
@@ -73,129 +73,129 @@ GdiObject Font(const Params& p) {
 
 }  // namespace
 
-void Player::Select(uint32_t index) {
-  const GdiObject stock = index & kStockObject ? StockObject(index & ~kStockObject) : GdiObject{};
-  const GdiObject* object = index & kStockObject ? &stock : objects_.Get(index);
-  if (object) canvas_.Select(*object);
+void Player::select(uint32_t index) {
+  const GdiObject stock = index & kStockObject ? stockObject(index & ~kStockObject) : GdiObject{};
+  const GdiObject* object = index & kStockObject ? &stock : objects_.get(index);
+  if (object) canvas_.select(*object);
 }
 
-void Player::State(const Params& p, EmfRecord record) {
+void Player::state(const Params& p, EmfRecord record) {
   DcState& dc = canvas_.dc();
   switch (record) {
     case R::EMR_SETWINDOWEXTEX:
-      dc.windowExt = Size32(p, 8);
+      dc.windowExt = size32(p, 8);
       return;
     case R::EMR_SETWINDOWORGEX:
-      dc.windowOrg = Point32(p, 8);
+      dc.windowOrg = point32(p, 8);
       return;
     case R::EMR_SETVIEWPORTEXTEX:
-      dc.viewportExt = Size32(p, 8);
+      dc.viewportExt = size32(p, 8);
       return;
     case R::EMR_SETVIEWPORTORGEX:
-      dc.viewportOrg = Point32(p, 8);
+      dc.viewportOrg = point32(p, 8);
       return;
     case R::EMR_SETMAPMODE:
-      dc.mapMode = p.S32(8);
+      dc.mapMode = p.s32(8);
       return;
     case R::EMR_SETBKMODE:
-      dc.opaqueBackground = p.U32(8) == 2;
+      dc.opaqueBackground = p.u32(8) == 2;
       return;
     case R::EMR_SETPOLYFILLMODE:
-      dc.fillRule = p.U32(8) == 2 ? Qt::WindingFill : Qt::OddEvenFill;
+      dc.fillRule = p.u32(8) == 2 ? Qt::WindingFill : Qt::OddEvenFill;
       return;
     case R::EMR_SETTEXTALIGN:
-      dc.textAlign = p.U32(8);
+      dc.textAlign = p.u32(8);
       return;
     case R::EMR_SETTEXTCOLOR:
-      dc.textColor = ColorRef(p.U32(8));
+      dc.textColor = colorRef(p.u32(8));
       return;
     case R::EMR_SETBKCOLOR:
-      dc.bkColor = ColorRef(p.U32(8));
+      dc.bkColor = colorRef(p.u32(8));
       return;
     case R::EMR_SETARCDIRECTION:
-      dc.clockwiseArcs = p.U32(8) == 2;
+      dc.clockwiseArcs = p.u32(8) == 2;
       return;
     case R::EMR_SAVEDC:
       return canvas_.SaveDc();
     case R::EMR_RESTOREDC:
-      return canvas_.RestoreDc(p.S32(8));
+      return canvas_.RestoreDc(p.s32(8));
     default:
       return;
   }
 }
 
-void Player::Transform(const Params& p, EmfRecord record) {
+void Player::transform(const Params& p, EmfRecord record) {
   DcState& dc = canvas_.dc();
   if (record == R::EMR_SCALEVIEWPORTEXTEX || record == R::EMR_SCALEWINDOWEXTEX) {
     // x numerator, x denominator, y numerator, y denominator
-    if (p.S32(12) == 0 || p.S32(20) == 0) return;
+    if (p.s32(12) == 0 || p.s32(20) == 0) return;
     QSizeF& extent = record == R::EMR_SCALEVIEWPORTEXTEX ? dc.viewportExt : dc.windowExt;
-    extent = QSizeF(extent.width() * p.S32(8) / p.S32(12), extent.height() * p.S32(16) / p.S32(20));
+    extent = QSizeF(extent.width() * p.s32(8) / p.s32(12), extent.height() * p.s32(16) / p.s32(20));
     return;
   }
-  const QTransform given(p.F32(8), p.F32(12), p.F32(16), p.F32(20), p.F32(24), p.F32(28));
+  const QTransform given(p.f32(8), p.f32(12), p.f32(16), p.f32(20), p.f32(24), p.f32(28));
   if (!given.isInvertible() || !std::isfinite(given.determinant())) return;
-  const uint32_t mode = record == R::EMR_SETWORLDTRANSFORM ? 4 : p.U32(32);
+  const uint32_t mode = record == R::EMR_SETWORLDTRANSFORM ? 4 : p.u32(32);
   if (mode == 1) dc.world = QTransform();
   if (mode == 2) dc.world = given * dc.world;
   if (mode == 3) dc.world = dc.world * given;
   if (mode == 4) dc.world = given;
 }
 
-void Player::Clipping(const Params& p, EmfRecord record) {
+void Player::clipping(const Params& p, EmfRecord record) {
   switch (record) {
     case R::EMR_OFFSETCLIPRGN:
-      return canvas_.OffsetClip(Point32(p, 8));
+      return canvas_.OffsetClip(point32(p, 8));
     case R::EMR_EXCLUDECLIPRECT:
-      return canvas_.ExcludeClip(Box32(p, 8));
+      return canvas_.ExcludeClip(box32(p, 8));
     case R::EMR_INTERSECTCLIPRECT:
-      return canvas_.IntersectClip(Box32(p, 8));
+      return canvas_.IntersectClip(box32(p, 8));
     case R::EMR_EXTSELECTCLIPRGN:
-      return canvas_.SelectClip(Region(p, 16, p.U32(8)), RegionMode(p.U32(12)));
+      return canvas_.SelectClip(readRegion(p, 16, p.u32(8)), regionMode(p.u32(12)));
     default:
       return;
   }
 }
 
-void Player::Objects(const Params& p, EmfRecord record) {
+void Player::objects(const Params& p, EmfRecord record) {
   switch (record) {
     case R::EMR_SELECTOBJECT:
-      return Select(p.U32(8));
+      return select(p.u32(8));
     case R::EMR_CREATEPEN: {
       GdiObject pen{GdiObject::Kind::kPen};
-      pen.pen = {static_cast<int>(p.U32(12)), static_cast<double>(p.S32(16)), ColorRef(p.U32(24))};
-      objects_.Put(p.U32(8), pen);
+      pen.pen = {static_cast<int>(p.u32(12)), static_cast<double>(p.s32(16)), colorRef(p.u32(24))};
+      objects_.put(p.u32(8), pen);
       return;
     }
     case R::EMR_EXTCREATEPEN: {  // a pen with its brush described in place
       GdiObject pen{GdiObject::Kind::kPen};
-      pen.pen = {static_cast<int>(p.U32(28)), static_cast<double>(p.U32(32)), ColorRef(p.U32(40))};
-      if (p.U32(36) == 1) pen.pen.style = 5;  // a hollow brush draws nothing
-      objects_.Put(p.U32(8), pen);
+      pen.pen = {static_cast<int>(p.u32(28)), static_cast<double>(p.u32(32)), colorRef(p.u32(40))};
+      if (p.u32(36) == 1) pen.pen.style = 5;  // a hollow brush draws nothing
+      objects_.put(p.u32(8), pen);
       return;
     }
     case R::EMR_CREATEBRUSHINDIRECT: {
       GdiObject brush{GdiObject::Kind::kBrush};
-      brush.brush = StyledBrush(p.U32(12), ColorRef(p.U32(16)), p.U32(20));
-      objects_.Put(p.U32(8), brush);
+      brush.brush = styledBrush(p.u32(12), colorRef(p.u32(16)), p.u32(20));
+      objects_.put(p.u32(8), brush);
       return;
     }
     case R::EMR_CREATEMONOBRUSH:
     case R::EMR_CREATEDIBPATTERNBRUSHPT: {
       GdiObject brush{GdiObject::Kind::kBrush};
-      const auto pattern = dibs_(p.reader(), p.U32(16), p.U32(24), p.U32(28));
-      brush.brush = pattern ? PatternBrush(*pattern) : QBrush(Qt::gray);
-      objects_.Put(p.U32(8), brush);
+      const auto pattern = dibs_(p.reader(), p.u32(16), p.u32(24), p.u32(28));
+      brush.brush = pattern ? patternBrush(*pattern) : QBrush(Qt::gray);
+      objects_.put(p.u32(8), brush);
       return;
     }
     case R::EMR_EXTCREATEFONTINDIRECTW:
-      objects_.Put(p.U32(8), Font(p));
+      objects_.put(p.u32(8), font(p));
       return;
     case R::EMR_CREATEPALETTE:
-      objects_.Put(p.U32(8), {GdiObject::Kind::kPalette});
+      objects_.put(p.u32(8), {GdiObject::Kind::kPalette});
       return;
     case R::EMR_DELETEOBJECT:
-      return objects_.Delete(p.U32(8));
+      return objects_.remove(p.u32(8));
     default:
       return;
   }
@@ -203,45 +203,45 @@ void Player::Objects(const Params& p, EmfRecord record) {
 
 // Which family plays each record: comments (EMF+ among them), records without a drawing of their
 // own, and those left unplayed have none.
-Player::Family Player::FamilyOf(EmfRecord record) {
+Player::Family Player::familyOf(EmfRecord record) {
   static const RecordTable<EmfRecord, Family> families = {
-      {&Player::Lines,
+      {&Player::lines,
        {R::EMR_POLYBEZIER, R::EMR_POLYGON, R::EMR_POLYLINE, R::EMR_POLYBEZIERTO, R::EMR_POLYLINETO,
         R::EMR_POLYPOLYLINE, R::EMR_POLYPOLYGON, R::EMR_MOVETOEX, R::EMR_LINETO,
         R::EMR_POLYBEZIER16, R::EMR_POLYGON16, R::EMR_POLYLINE16, R::EMR_POLYBEZIERTO16,
         R::EMR_POLYLINETO16, R::EMR_POLYPOLYLINE16, R::EMR_POLYPOLYGON16}},
-      {&Player::State,
+      {&Player::state,
        {R::EMR_SETWINDOWEXTEX, R::EMR_SETWINDOWORGEX, R::EMR_SETVIEWPORTEXTEX,
         R::EMR_SETVIEWPORTORGEX, R::EMR_SETMAPMODE, R::EMR_SETBKMODE, R::EMR_SETPOLYFILLMODE,
         R::EMR_SETTEXTALIGN, R::EMR_SETTEXTCOLOR, R::EMR_SETBKCOLOR, R::EMR_SETARCDIRECTION,
         R::EMR_SAVEDC, R::EMR_RESTOREDC}},
-      {&Player::Transform,
+      {&Player::transform,
        {R::EMR_SCALEVIEWPORTEXTEX, R::EMR_SCALEWINDOWEXTEX, R::EMR_SETWORLDTRANSFORM,
         R::EMR_MODIFYWORLDTRANSFORM}},
-      {&Player::Clipping,
+      {&Player::clipping,
        {R::EMR_OFFSETCLIPRGN, R::EMR_EXCLUDECLIPRECT, R::EMR_INTERSECTCLIPRECT,
         R::EMR_EXTSELECTCLIPRGN}},
-      {&Player::Objects,
+      {&Player::objects,
        {R::EMR_SELECTOBJECT, R::EMR_CREATEPEN, R::EMR_EXTCREATEPEN, R::EMR_CREATEBRUSHINDIRECT,
         R::EMR_CREATEMONOBRUSH, R::EMR_CREATEDIBPATTERNBRUSHPT, R::EMR_EXTCREATEFONTINDIRECTW,
         R::EMR_CREATEPALETTE, R::EMR_DELETEOBJECT}},
-      {&Player::Shapes,
+      {&Player::shapes,
        {R::EMR_SETPIXELV, R::EMR_ELLIPSE, R::EMR_RECTANGLE, R::EMR_ROUNDRECT, R::EMR_ARC,
         R::EMR_CHORD, R::EMR_PIE, R::EMR_ARCTO, R::EMR_ANGLEARC, R::EMR_FILLRGN, R::EMR_PAINTRGN}},
-      {&Player::Paths,
+      {&Player::paths,
        {R::EMR_BEGINPATH, R::EMR_ENDPATH, R::EMR_CLOSEFIGURE, R::EMR_FILLPATH,
         R::EMR_STROKEANDFILLPATH, R::EMR_STROKEPATH, R::EMR_SELECTCLIPPATH, R::EMR_ABORTPATH}},
-      {&Player::Texts, {R::EMR_EXTTEXTOUTA, R::EMR_EXTTEXTOUTW}},
-      {&Player::Bitmaps,
+      {&Player::texts, {R::EMR_EXTTEXTOUTA, R::EMR_EXTTEXTOUTW}},
+      {&Player::bitmaps,
        {R::EMR_BITBLT, R::EMR_STRETCHBLT, R::EMR_SETDIBITSTODEVICE, R::EMR_STRETCHDIBITS,
         R::EMR_ALPHABLEND}},
   };
-  return families.Find(record);
+  return families.find(record);
 }
 
-void Player::Play(const Params& p, uint32_t type) {
+void Player::play(const Params& p, uint32_t type) {
   const auto record = static_cast<EmfRecord>(type);
-  if (const Family family = FamilyOf(record)) (this->*family)(p, record);
+  if (const Family family = familyOf(record)) (this->*family)(p, record);
 }
 
 }  // namespace emf
@@ -250,7 +250,7 @@ namespace {
 constexpr uint64_t kRecordHead = 8;
 }  // namespace
 
-void PlayEmf(std::span<const uint8_t> bytes, const EmfFrame& frame, QPainter& painter,
+void playEmf(std::span<const uint8_t> bytes, const EmfFrame& frame, QPainter& painter,
              const DibReader& dibs) {
   // Device pixels to hundredths of a millimetre to the output, through the frame; the bounds in
   // pixels when the header gives no usable frame or device size.
@@ -279,11 +279,11 @@ void PlayEmf(std::span<const uint8_t> bytes, const EmfFrame& frame, QPainter& pa
   emf::Player player(frame, painter, deviceToOutput, perMm, dibs);
   const gdi::ByteReader in(bytes);
   uint64_t at = 0;
-  while (const auto type = in.Le32(at)) {
-    const uint64_t size = in.Le32(at + 4).value_or(0);
+  while (const auto type = in.le32(at)) {
+    const uint64_t size = in.le32(at + 4).value_or(0);
     const bool end = *type == static_cast<uint32_t>(EmfRecord::EMR_EOF);
-    if (size < kRecordHead || size % 4 != 0 || !in.Has(at, size) || end) break;
-    player.Play(Params(bytes.subspan(at, size)), *type);
+    if (size < kRecordHead || size % 4 != 0 || !in.has(at, size) || end) break;
+    player.play(Params(bytes.subspan(at, size)), *type);
     at += size;
   }
 }

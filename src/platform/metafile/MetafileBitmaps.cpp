@@ -2,12 +2,12 @@
 
 namespace vellumry::metafile {
 
-QBrush PatternBrush(const gdi::Surface& pattern) {
+QBrush patternBrush(const gdi::Surface& pattern) {
   // A deep copy: the view borrows the surface's pixels, and the brush outlives it.
-  return QBrush(pattern.View().convertToFormat(QImage::Format_RGB32).copy());
+  return QBrush(pattern.view().convertToFormat(QImage::Format_RGB32).copy());
 }
 
-QBrush StyledBrush(uint32_t style, QColor color, uint32_t hatch) {
+QBrush styledBrush(uint32_t style, QColor color, uint32_t hatch) {
   switch (style) {
     case 1:  // hollow
       return Qt::NoBrush;

@@ -19,14 +19,14 @@ using DibReader = std::function<std::optional<gdi::Surface>(
 inline constexpr uint64_t kAfterTable = UINT64_MAX;
 
 // A brush that tiles `pattern`.
-QBrush PatternBrush(const gdi::Surface& pattern);
+QBrush patternBrush(const gdi::Surface& pattern);
 
 // A COLORREF (0x00BBGGRR) as a colour.
-inline QColor ColorRef(uint32_t value) {
+inline QColor colorRef(uint32_t value) {
   return QColor(value & 0xFF, (value >> 8) & 0xFF, (value >> 16) & 0xFF);
 }
 
 // A brush of the given style, colour and hatch as both formats describe them.
-QBrush StyledBrush(uint32_t style, QColor color, uint32_t hatch);
+QBrush styledBrush(uint32_t style, QColor color, uint32_t hatch);
 
 }  // namespace vellumry::metafile

@@ -12,7 +12,7 @@ namespace {
 constexpr size_t kMaxSavedStates = 1024;
 
 // Millimetres a logical unit of the fixed mapping modes measures.
-double MillimetresPerUnit(int mapMode) {
+double millimetresPerUnit(int mapMode) {
   switch (mapMode) {
     case 2:  // tenths of a millimetre
       return 0.1;
@@ -29,10 +29,10 @@ double MillimetresPerUnit(int mapMode) {
   }
 }
 
-double ExtentRatio(double viewport, double window) { return window == 0 ? 1 : viewport / window; }
+double extentRatio(double viewport, double window) { return window == 0 ? 1 : viewport / window; }
 
 // The angle of `point` on the ellipse in `box`, in Qt's degrees (counter-clockwise on screen).
-double EllipseAngle(const QRectF& box, QPointF point) {
+double ellipseAngle(const QRectF& box, QPointF point) {
   const QPointF centre = box.center();
   const double rx = box.width() / 2, ry = box.height() / 2;
   const double x = rx == 0 ? 0 : (point.x() - centre.x()) / rx;
@@ -40,7 +40,7 @@ double EllipseAngle(const QRectF& box, QPointF point) {
   return std::atan2(-y, x) * 180 / std::numbers::pi;
 }
 
-std::optional<QPainter::CompositionMode> SourceMode(uint32_t rasterOp) {
+std::optional<QPainter::CompositionMode> sourceMode(uint32_t rasterOp) {
   switch (rasterOp) {
     case 0x00CC0020:  // source copy
       return QPainter::CompositionMode_SourceOver;
@@ -81,10 +81,10 @@ void MetafileCanvas::RestoreDc(int which) {
   if (keep < 0 || keep >= depth) return;
   dc_ = saved_[static_cast<size_t>(keep)];
   saved_.resize(static_cast<size_t>(keep));
-  ApplyClip();
+  applyClip();
 }
 
-void MetafileCanvas::Select(const GdiObject& object) {
+void MetafileCanvas::select(const GdiObject& object) {
   switch (object.kind) {
     case GdiObject::Kind::kPen:
       dc_.pen = object.pen;
@@ -100,14 +100,14 @@ void MetafileCanvas::Select(const GdiObject& object) {
   }
 }
 
-QTransform MetafileCanvas::LogicalToDevice() const {
+QTransform MetafileCanvas::logicalToDevice() const {
   double sx = 1, sy = 1;
-  if (const double mm = MillimetresPerUnit(dc_.mapMode); mm > 0) {
+  if (const double mm = millimetresPerUnit(dc_.mapMode); mm > 0) {
     sx = mm * pixelsPerMm_.width();
     sy = -mm * pixelsPerMm_.height();
   } else if (dc_.mapMode == 7 || dc_.mapMode == 8) {
-    sx = ExtentRatio(dc_.viewportExt.width(), dc_.windowExt.width());
-    sy = ExtentRatio(dc_.viewportExt.height(), dc_.windowExt.height());
+    sx = extentRatio(dc_.viewportExt.width(), dc_.windowExt.width());
+    sy = extentRatio(dc_.viewportExt.height(), dc_.windowExt.height());
     if (dc_.mapMode == 7) {
       const double scale = std::min(std::abs(sx), std::abs(sy));
       sx = std::copysign(scale, sx);
@@ -119,11 +119,11 @@ QTransform MetafileCanvas::LogicalToDevice() const {
   return dc_.world * page;
 }
 
-QPen MetafileCanvas::OutputPen() const {
+QPen MetafileCanvas::outputPen() const {
   const int style = dc_.pen.style & 0xF;
   if (style == 5) return Qt::NoPen;
   QPen pen(dc_.pen.color);
-  const double scale = std::sqrt(std::abs(LogicalToOutput().determinant()));
+  const double scale = std::sqrt(std::abs(logicalToOutput().determinant()));
   const double limit = std::max(painter_.device()->width(), painter_.device()->height());
   const double pixels = std::min(dc_.pen.width * scale, limit);
   if (pixels < 1.5) {
@@ -141,22 +141,22 @@ QPen MetafileCanvas::OutputPen() const {
   return pen;
 }
 
-void MetafileCanvas::Emit(const QPainterPath& shape, bool fill, bool stroke) {
+void MetafileCanvas::drawShape(const QPainterPath& shape, bool fill, bool stroke) {
   if (pathOpen_) {
     path_.addPath(shape);
     return;
   }
   QPainterPath filled = shape;
   filled.setFillRule(dc_.fillRule);
-  painter_.setTransform(LogicalToOutput());
+  painter_.setTransform(logicalToOutput());
   const bool hatched =
       dc_.brush.style() >= Qt::HorPattern && dc_.brush.style() <= Qt::DiagCrossPattern;
   if (fill && hatched && dc_.opaqueBackground) painter_.fillPath(filled, dc_.bkColor);
-  painter_.setPen(stroke ? OutputPen() : QPen(Qt::NoPen));
+  painter_.setPen(stroke ? outputPen() : QPen(Qt::NoPen));
   painter_.setBrush(fill ? dc_.brush : QBrush(Qt::NoBrush));
   // Qt's anti-aliasing rasteriser takes seconds over edges that run far beyond the picture;
   // such shapes are drawn without it.
-  const QRectF reach = LogicalToOutput().mapRect(filled.controlPointRect());
+  const QRectF reach = logicalToOutput().mapRect(filled.controlPointRect());
   const double limit = 16.0 * std::max(painter_.device()->width(), painter_.device()->height());
   const bool farReaching = reach.width() > limit || reach.height() > limit;
   painter_.setRenderHint(QPainter::Antialiasing, !farReaching);
@@ -173,7 +173,7 @@ void MetafileCanvas::LineTo(QPointF to) {
   } else {
     QPainterPath line(dc_.position);
     line.lineTo(to);
-    Emit(line, false, true);
+    drawShape(line, false, true);
   }
   dc_.position = to;
 }
@@ -182,7 +182,7 @@ void MetafileCanvas::Polyline(const QPolygonF& points) {
   if (points.size() < 2) return;
   QPainterPath line;
   line.addPolygon(points);
-  Emit(line, false, true);
+  drawShape(line, false, true);
 }
 
 void MetafileCanvas::Polygon(const QPolygonF& points) {
@@ -190,7 +190,7 @@ void MetafileCanvas::Polygon(const QPolygonF& points) {
   QPainterPath shape;
   shape.addPolygon(points);
   shape.closeSubpath();
-  Emit(shape, true, true);
+  drawShape(shape, true, true);
 }
 
 void MetafileCanvas::PolyPolygon(std::span<const QPolygonF> polygons) {
@@ -199,13 +199,13 @@ void MetafileCanvas::PolyPolygon(std::span<const QPolygonF> polygons) {
     shape.addPolygon(points);
     shape.closeSubpath();
   }
-  Emit(shape, true, true);
+  drawShape(shape, true, true);
 }
 
 void MetafileCanvas::PolyPolyline(std::span<const QPolygonF> polylines) {
   QPainterPath lines;
   for (const QPolygonF& points : polylines) lines.addPolygon(points);
-  Emit(lines, false, true);
+  drawShape(lines, false, true);
 }
 
 void MetafileCanvas::PolyBezier(const QPolygonF& points, bool fromPosition) {
@@ -221,7 +221,7 @@ void MetafileCanvas::PolyBezier(const QPolygonF& points, bool fromPosition) {
       path_.currentPosition() == dc_.position) {
     path_.connectPath(curve);
   } else {
-    Emit(curve, false, true);
+    drawShape(curve, false, true);
   }
   if (fromPosition) dc_.position = curve.currentPosition();
 }
@@ -229,26 +229,26 @@ void MetafileCanvas::PolyBezier(const QPolygonF& points, bool fromPosition) {
 void MetafileCanvas::Rectangle(const QRectF& box) {
   QPainterPath shape;
   shape.addRect(box.normalized());
-  Emit(shape, true, true);
+  drawShape(shape, true, true);
 }
 
 void MetafileCanvas::RoundRect(const QRectF& box, QSizeF corner) {
   QPainterPath shape;
   shape.addRoundedRect(box.normalized(), std::abs(corner.width()) / 2,
                        std::abs(corner.height()) / 2);
-  Emit(shape, true, true);
+  drawShape(shape, true, true);
 }
 
 void MetafileCanvas::Ellipse(const QRectF& box) {
   QPainterPath shape;
   shape.addEllipse(box.normalized());
-  Emit(shape, true, true);
+  drawShape(shape, true, true);
 }
 
 void MetafileCanvas::Arc(ArcKind kind, const QRectF& rawBox, QPointF start, QPointF end) {
   const QRectF box = rawBox.normalized();
-  const double from = EllipseAngle(box, start);
-  double sweep = EllipseAngle(box, end) - from;
+  const double from = ellipseAngle(box, start);
+  double sweep = ellipseAngle(box, end) - from;
   if (dc_.clockwiseArcs) {
     if (sweep >= 0) sweep -= 360;
   } else if (sweep <= 0) {
@@ -271,7 +271,7 @@ void MetafileCanvas::Arc(ArcKind kind, const QRectF& rawBox, QPointF start, QPoi
   }
   if (kind == ArcKind::kArcTo) dc_.position = shape.currentPosition();
   const bool closed = kind == ArcKind::kChord || kind == ArcKind::kPie;
-  Emit(shape, closed, true);
+  drawShape(shape, closed, true);
 }
 
 void MetafileCanvas::AngleArc(QPointF centre, double radius, double start, double sweep) {
@@ -282,12 +282,12 @@ void MetafileCanvas::AngleArc(QPointF centre, double radius, double start, doubl
   arc.lineTo(startOfArc.currentPosition());
   arc.arcTo(box, start, sweep);
   dc_.position = arc.currentPosition();
-  Emit(arc, false, true);
+  drawShape(arc, false, true);
 }
 
-void MetafileCanvas::SetPixel(QPointF at, QColor color) {
+void MetafileCanvas::setPixel(QPointF at, QColor color) {
   painter_.resetTransform();
-  const QPointF pixel = LogicalToOutput().map(at);
+  const QPointF pixel = logicalToOutput().map(at);
   painter_.fillRect(QRectF(std::floor(pixel.x()), std::floor(pixel.y()), 1, 1), color);
 }
 
@@ -297,17 +297,17 @@ void MetafileCanvas::FillRegion(const QPainterPath& region, const QTransform& to
   painter_.fillPath(region, brush);
 }
 
-void MetafileCanvas::Blit(const QRectF& dest, const gdi::Surface* bitmap, const QRectF& source,
+void MetafileCanvas::blit(const QRectF& dest, const gdi::Surface* bitmap, const QRectF& source,
                           uint32_t rasterOp) {
-  const auto mode = SourceMode(rasterOp);
-  painter_.setTransform(LogicalToOutput());
-  if (bitmap && !bitmap->Empty() && mode && source.width() != 0 && source.height() != 0) {
+  const auto mode = sourceMode(rasterOp);
+  painter_.setTransform(logicalToOutput());
+  if (bitmap && !bitmap->empty() && mode && source.width() != 0 && source.height() != 0) {
     const double sx = dest.width() / source.width(), sy = dest.height() / source.height();
     painter_.setTransform(
         QTransform(sx, 0, 0, sy, dest.x() - source.x() * sx, dest.y() - source.y() * sy) *
-        LogicalToOutput());
+        logicalToOutput());
     painter_.setCompositionMode(*mode);
-    painter_.drawImage(source, bitmap->View(), source);
+    painter_.drawImage(source, bitmap->view(), source);
   } else {
     QBrush brush = dc_.brush;
     QPainter::CompositionMode composition = QPainter::CompositionMode_SourceOver;

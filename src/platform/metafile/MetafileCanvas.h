@@ -48,11 +48,11 @@ class MetafileCanvas {
   // Restores the state saved `which` levels back (negative) or at that depth (positive).
   void RestoreDc(int which);
   // Makes a pen, brush or font the current one; other kinds change nothing.
-  void Select(const GdiObject& object);
+  void select(const GdiObject& object);
 
-  QTransform LogicalToDevice() const;
-  QTransform LogicalToOutput() const { return LogicalToDevice() * deviceToOutput_; }
-  const QTransform& DeviceToOutput() const { return deviceToOutput_; }
+  QTransform logicalToDevice() const;
+  QTransform logicalToOutput() const { return logicalToDevice() * deviceToOutput_; }
+  const QTransform& deviceToOutput() const { return deviceToOutput_; }
 
   void MoveTo(QPointF to) { dc_.position = to; }
   void LineTo(QPointF to);
@@ -70,7 +70,7 @@ class MetafileCanvas {
   // A line from the current position to the start of the arc, then the arc; degrees
   // counter-clockwise.
   void AngleArc(QPointF centre, double radius, double start, double sweep);
-  void SetPixel(QPointF at, QColor color);
+  void setPixel(QPointF at, QColor color);
   // Fills `region` (in the units of `toOutput`) with `brush`.
   void FillRegion(const QPainterPath& region, const QTransform& toOutput, const QBrush& brush);
 
@@ -85,7 +85,7 @@ class MetafileCanvas {
 
   // A bitmap stretched from `source` (pixels of the bitmap) to `dest` (logical units) with a
   // ternary raster operation; a null bitmap draws the operation with the brush alone.
-  void Blit(const QRectF& dest, const gdi::Surface* bitmap, const QRectF& source,
+  void blit(const QRectF& dest, const gdi::Surface* bitmap, const QRectF& source,
             uint32_t rasterOp);
 
   // Clipping in logical units, or in device pixels for regions.
@@ -99,20 +99,20 @@ class MetafileCanvas {
   void EndPath() { pathOpen_ = false; }
   void AbortPath();
   void CloseFigure();
-  void FillPath() { DrawPath(true, false); }
-  void StrokePath() { DrawPath(false, true); }
-  void StrokeAndFillPath() { DrawPath(true, true); }
+  void FillPath() { drawPath(true, false); }
+  void StrokePath() { drawPath(false, true); }
+  void StrokeAndFillPath() { drawPath(true, true); }
   void SelectClipPath(RegionMode mode);
 
  private:
-  QPen OutputPen() const;
+  QPen outputPen() const;
   // The device context's font at `scaleY` output pixels a logical unit; none when it would be
   // too large to be legible.
-  std::optional<QFont> TextFont(double scaleY) const;
+  std::optional<QFont> textFont(double scaleY) const;
   // Draws `shape` in logical units, or adds it to the open path.
-  void Emit(const QPainterPath& shape, bool fill, bool stroke);
-  void DrawPath(bool fill, bool stroke);
-  void ApplyClip();
+  void drawShape(const QPainterPath& shape, bool fill, bool stroke);
+  void drawPath(bool fill, bool stroke);
+  void applyClip();
 
   QPainter& painter_;
   QTransform deviceToOutput_;

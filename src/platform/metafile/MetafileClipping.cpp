@@ -6,9 +6,9 @@ namespace vellumry::metafile {
 void MetafileCanvas::IntersectClip(const QRectF& box) {
   QPainterPath area;
   area.addRect(box.normalized());
-  const QPainterPath mapped = LogicalToOutput().map(area);
+  const QPainterPath mapped = logicalToOutput().map(area);
   dc_.clip = dc_.clip ? dc_.clip->intersected(mapped) : mapped;
-  ApplyClip();
+  applyClip();
 }
 
 void MetafileCanvas::ExcludeClip(const QRectF& box) {
@@ -16,14 +16,14 @@ void MetafileCanvas::ExcludeClip(const QRectF& box) {
   area.addRect(box.normalized());
   QPainterPath whole;
   whole.addRect(QRectF(0, 0, painter_.device()->width(), painter_.device()->height()));
-  dc_.clip = dc_.clip.value_or(whole).subtracted(LogicalToOutput().map(area));
-  ApplyClip();
+  dc_.clip = dc_.clip.value_or(whole).subtracted(logicalToOutput().map(area));
+  applyClip();
 }
 
 void MetafileCanvas::SelectClip(const std::optional<QPainterPath>& deviceRegion, RegionMode mode) {
   if (!deviceRegion) {
     if (mode == RegionMode::kCopy) dc_.clip.reset();
-    ApplyClip();
+    applyClip();
     return;
   }
   const QPainterPath region = deviceToOutput_.map(*deviceRegion);
@@ -47,18 +47,18 @@ void MetafileCanvas::SelectClip(const std::optional<QPainterPath>& deviceRegion,
       dc_.clip = region;
       break;
   }
-  ApplyClip();
+  applyClip();
 }
 
 void MetafileCanvas::OffsetClip(QPointF by) {
   if (!dc_.clip) return;
-  const QPointF zero = LogicalToOutput().map(QPointF(0, 0));
-  const QPointF moved = LogicalToOutput().map(by) - zero;
+  const QPointF zero = logicalToOutput().map(QPointF(0, 0));
+  const QPointF moved = logicalToOutput().map(by) - zero;
   dc_.clip->translate(moved);
-  ApplyClip();
+  applyClip();
 }
 
-void MetafileCanvas::ApplyClip() {
+void MetafileCanvas::applyClip() {
   painter_.resetTransform();
   if (dc_.clip) {
     painter_.setClipPath(*dc_.clip);
@@ -81,17 +81,17 @@ void MetafileCanvas::CloseFigure() {
   if (pathOpen_) path_.closeSubpath();
 }
 
-void MetafileCanvas::DrawPath(bool fill, bool stroke) {
+void MetafileCanvas::drawPath(bool fill, bool stroke) {
   pathOpen_ = false;
   QPainterPath path = std::exchange(path_, QPainterPath());
   if (fill) path.closeSubpath();
-  Emit(path, fill, stroke);
+  drawShape(path, fill, stroke);
 }
 
 void MetafileCanvas::SelectClipPath(RegionMode mode) {
   pathOpen_ = false;
   const QPainterPath path = std::exchange(path_, QPainterPath());
-  SelectClip(LogicalToDevice().map(path), mode);
+  SelectClip(logicalToDevice().map(path), mode);
 }
 
 }  // namespace vellumry::metafile

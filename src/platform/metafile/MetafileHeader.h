@@ -31,9 +31,9 @@ struct EmfFrame {
 
 // The frame of a WMF, placeable or bare; nothing for anything else. A bare WMF's box is its first
 // window origin and extent, and empty when it sets none before drawing.
-std::optional<WmfFrame> ReadWmfFrame(std::span<const uint8_t> bytes);
+std::optional<WmfFrame> readWmfFrame(std::span<const uint8_t> bytes);
 // Whether the bytes start with a placeable WMF's key.
-bool IsPlaceableWmf(std::span<const uint8_t> bytes);
-std::optional<EmfFrame> ReadEmfFrame(std::span<const uint8_t> bytes);
+bool isPlaceableWmf(std::span<const uint8_t> bytes);
+std::optional<EmfFrame> readEmfFrame(std::span<const uint8_t> bytes);
 
 }  // namespace vellumry::metafile

@@ -2,7 +2,7 @@
 
 namespace vellumry::metafile {
 
-int ObjectTable::AddToFreeSlot(GdiObject object) {
+int ObjectTable::addToFreeSlot(GdiObject object) {
   for (size_t i = 0; i < slots_.size(); ++i) {
     if (slots_[i].kind == GdiObject::Kind::kEmpty) {
       slots_[i] = std::move(object);
@@ -12,18 +12,18 @@ int ObjectTable::AddToFreeSlot(GdiObject object) {
   return -1;
 }
 
-bool ObjectTable::Put(uint32_t index, GdiObject object) {
+bool ObjectTable::put(uint32_t index, GdiObject object) {
   if (index >= slots_.size()) return false;
   slots_[index] = std::move(object);
   return true;
 }
 
-const GdiObject* ObjectTable::Get(uint32_t index) const {
+const GdiObject* ObjectTable::get(uint32_t index) const {
   if (index >= slots_.size() || slots_[index].kind == GdiObject::Kind::kEmpty) return nullptr;
   return &slots_[index];
 }
 
-void ObjectTable::Delete(uint32_t index) {
+void ObjectTable::remove(uint32_t index) {
   if (index < slots_.size()) slots_[index] = GdiObject{};
 }
 

@@ -45,12 +45,12 @@ class ObjectTable {
   explicit ObjectTable(size_t capacity) : slots_(capacity) {}
 
   // Puts the object in the lowest free slot, as WMF numbers its objects; -1 when all are taken.
-  int AddToFreeSlot(GdiObject object);
+  int addToFreeSlot(GdiObject object);
   // Puts the object at `index`, as EMF names it; false when out of range.
-  bool Put(uint32_t index, GdiObject object);
+  bool put(uint32_t index, GdiObject object);
   // The object at `index`, or null for an empty or missing slot.
-  const GdiObject* Get(uint32_t index) const;
-  void Delete(uint32_t index);
+  const GdiObject* get(uint32_t index) const;
+  void remove(uint32_t index);
 
  private:
   std::vector<GdiObject> slots_;

@@ -15,15 +15,15 @@ class Params {
   explicit Params(std::span<const uint8_t> bytes) : in_(bytes) {}
 
   size_t size() const { return in_.size(); }
-  bool Has(uint64_t at, uint64_t length) const { return in_.Has(at, length); }
-  int16_t S16(uint64_t at) const { return static_cast<int16_t>(in_.Le16(at).value_or(0)); }
-  uint16_t U16(uint64_t at) const { return in_.Le16(at).value_or(0); }
-  int32_t S32(uint64_t at) const { return static_cast<int32_t>(in_.Le32(at).value_or(0)); }
-  uint32_t U32(uint64_t at) const { return in_.Le32(at).value_or(0); }
-  uint8_t U8(uint64_t at) const { return in_.U8(at).value_or(0); }
-  float F32(uint64_t at) const { return std::bit_cast<float>(U32(at)); }
-  std::span<const uint8_t> Slice(uint64_t at, uint64_t length) const {
-    return in_.Slice(at, length);
+  bool has(uint64_t at, uint64_t length) const { return in_.has(at, length); }
+  int16_t s16(uint64_t at) const { return static_cast<int16_t>(in_.le16(at).value_or(0)); }
+  uint16_t u16(uint64_t at) const { return in_.le16(at).value_or(0); }
+  int32_t s32(uint64_t at) const { return static_cast<int32_t>(in_.le32(at).value_or(0)); }
+  uint32_t u32(uint64_t at) const { return in_.le32(at).value_or(0); }
+  uint8_t u8(uint64_t at) const { return in_.u8(at).value_or(0); }
+  float f32(uint64_t at) const { return std::bit_cast<float>(u32(at)); }
+  std::span<const uint8_t> slice(uint64_t at, uint64_t length) const {
+    return in_.slice(at, length);
   }
   const gdi::ByteReader& reader() const { return in_; }
 

@@ -14,7 +14,7 @@ namespace {
 constexpr double kMaxTextPixels = 4096;
 }  // namespace
 
-std::optional<QFont> MetafileCanvas::TextFont(double scaleY) const {
+std::optional<QFont> MetafileCanvas::textFont(double scaleY) const {
   const FontSpec& asked = dc_.font;
   QFont font(asked.face);
   font.setItalic(asked.italic);
@@ -38,10 +38,10 @@ void MetafileCanvas::DrawText(const Text& text) {
   // Fonts come from the application's font database: a program without one draws no text.
   if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance())) return;
   if (text.text.isEmpty() && !text.box) return;
-  const QTransform toOutput = LogicalToOutput();
+  const QTransform toOutput = logicalToOutput();
   const double scaleX = std::hypot(toOutput.m11(), toOutput.m12());
   const double scaleY = std::hypot(toOutput.m21(), toOutput.m22());
-  const std::optional<QFont> font = TextFont(scaleY);
+  const std::optional<QFont> font = textFont(scaleY);
   if (!font) return;
   const QFontMetricsF metrics(*font);
 

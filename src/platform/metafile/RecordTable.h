@@ -15,7 +15,7 @@ class RecordTable {
       for (const Record record : records) handlers_[static_cast<uint32_t>(record)] = handler;
   }
   // The record's handler, or nullptr for a record that draws nothing or is left unplayed.
-  Handler Find(Record record) const {
+  Handler find(Record record) const {
     const auto it = handlers_.find(static_cast<uint32_t>(record));
     return it == handlers_.end() ? nullptr : it->second;
   }

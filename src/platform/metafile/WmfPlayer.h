@@ -11,7 +11,7 @@ namespace vellumry::metafile {
 
 // Plays a WMF's records onto `painter`, its box filling the painter's whole device. Stops at the
 // first record that doesn't fit in the file, keeping what was drawn.
-void PlayWmf(std::span<const uint8_t> bytes, const WmfFrame& frame, QPainter& painter,
+void playWmf(std::span<const uint8_t> bytes, const WmfFrame& frame, QPainter& painter,
              const DibReader& dibs);
 
 }  // namespace vellumry::metafile

@@ -48,7 +48,7 @@ class ReplacingFile {
   ReplacingFile& operator=(const ReplacingFile&) = delete;
 
   bool opened() const { return fd_ >= 0; }
-  bool Write(const char* data, size_t size) {
+  bool write(const char* data, size_t size) {
     while (size > 0) {
       const ssize_t n = ::write(fd_, data, size);
       if (n < 0 && errno == EINTR) continue;
@@ -58,8 +58,8 @@ class ReplacingFile {
     return true;
   }
   // To the disk, so that a crash after the rename can't leave an empty file behind.
-  bool Flush() { return ::fsync(fd_) == 0; }
-  bool Commit() {
+  bool flush() { return ::fsync(fd_) == 0; }
+  bool commit() {
     const int fd = fd_;
     fd_ = -1;
     committed_ = ::close(fd) == 0 && ::rename(temporary_.c_str(), path_.c_str()) == 0;
@@ -93,37 +93,37 @@ bool CopyFile(const std::string& from, const std::string& to, bool overwrite) {
   std::vector<char> chunk(kCopyChunkBytes);
   while (in) {
     in.read(chunk.data(), static_cast<std::streamsize>(chunk.size()));
-    if (!out.Write(chunk.data(), static_cast<size_t>(in.gcount()))) return false;
+    if (!out.write(chunk.data(), static_cast<size_t>(in.gcount()))) return false;
   }
-  return in.eof() && out.Flush() && out.Commit();
+  return in.eof() && out.flush() && out.commit();
 }
 
 namespace {
 // The user's own trash, made where it is missing: without it Qt may put a file into a trash
 // folder relative to the working folder.
-bool HomeTrashStands() {
+bool homeTrashStands() {
   const QString trash =
       QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/Trash";
   return trash.startsWith('/') && QDir().mkpath(trash + "/files") && QDir().mkpath(trash + "/info");
 }
 }  // namespace
 
-bool DiscardFile(const std::string& path) {
+bool discardFile(const std::string& path) {
   if (!FileExists(path)) return false;
   // Qt names files by text: a name that doesn't come back as the same bytes could name
   // another file, so it is deleted by its bytes instead.
   const QByteArray bytes = QByteArray::fromStdString(path);
   const QString name = QFile::decodeName(bytes);
-  if (QFile::encodeName(name) == bytes && HomeTrashStands() && QFile::moveToTrash(name))
+  if (QFile::encodeName(name) == bytes && homeTrashStands() && QFile::moveToTrash(name))
     return true;
   return ::unlink(path.c_str()) == 0;
 }
 
-std::optional<std::vector<uint8_t>> ReadWholeFile(const std::string& path) {
-  return ReadFileStart(path, SIZE_MAX);
+std::optional<std::vector<uint8_t>> readWholeFile(const std::string& path) {
+  return readFileStart(path, SIZE_MAX);
 }
 
-std::optional<std::vector<uint8_t>> ReadFileStart(const std::string& path, size_t limit) {
+std::optional<std::vector<uint8_t>> readFileStart(const std::string& path, size_t limit) {
   if (!FileExists(path)) return std::nullopt;
   std::ifstream file(path, std::ios::binary | std::ios::ate);
   if (!file) return std::nullopt;
@@ -138,29 +138,29 @@ std::optional<std::vector<uint8_t>> ReadFileStart(const std::string& path, size_
 
 namespace {
 
-bool ReplaceFile(const std::string& path, std::string_view bytes, const WriteFault& fault,
+bool replaceFile(const std::string& path, std::string_view bytes, const WriteFault& fault,
                  std::optional<mode_t> mode, bool durable) {
   auto proceed = [&](WriteStep step) { return !fault || fault(step); };
   if (!proceed(WriteStep::Open)) return false;
   ReplacingFile out(path, mode);
   if (!out.opened()) return false;
   if (!proceed(WriteStep::Write)) {
-    out.Write(bytes.data(), bytes.size() / 2);  // a disk that fills up midway
+    out.write(bytes.data(), bytes.size() / 2);  // a disk that fills up midway
     return false;
   }
-  if (!out.Write(bytes.data(), bytes.size())) return false;
-  if (!proceed(WriteStep::Flush) || (durable && !out.Flush())) return false;
-  return proceed(WriteStep::Rename) && out.Commit();
+  if (!out.write(bytes.data(), bytes.size())) return false;
+  if (!proceed(WriteStep::Flush) || (durable && !out.flush())) return false;
+  return proceed(WriteStep::Rename) && out.commit();
 }
 
 }  // namespace
 
-bool WriteFileAtomically(const std::string& path, std::string_view bytes, const WriteFault& fault) {
-  return ReplaceFile(path, bytes, fault, std::nullopt, true);
+bool writeFileAtomically(const std::string& path, std::string_view bytes, const WriteFault& fault) {
+  return replaceFile(path, bytes, fault, std::nullopt, true);
 }
 
-bool WritePrivateFileAtomically(const std::string& path, std::string_view bytes) {
-  return ReplaceFile(path, bytes, {}, 0600, false);
+bool writePrivateFileAtomically(const std::string& path, std::string_view bytes) {
+  return replaceFile(path, bytes, {}, 0600, false);
 }
 
 }  // namespace vellumry::os

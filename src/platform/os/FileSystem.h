@@ -26,14 +26,14 @@ bool CopyFile(const std::string& from, const std::string& to, bool overwrite);
 // Takes the file `path` out of its folder: into the desktop's trash where its volume has one,
 // so that it can be restored, else deleted. A symbolic link goes itself, never its target.
 // False when it isn't a file or neither can be done.
-bool DiscardFile(const std::string& path);
+bool discardFile(const std::string& path);
 
 // The whole content of the file `path`; nullopt when it is missing or can't be read.
-std::optional<std::vector<uint8_t>> ReadWholeFile(const std::string& path);
+std::optional<std::vector<uint8_t>> readWholeFile(const std::string& path);
 
 // The first `limit` bytes of the file `path`, or all of it when it is shorter; nullopt when it is
 // missing or can't be read.
-std::optional<std::vector<uint8_t>> ReadFileStart(const std::string& path, size_t limit);
+std::optional<std::vector<uint8_t>> readFileStart(const std::string& path, size_t limit);
 
 // The steps of a whole-file write, in order.
 enum class WriteStep { Open, Write, Flush, Rename };
@@ -44,12 +44,12 @@ using WriteFault = std::function<bool(WriteStep)>;
 // Replaces the file `path` by `bytes`: written to a temporary file in the same folder, flushed
 // to disk and renamed over `path`. On failure `path` keeps its old bytes and no temporary file
 // stays behind. True on success.
-bool WriteFileAtomically(const std::string& path, std::string_view bytes,
+bool writeFileAtomically(const std::string& path, std::string_view bytes,
                          const WriteFault& fault = {});
 
-// As WriteFileAtomically, for a file only its owner may read or write (mode 0600, whatever the
+// As writeFileAtomically, for a file only its owner may read or write (mode 0600, whatever the
 // replaced file had) and that can be made again: it isn't flushed to disk before the rename, so
 // a crash may leave it empty, as its readers must expect of any file.
-bool WritePrivateFileAtomically(const std::string& path, std::string_view bytes);
+bool writePrivateFileAtomically(const std::string& path, std::string_view bytes);
 
 }  // namespace vellumry::os

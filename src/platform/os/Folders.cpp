@@ -13,46 +13,46 @@
 
 namespace vellumry::os {
 
-std::string LastComponent(const std::string& path) { return path.substr(path.rfind('/') + 1); }
+std::string lastComponent(const std::string& path) { return path.substr(path.rfind('/') + 1); }
 
 namespace {
 
 constexpr const char* kConfigFolderName = "/vellumry";
 
-bool FolderWritable(const std::string& path) { return ::access(path.c_str(), W_OK) == 0; }
+bool folderWritable(const std::string& path) { return ::access(path.c_str(), W_OK) == 0; }
 
 }  // namespace
 
-std::string ExecutableFolder() {
+std::string executableFolder() {
   std::error_code error;
   const auto exe = std::filesystem::read_symlink("/proc/self/exe", error);
   return error ? std::string() : exe.parent_path().string();
 }
 
-std::string InstallFolder() { return ExecutableFolder(); }
+std::string installFolder() { return executableFolder(); }
 
-std::string DataFolderFor(const std::string& executableFolder) {
+std::string dataFolderFor(const std::string& executableFolder) {
   if (FolderExists(executableFolder + "/ui")) return executableFolder;
   const auto prefix = std::filesystem::path(executableFolder).parent_path();
   return (prefix / "share" / "vellumry").string();
 }
 
-std::string PicturesFolder() {
+std::string picturesFolder() {
   const QString pictures = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
   if (!pictures.isEmpty() && FolderExists(pictures.toStdString())) return pictures.toStdString();
   return QDir::homePath().toStdString();
 }
 
-std::string SettingsFolderFor(const std::string& programFolder, const std::string& fallbackFolder) {
+std::string settingsFolderFor(const std::string& programFolder, const std::string& fallbackFolder) {
   const std::string settings = programFolder + "/" + std::string(kSettingsFileName);
-  if (FileExists(settings) && FolderWritable(programFolder)) return programFolder;
+  if (FileExists(settings) && folderWritable(programFolder)) return programFolder;
   QDir().mkpath(QString::fromStdString(fallbackFolder));
   return fallbackFolder;
 }
 
-std::string SettingsFolder() {
+std::string settingsFolder() {
   const QString config = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
-  return SettingsFolderFor(ExecutableFolder(), config.toStdString() + kConfigFolderName);
+  return settingsFolderFor(executableFolder(), config.toStdString() + kConfigFolderName);
 }
 
 }  // namespace vellumry::os

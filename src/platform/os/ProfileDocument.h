@@ -25,10 +25,10 @@ class ProfileDocument {
   // it), or adds that line behind the last key of the section, or adds the section with the
   // key at the end of the file. New lines end as the file's first line does (LF in a new
   // file). `value` is written as given.
-  void SetValue(std::string_view section, std::string_view key, std::string_view value);
+  void setValue(std::string_view section, std::string_view key, std::string_view value);
 
   // The file as it stands after the edits.
-  std::string Bytes() const;
+  std::string bytes() const;
 
  private:
   struct Line {
@@ -40,9 +40,9 @@ class ProfileDocument {
     std::size_t end;     // index of the next header, or the number of lines
   };
 
-  std::optional<Section> FindSection(std::string_view name) const;
-  std::optional<std::size_t> FindKey(const Section& section, std::string_view key) const;
-  void InsertLine(std::size_t at, std::string text);
+  std::optional<Section> findSection(std::string_view name) const;
+  std::optional<std::size_t> findKey(const Section& section, std::string_view key) const;
+  void insertLine(std::size_t at, std::string text);
 
   std::string bom_;
   std::vector<Line> lines_;

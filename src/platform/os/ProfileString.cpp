@@ -14,7 +14,7 @@ namespace vellumry::os {
 
 namespace {
 
-std::string_view AsText(const std::vector<uint8_t>& bytes) {
+std::string_view asText(const std::vector<uint8_t>& bytes) {
   return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
 }
 
@@ -25,10 +25,10 @@ std::size_t GetPrivateProfileString(std::string_view section, std::string_view k
                                     const std::string& file) {
   if (buffer.empty()) return 0;
   std::optional<std::string> value;
-  if (const auto bytes = ReadWholeFile(file))
-    value = ProfileDocument(AsText(*bytes)).Value(section, key);
+  if (const auto bytes = readWholeFile(file))
+    value = ProfileDocument(asText(*bytes)).Value(section, key);
   if (!value) value = std::string(def.substr(0, def.find_last_not_of(' ') + 1));
-  const std::u32string chars = CharsFromUtf8(*value);
+  const std::u32string chars = charsFromUtf8(*value);
   const std::size_t count = std::min(chars.size(), buffer.size() - 1);
   std::copy_n(chars.begin(), count, buffer.begin());
   buffer[count] = U'\0';
@@ -38,10 +38,10 @@ std::size_t GetPrivateProfileString(std::string_view section, std::string_view k
 bool WritePrivateProfileString(std::string_view section, std::string_view key,
                                std::string_view value, const std::string& file) {
   std::optional<std::vector<uint8_t>> old;
-  if (FileExists(file) && !(old = ReadWholeFile(file))) return false;
-  ProfileDocument document(old ? AsText(*old) : std::string_view());
-  document.SetValue(section, key, value);
-  return WriteFileAtomically(file, document.Bytes());
+  if (FileExists(file) && !(old = readWholeFile(file))) return false;
+  ProfileDocument document(old ? asText(*old) : std::string_view());
+  document.setValue(section, key, value);
+  return writeFileAtomically(file, document.bytes());
 }
 
 }  // namespace vellumry::os

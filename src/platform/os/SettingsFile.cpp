@@ -8,7 +8,7 @@
 
 namespace vellumry::os {
 
-std::optional<std::string_view> DefaultSetting(std::string_view key) {
+std::optional<std::string_view> defaultSetting(std::string_view key) {
   const auto sameKey = [key](const SettingDefault& setting) {
     return std::ranges::equal(setting.key, key, [](unsigned char a, unsigned char b) {
       return std::tolower(a) == std::tolower(b);
@@ -19,11 +19,11 @@ std::optional<std::string_view> DefaultSetting(std::string_view key) {
   return found->value;
 }
 
-bool CreateSettingsFileIfMissing(const std::string& path) {
+bool createSettingsFileIfMissing(const std::string& path) {
   if (FileExists(path)) return true;
   ProfileDocument document("");
-  for (const auto& [key, value] : kSettingDefaults) document.SetValue(kSettingsSection, key, value);
-  return WriteFileAtomically(path, document.Bytes());
+  for (const auto& [key, value] : kSettingDefaults) document.setValue(kSettingsSection, key, value);
+  return writeFileAtomically(path, document.bytes());
 }
 
 }  // namespace vellumry::os

@@ -35,10 +35,10 @@ inline constexpr std::array<SettingDefault, 14> kSettingDefaults{{
 }};
 
 // The default of `key` (case-blind), or nullopt for a key that isn't one of the settings.
-std::optional<std::string_view> DefaultSetting(std::string_view key);
+std::optional<std::string_view> defaultSetting(std::string_view key);
 
 // Creates the settings file `path` with the section and every key at its default, unless the
 // file exists already. True when the file exists afterwards.
-bool CreateSettingsFileIfMissing(const std::string& path);
+bool createSettingsFileIfMissing(const std::string& path);
 
 }  // namespace vellumry::os

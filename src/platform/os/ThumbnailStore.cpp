@@ -11,27 +11,27 @@ namespace vellumry::os {
 
 namespace {
 
-bool StaysUnescaped(unsigned char c) {
+bool staysUnescaped(unsigned char c) {
   if ((c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9')) return true;
   return std::string_view("-_.!~*'()/:@&=+$,").find(static_cast<char>(c)) != std::string_view::npos;
 }
 
 }  // namespace
 
-std::string ThumbnailRoot() {
+std::string thumbnailRoot() {
   const char* cache = std::getenv("XDG_CACHE_HOME");
   if (cache && cache[0] == '/') return std::string(cache) + "/thumbnails";
   return QDir::homePath().toStdString() + "/.cache/thumbnails";
 }
 
-std::string FileUri(const std::string& path) {
+std::string fileUri(const std::string& path) {
   static constexpr char kHex[] = "0123456789ABCDEF";
   std::error_code error;
   auto absolute = std::filesystem::absolute(path, error);
   if (error) absolute = path;
   std::string uri = "file://";
   for (const unsigned char c : absolute.lexically_normal().string()) {
-    if (StaysUnescaped(c)) {
+    if (staysUnescaped(c)) {
       uri += static_cast<char>(c);
     } else {
       uri += '%';
@@ -42,23 +42,23 @@ std::string FileUri(const std::string& path) {
   return uri;
 }
 
-std::string ThumbnailName(std::string_view uri) {
+std::string thumbnailName(std::string_view uri) {
   const QByteArray digest = QCryptographicHash::hash(
       QByteArrayView(uri.data(), static_cast<qsizetype>(uri.size())), QCryptographicHash::Md5);
   return digest.toHex().toStdString() + ".png";
 }
 
-std::optional<FileStamp> StampOf(const std::string& path) {
+std::optional<FileStamp> stampOf(const std::string& path) {
   struct stat facts {};
   if (::stat(path.c_str(), &facts) != 0 || !S_ISREG(facts.st_mode)) return std::nullopt;
   return FileStamp{static_cast<int64_t>(facts.st_mtime), static_cast<uint64_t>(facts.st_size)};
 }
 
-bool MakePrivateFolder(const std::string& path) {
+bool makePrivateFolder(const std::string& path) {
   std::error_code error;
   if (std::filesystem::is_directory(path, error)) return true;
   const auto parent = std::filesystem::path(path).parent_path();
-  if (parent != path && !parent.empty() && !MakePrivateFolder(parent.string())) return false;
+  if (parent != path && !parent.empty() && !makePrivateFolder(parent.string())) return false;
   return ::mkdir(path.c_str(), 0700) == 0 || std::filesystem::is_directory(path, error);
 }
 

@@ -4,11 +4,11 @@
 
 namespace vellumry::os {
 
-std::u32string CharsFromUtf8(std::string_view utf8) {
+std::u32string charsFromUtf8(std::string_view utf8) {
   return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size())).toStdU32String();
 }
 
-std::string Utf8FromChars(std::u32string_view chars) {
+std::string utf8FromChars(std::u32string_view chars) {
   return QString::fromUcs4(chars.data(), static_cast<qsizetype>(chars.size())).toStdString();
 }
 

@@ -106,7 +106,7 @@ void ContainerView::paintEvent(QPaintEvent* event) {
   if (control_->kind() == tk::Kind::PictureBox) {
     const gdi::Picture& picture = static_cast<const tk::PictureBox&>(*control_).Picture();
     if (picture && boxPicture_.isNull()) {
-      gdi::Size natural = picture.PixelSize();
+      gdi::Size natural = picture.pixelSize();
       boxPicture_ = renderPicture(picture, QSize(natural.width, natural.height));
     }
     if (!boxPicture_.isNull()) painter.drawImage(0, 0, boxPicture_);

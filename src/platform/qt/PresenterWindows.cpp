@@ -1,7 +1,5 @@
 // The forms' windows on the desktop: where they stand, inside which window, with what frame,
 // how they are stacked, which has the keyboard, and the task-bar form's window.
-#include "platform/qt/Presenter.h"
-
 #include <QApplication>
 #include <QPainterPath>
 #include <QRegion>
@@ -10,6 +8,7 @@
 #include <algorithm>
 
 #include "platform/qt/FormWindow.h"
+#include "platform/qt/Presenter.h"
 #include "platform/qt/Units.h"
 #include "platform/toolkit/Form.h"
 #include "platform/toolkit/Numbers.h"
@@ -25,12 +24,12 @@ bool Presenter::isTaskbarForm(const tk::Form& form) const { return form.Name() =
 
 bool Presenter::shownOnScreen(const tk::Form& form) const {
   if (!form.Visible()) return false;
-  if (form.OwnerForm()) return shownOnScreen(*form.OwnerForm());
+  if (form.ownerForm()) return shownOnScreen(*form.ownerForm());
   return !isTaskbarForm(form) || form.WindowState() == 1;
 }
 
 bool Presenter::standsOnDesktop(const tk::Form& form) const {
-  return !form.OwnerForm() && form.WindowState() != 1 && shownOnScreen(form);
+  return !form.ownerForm() && form.WindowState() != 1 && shownOnScreen(form);
 }
 
 std::vector<const FormWindow*> Presenter::zOrder() const {
@@ -46,13 +45,13 @@ std::vector<const FormWindow*> Presenter::zOrder() const {
 tk::Form* Presenter::keyForm(const FormWindow& window) const {
   for (auto it = stack_.rbegin(); it != stack_.rend(); ++it) {
     tk::Form* f = (*it)->form();
-    if (f && f->Visible() && f->OwnerForm() == window.form()) return f;
+    if (f && f->Visible() && f->ownerForm() == window.form()) return f;
   }
   return window.form();
 }
 
 QRect Presenter::screenRect(const tk::Form& form) const {
-  if (form.OwnerForm()) return pixelRect(form).translated(screenRect(*form.OwnerForm()).topLeft());
+  if (form.ownerForm()) return pixelRect(form).translated(screenRect(*form.ownerForm()).topLeft());
   if (form.WindowState() != 2) return pixelRect(form);
   const tk::Screen& s = runtime_.screen();
   return {0, 0, static_cast<int>(tk::roundHalfEven(s.Width / s.TwipsPerPixelX)),
@@ -108,7 +107,7 @@ void Presenter::activateModelsForm() {
 void Presenter::stackingChanged() {
   windowsMoved_ = true;
   stack_.clear();
-  for (tk::Form* f : runtime_.Stacking())
+  for (tk::Form* f : runtime_.stacking())
     if (FormWindow* w = window(*f)) stack_.push_back(w);
   // Raise the shown windows bottom first, only when their order changed: each raise restacks.
   std::vector<const FormWindow*> shown;
@@ -123,12 +122,12 @@ void Presenter::stackingChanged() {
 }
 
 void Presenter::placeWindow(FormWindow& window, const tk::Form& form) {
-  QRect r = form.OwnerForm() ? pixelRect(form) : screenRect(form);
+  QRect r = form.ownerForm() ? pixelRect(form) : screenRect(form);
   window.setGeometry(r.x(), r.y(), std::max(r.width(), 1), std::max(r.height(), 1));
 }
 
 void Presenter::applyOwner(FormWindow& window, const tk::Form& form) {
-  FormWindow* owner = form.OwnerForm() ? this->window(*form.OwnerForm()) : nullptr;
+  FormWindow* owner = form.ownerForm() ? this->window(*form.ownerForm()) : nullptr;
   if (window.parentWidget() == owner) return;
   window.setParent(owner);
   applyFlags(window, form);
@@ -140,10 +139,10 @@ void Presenter::applyOwner(FormWindow& window, const tk::Form& form) {
 }
 
 void Presenter::applyFlags(FormWindow& window, const tk::Form& form) {
-  if (form.OwnerForm()) return;  // a child window has no frame or flags of its own
+  if (form.ownerForm()) return;  // a child window has no frame or flags of its own
   Qt::WindowFlags flags = taskbarName_.empty() || isTaskbarForm(form) ? Qt::Window : Qt::Tool;
   if (form.BorderStyle() == 0) flags |= Qt::FramelessWindowHint;
-  if (form.TopMost()) flags |= Qt::WindowStaysOnTopHint;
+  if (form.topMost()) flags |= Qt::WindowStaysOnTopHint;
   const Qt::WindowFlags mask =
       Qt::WindowType_Mask | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
   if ((window.windowFlags() & mask) == flags) return;
@@ -160,7 +159,7 @@ void Presenter::applyFont(FormWindow& window, const tk::Form& form) {
 }
 
 void Presenter::applyRegion(FormWindow& window, const tk::Form& form) {
-  const tk::Form::Region& r = form.WindowRegion();
+  const tk::Form::Region& r = form.windowRegion();
   if (r == tk::Form::Region{}) return window.clearMask();
   QPainterPath outline;
   outline.addRoundedRect(0, 0, r.width, r.height, r.cornerWidth / 2.0, r.cornerHeight / 2.0);
@@ -178,7 +177,7 @@ void Presenter::showWindow(FormWindow& window, const tk::Form& form) {
       window.showNormal();
     else
       window.show();
-    if (form.OwnerForm()) window.raise();
+    if (form.ownerForm()) window.raise();
   }
   stackingChanged();
 }

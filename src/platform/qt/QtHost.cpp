@@ -162,7 +162,7 @@ QString qtFileFilter(const std::string& filter) {
   return out.join(";;");
 }
 
-std::optional<std::string> QtHost::SaveFile(const tk::SaveFileRequest& request) {
+std::optional<std::string> QtHost::saveFile(const tk::SaveFileRequest& request) {
   QString start = QString::fromStdString(request.initDir);
   // Without a folder of its own the dialog starts where the desktop keeps pictures, not in
   // whatever folder the program was started from.
@@ -187,20 +187,20 @@ std::optional<uint32_t> QtHost::ChooseColor(uint32_t initial) {
 
 void QtHost::Beep() { QApplication::beep(); }
 
-bool QtHost::Run(const std::string& commandLine) {
+bool QtHost::run(const std::string& commandLine) {
   QStringList words = QProcess::splitCommand(QString::fromStdString(commandLine));
   if (words.isEmpty()) return false;
   const QString program = words.takeFirst();
   return QProcess::startDetached(program, words);
 }
 
-bool QtHost::Open(const std::string& path) {
+bool QtHost::open(const std::string& path) {
   return QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(path)));
 }
 
-bool QtHost::OpenWith(const std::string&) { return false; }
+bool QtHost::openWith(const std::string&) { return false; }
 
-gdi::Picture QtHost::ScreenPicture() {
+gdi::Picture QtHost::screenPicture() {
   if (!presenter_) return {};
   return asPicture(renderScreen(*presenter_), presenter_->runtime().screen().TwipsPerPixelX);
 }

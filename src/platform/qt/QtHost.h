@@ -23,13 +23,13 @@ class QtHost final : public tk::Host {
   int MsgBox(const std::string& prompt, int style, const std::string& title) override;
   tk::Menu* PopupMenu(tk::Menu& menu, int flags, std::optional<double> x,
                       std::optional<double> y) override;
-  std::optional<std::string> SaveFile(const tk::SaveFileRequest& request) override;
+  std::optional<std::string> saveFile(const tk::SaveFileRequest& request) override;
   std::optional<uint32_t> ChooseColor(uint32_t initial) override;
   void Beep() override;
-  bool Run(const std::string& commandLine) override;
-  bool Open(const std::string& path) override;
-  bool OpenWith(const std::string& path) override;
-  gdi::Picture ScreenPicture() override;
+  bool run(const std::string& commandLine) override;
+  bool open(const std::string& path) override;
+  bool openWith(const std::string& path) override;
+  gdi::Picture screenPicture() override;
 
  private:
   QWidget* dialogParent() const;

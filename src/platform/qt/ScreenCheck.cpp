@@ -61,24 +61,24 @@ Found checkControl(const Presenter& p, const tk::Control& c) {
 Found checkForm(const Presenter& p, const tk::Form& form) {
   const FormWindow* w = p.window(form);
   if (!w) return form.Name() + " has no window";
-  const QWidget* owner = form.OwnerForm() ? p.window(*form.OwnerForm()) : nullptr;
+  const QWidget* owner = form.ownerForm() ? p.window(*form.ownerForm()) : nullptr;
   if (w->parentWidget() != owner)
     return form.Name() +
-           (owner ? " lies outside " + form.OwnerForm()->Name() : " lies inside a window");
+           (owner ? " lies outside " + form.ownerForm()->Name() : " lies inside a window");
   const bool expected = p.shownOnScreen(form);
   if (w->isVisible() != expected)
     return form.Name() + " is " + shown(w->isVisible()) + ", the model has it " + shown(expected);
   if (!expected) return {};
-  if (!form.OwnerForm() && w->isMinimized() != (form.WindowState() == 1))
+  if (!form.ownerForm() && w->isMinimized() != (form.WindowState() == 1))
     return form.Name() + (w->isMinimized() ? " is minimised" : " isn't minimised");
   if (w->isMinimized()) return {};
-  const QRect model = form.OwnerForm() ? pixelRect(form) : p.screenRect(form);
+  const QRect model = form.ownerForm() ? pixelRect(form) : p.screenRect(form);
   return placeDiffers(form, w->geometry(), model);
 }
 
 Found checkStacking(const Presenter& p) {
   std::vector<const tk::Form*> model, screen;
-  for (const tk::Form* f : p.runtime().Stacking())
+  for (const tk::Form* f : p.runtime().stacking())
     if (p.standsOnDesktop(*f)) model.push_back(f);
   for (const FormWindow* w : p.zOrder()) screen.push_back(w->form());
   if (model == screen) return {};
@@ -93,8 +93,8 @@ Found checkKeyboard(const Presenter& p) {
   // The keyboard with none of the program's windows, or with a form the model lets have it.
   if (actual == expected || (!expected && !actualWindow)) return {};
   const std::string has = actualWindow && actualWindow->form() ? actualWindow->form()->Name()
-                          : actual                            ? "a window of its own"
-                                                              : "nothing";
+                          : actual                             ? "a window of its own"
+                                                               : "nothing";
   return "the keyboard is with " + has + ", the model gives it to " +
          (active ? active->Name() : "nothing");
 }

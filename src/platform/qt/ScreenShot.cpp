@@ -44,7 +44,7 @@ gdi::Picture asPicture(const QImage& shot, double twipsPerPixel) {
     const auto* row = reinterpret_cast<const uint32_t*>(rgb.constScanLine(y));
     std::copy(row, row + rgb.width(), pixels.Row(y));
   }
-  return gdi::Picture::FromSurface(std::move(pixels), twipsPerPixel);
+  return gdi::Picture::fromSurface(std::move(pixels), twipsPerPixel);
 }
 
 bool saveShot(tk::Runtime& runtime, const Presenter* presenter, const QString& png) {

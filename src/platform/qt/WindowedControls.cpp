@@ -104,7 +104,7 @@ void syncTabs(QTabBar* w, const tk::TabStrip& tabs) {
     else
       w->addTab(text(captions[i]));
   }
-  w->setCurrentIndex(tabs.SelectedItem() - 1);
+  w->setCurrentIndex(tabs.selectedItem() - 1);
 }
 }  // namespace
 

@@ -19,7 +19,7 @@ QImage renderPicture(const gdi::Picture& picture, QSize size) {
                  -picture.Height());
   // The canvas goes with this call: a conversion to the format it has already would only share
   // its pixels, so that case copies them. Opaque pixels come out truly opaque.
-  const QImage view = canvas.View();
+  const QImage view = canvas.view();
   return view.format() == QImage::Format_ARGB32_Premultiplied
              ? view.copy()
              : view.convertToFormat(QImage::Format_ARGB32_Premultiplied);
@@ -65,7 +65,7 @@ void WindowlessPainter::paint(QPainter& painter, const tk::Control& c, const QRe
     case tk::Kind::Shape: {
       const auto& shape = static_cast<const tk::Shape&>(c);
       QRectF area = rect;
-      const int kind = shape.ShapeKind();
+      const int kind = shape.shapeKind();
       if (kind == 1 || kind == 3 || kind == 5) {  // square, circle, rounded square
         const int side = std::min(rect.width(), rect.height());
         area = QRectF(rect.x() + (rect.width() - side) / 2.0,
@@ -102,7 +102,7 @@ void WindowlessPainter::paintImage(QPainter& painter, const tk::Image& image, co
   if (!picture) return;
   QSize size = rect.size();
   if (!image.Stretch()) {
-    gdi::Size natural = picture.PixelSize();
+    gdi::Size natural = picture.pixelSize();
     size = QSize(natural.width, natural.height);
   }
   const QImage& pixels = drawnPicture(image, size);

@@ -94,7 +94,7 @@ const std::vector<Property>& Shape::properties() const {
   static const auto props =
       extend(Control::properties(),
              {
-                 accessor<Shape, &Shape::ShapeKind, &Shape::setShapeKind>(prop::Shape),
+                 accessor<Shape, &Shape::shapeKind, &Shape::setShapeKind>(prop::Shape),
                  accessor<Shape, &Shape::BorderWidth, &Shape::setBorderWidth>(prop::BorderWidth),
                  accessor<Shape, &Shape::BorderColor, &Shape::setBorderColor>(prop::BorderColor),
                  accessor<Shape, &Shape::BorderStyle, &Shape::setBorderStyle>(prop::BorderStyle),

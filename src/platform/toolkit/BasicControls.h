@@ -114,7 +114,7 @@ class CheckBox : public Control {
 class Shape : public Control {
  public:
   Shape(Form* form, std::string name) : Control(form, std::move(name), Kind::Shape) {}
-  int ShapeKind() const { return shape_; }  // 0 rectangle, 1 square, 2 oval, ...
+  int shapeKind() const { return shape_; }  // 0 rectangle, 1 square, 2 oval, ...
   void setShapeKind(int v);
   int BorderWidth() const { return borderWidth_; }
   void setBorderWidth(int v);

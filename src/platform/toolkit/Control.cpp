@@ -122,7 +122,7 @@ void Control::SetFocus() {
   if (!reachable()) raise(err::InvalidCall, "SetFocus on " + name_);
   form_->focus(this);
   // Focus given to a control of a window in the background brings that window forward.
-  Form* window = form_->OwnerForm() ? form_->OwnerForm() : form_;
+  Form* window = form_->ownerForm() ? form_->ownerForm() : form_;
   if (window->runtime().ActiveForm() != window && window->Visible() && window->WindowState() != 1)
     window->runtime().bringToFront(window);
 }

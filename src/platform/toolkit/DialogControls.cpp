@@ -15,13 +15,13 @@ void TabStrip::setSelectedItem(int v) {
 const std::vector<Property>& TabStrip::properties() const {
   static const auto props =
       extend(Control::properties(),
-             {accessor<TabStrip, &TabStrip::SelectedItem, &TabStrip::setSelectedItem>(
+             {accessor<TabStrip, &TabStrip::selectedItem, &TabStrip::setSelectedItem>(
                  prop::SelectedItem)});
   return props;
 }
 
 void CommonDialog::ShowSave() {
-  auto path = runtime().SaveFile({DialogTitle, Filter, FileName, InitDir, DefaultExt});
+  auto path = runtime().saveFile({DialogTitle, Filter, FileName, InitDir, DefaultExt});
   if (path) FileName = *path;
   if (!path && CancelError) raise(err::CancelSelected);
 }

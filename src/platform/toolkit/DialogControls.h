@@ -9,13 +9,13 @@
 
 namespace vellumry::tk {
 
-// A row of tabs; SelectedItem counts from 1, and a change raises Click.
+// A row of tabs; selectedItem counts from 1, and a change raises Click.
 class TabStrip : public Control {
  public:
   TabStrip(Form* form, std::string name) : Control(form, std::move(name), Kind::TabStrip) {}
   void addTab(const std::string& caption) { tabs_.push_back(caption); }
   const std::vector<std::string>& tabs() const { return tabs_; }
-  int SelectedItem() const { return selected_; }
+  int selectedItem() const { return selected_; }
   void setSelectedItem(int v);
   bool focusable() const override { return true; }
   const std::vector<Property>& properties() const override;

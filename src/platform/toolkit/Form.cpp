@@ -72,7 +72,7 @@ void Form::SetParent(Form* owner) {
 namespace {
 // The outline as the driver reads it: "width height cornerWidth cornerHeight" in pixels.
 Value regionText(const Control& c) {
-  const Form::Region& r = static_cast<const Form&>(c).WindowRegion();
+  const Form::Region& r = static_cast<const Form&>(c).windowRegion();
   return std::to_string(r.width) + " " + std::to_string(r.height) + " " +
          std::to_string(r.cornerWidth) + " " + std::to_string(r.cornerHeight);
 }
@@ -168,7 +168,7 @@ const std::vector<Property>& Form::properties() const {
                  accessor<Form, &Form::KeyPreview, &Form::setKeyPreview>(prop::KeyPreview),
                  accessor<Form, &Form::BorderStyle, &Form::setBorderStyle>(prop::BorderStyle),
                  accessor<Form, &Form::ScaleMode, &Form::setScaleMode>(prop::ScaleMode),
-                 accessor<Form, &Form::TopMost, &Form::setTopMost>(prop::TopMost),
+                 accessor<Form, &Form::topMost, &Form::setTopMost>(prop::TopMost),
                  accessor<Form, &Form::FontName, &Form::setFontName>(prop::FontName),
                  accessor<Form, &Form::FontSize, &Form::setFontSize>(prop::FontSize),
                  Property{prop::Region, regionText, nullptr},

@@ -43,7 +43,7 @@ class Form : public Control {
   int ScaleMode() const { return scaleMode_; }
   void setScaleMode(int v) { scaleMode_ = v; }
   // Stays above every other window while true.
-  bool TopMost() const { return topMost_; }
+  bool topMost() const { return topMost_; }
   void setTopMost(bool v);
   // The typeface and size in points of the text of the form's controls; empty and 0: the
   // desktop's own.
@@ -58,7 +58,7 @@ class Form : public Control {
     int width = 0, height = 0, cornerWidth = 0, cornerHeight = 0;
     bool operator==(const Region&) const = default;
   };
-  const Region& WindowRegion() const { return region_; }
+  const Region& windowRegion() const { return region_; }
   void setWindowRegion(const Region& v);
   // A picture the form keeps; the program's task-bar owner keeps the screen of the last
   // minimising in it.
@@ -66,7 +66,7 @@ class Form : public Control {
   void setPicture(const gdi::Picture& p) { picture_ = p; }
   // The form whose window this one lies inside, as a child window: Left and Top count from
   // that window's corner, and it shows only while that window does. Null: a window of its own.
-  Form* OwnerForm() const { return owner_; }
+  Form* ownerForm() const { return owner_; }
   void SetParent(Form* owner);
 
   void setVisible(bool v) override;

@@ -49,7 +49,7 @@ Menu* HeadlessHost::PopupMenu(Menu& menu, int flags, std::optional<double> x,
   return entry;
 }
 
-std::optional<std::string> HeadlessHost::SaveFile(const SaveFileRequest& request) {
+std::optional<std::string> HeadlessHost::saveFile(const SaveFileRequest& request) {
   std::optional<std::string> path;
   if (!saves_.empty()) {
     path = saves_.front();
@@ -72,17 +72,17 @@ std::optional<uint32_t> HeadlessHost::ChooseColor(uint32_t initial) {
 
 void HeadlessHost::Beep() { show("beep"); }
 
-bool HeadlessHost::Run(const std::string& commandLine) {
+bool HeadlessHost::run(const std::string& commandLine) {
   show("run " + jsonQuote(commandLine));
   return true;
 }
 
-bool HeadlessHost::Open(const std::string& path) {
+bool HeadlessHost::open(const std::string& path) {
   show("open " + jsonQuote(path));
   return true;
 }
 
-bool HeadlessHost::OpenWith(const std::string& path) {
+bool HeadlessHost::openWith(const std::string& path) {
   show("openwith " + jsonQuote(path));
   return true;
 }

@@ -22,18 +22,18 @@ class HeadlessHost : public Host {
   // Each line as it is shown, e.g. `msgbox 36 "" "text" -> 6`; also kept in `shown`.
   std::function<void(const std::string&)> onShown;
   std::vector<std::string> shown;
-  // Draws the screen for ScreenPicture; without it the screen has no picture.
-  std::function<gdi::Picture()> screenPicture;
+  // Draws the screen for screenPicture; without it the screen has no picture.
+  std::function<gdi::Picture()> drawScreen;
 
   int MsgBox(const std::string& prompt, int style, const std::string& title) override;
   Menu* PopupMenu(Menu& menu, int flags, std::optional<double> x, std::optional<double> y) override;
-  std::optional<std::string> SaveFile(const SaveFileRequest& request) override;
+  std::optional<std::string> saveFile(const SaveFileRequest& request) override;
   std::optional<uint32_t> ChooseColor(uint32_t initial) override;
   void Beep() override;
-  bool Run(const std::string& commandLine) override;
-  bool Open(const std::string& path) override;
-  bool OpenWith(const std::string& path) override;
-  gdi::Picture ScreenPicture() override { return screenPicture ? screenPicture() : gdi::Picture(); }
+  bool run(const std::string& commandLine) override;
+  bool open(const std::string& path) override;
+  bool openWith(const std::string& path) override;
+  gdi::Picture screenPicture() override { return drawScreen ? drawScreen() : gdi::Picture(); }
 
  private:
   void show(const std::string& line);

@@ -43,19 +43,19 @@ class Host {
   virtual Menu* PopupMenu(Menu& menu, int flags, std::optional<double> x,
                           std::optional<double> y) = 0;
   // The chosen path, or nothing when the user cancelled.
-  virtual std::optional<std::string> SaveFile(const SaveFileRequest& request) = 0;
+  virtual std::optional<std::string> saveFile(const SaveFileRequest& request) = 0;
   // The chosen colour as 0x00BBGGRR, or nothing when the user cancelled.
   virtual std::optional<uint32_t> ChooseColor(uint32_t initial) = 0;
   virtual void Beep() = 0;
   // Starts a program by its command line and leaves it alone; false when it can't start.
-  virtual bool Run(const std::string& commandLine) = 0;
+  virtual bool run(const std::string& commandLine) = 0;
   // Opens a file or folder with the desktop's associated program; false on failure.
-  virtual bool Open(const std::string& path) = 0;
+  virtual bool open(const std::string& path) = 0;
   // Asks the desktop to offer its programs for opening the file; false when it has no chooser.
-  virtual bool OpenWith(const std::string& path) = 0;
+  virtual bool openWith(const std::string& path) = 0;
   // What the program's own windows show on the screen, as a picture of the screen's size;
   // an empty picture where nothing draws them.
-  virtual gdi::Picture ScreenPicture() = 0;
+  virtual gdi::Picture screenPicture() = 0;
 };
 
 }  // namespace vellumry::tk

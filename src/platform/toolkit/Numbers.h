@@ -30,7 +30,7 @@ inline int32_t CLng(double v) {
 }
 
 // a \ b: both sides rounded to whole numbers first, the quotient cut toward zero.
-inline int64_t IntDiv(double a, double b) {
+inline int64_t intDiv(double a, double b) {
   auto x = static_cast<int64_t>(roundHalfEven(a));
   auto y = static_cast<int64_t>(roundHalfEven(b));
   if (y == 0) raise(11, "Division by zero");

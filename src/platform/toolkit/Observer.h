@@ -18,7 +18,7 @@ class Observer {
   virtual void controlUnloaded(Control&) {}
   virtual void propertyChanged(Control&, PropertyName /*property*/) {}
   virtual void focusChanged(Form&) {}
-  // The forms' stacking or the active form changed (Runtime::Stacking, ActiveForm).
+  // The forms' stacking or the active form changed (Runtime::stacking, ActiveForm).
   virtual void stackingChanged() {}
   virtual void programEnded() {}
 };

@@ -9,16 +9,16 @@
 namespace vellumry::tk {
 
 double pictureTwipsX(const gdi::Picture& p, double twipsPerPixelX) {
-  return p ? gdi::HimetricToPixels(p.Width(), twipsPerPixelX) * twipsPerPixelX : 0;
+  return p ? gdi::himetricToPixels(p.Width(), twipsPerPixelX) * twipsPerPixelX : 0;
 }
 
 double pictureTwipsY(const gdi::Picture& p, double twipsPerPixelY) {
-  return p ? gdi::HimetricToPixels(p.Height(), twipsPerPixelY) * twipsPerPixelY : 0;
+  return p ? gdi::himetricToPixels(p.Height(), twipsPerPixelY) * twipsPerPixelY : 0;
 }
 
 uint32_t pixelOf(uint32_t color) {
-  if (color & 0x80000000u) return gdi::Argb(255, 0xC0, 0xC0, 0xC0);
-  return gdi::Argb(255, color & 0xFF, (color >> 8) & 0xFF, (color >> 16) & 0xFF);
+  if (color & 0x80000000u) return gdi::argb(255, 0xC0, 0xC0, 0xC0);
+  return gdi::argb(255, color & 0xFF, (color >> 8) & 0xFF, (color >> 16) & 0xFF);
 }
 
 namespace {
@@ -101,17 +101,17 @@ gdi::Picture PictureBox::Image() const {
   // rather than a full-size copy of its pixels.
   if (autoSize_ && picture_ && picture_.Type() == gdi::PictureType::kBitmap &&
       !(picture_.Attributes() & gdi::kPictureTransparent) &&
-      picture_.PixelSize() == gdi::Size{w, h}) {
+      picture_.pixelSize() == gdi::Size{w, h}) {
     return picture_;
   }
   gdi::Surface canvas(std::max(w, 1), std::max(h, 1), gdi::AlphaMode::kOpaque);
-  gdi::Fill(canvas, {0, 0, canvas.Width(), canvas.Height()}, pixelOf(backColor_));
+  gdi::fill(canvas, {0, 0, canvas.Width(), canvas.Height()}, pixelOf(backColor_));
   if (picture_) {
-    gdi::Size size = picture_.PixelSize();
+    gdi::Size size = picture_.pixelSize();
     picture_.Render(canvas, 0, 0, size.width, size.height, 0, picture_.Height(), picture_.Width(),
                     -picture_.Height());
   }
-  return gdi::Picture::FromSurface(std::move(canvas), s.TwipsPerPixelX);
+  return gdi::Picture::fromSurface(std::move(canvas), s.TwipsPerPixelX);
 }
 
 const std::vector<Property>& PictureBox::properties() const {

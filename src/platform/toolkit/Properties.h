@@ -61,7 +61,7 @@ struct SetterArg<void (C::*)(A)> {
   using type = std::decay_t<A>;
 };
 
-// A property read by `Get` and, unless `Set` is nullptr, written by `Set`, members of `T`.
+// A property read by `get` and, unless `Set` is nullptr, written by `Set`, members of `T`.
 template <class T, auto Get, auto Set = nullptr>
 Property accessor(PropertyName name) {
   Property p{name,

@@ -57,8 +57,8 @@ Menu* Runtime::PopupMenu(Menu& menu, int flags, std::optional<double> x, std::op
   return blocking([&] { return host_.PopupMenu(menu, flags, x, y); });
 }
 
-std::optional<std::string> Runtime::SaveFile(const SaveFileRequest& request) {
-  return blocking([&] { return host_.SaveFile(request); });
+std::optional<std::string> Runtime::saveFile(const SaveFileRequest& request) {
+  return blocking([&] { return host_.saveFile(request); });
 }
 
 std::optional<uint32_t> Runtime::ChooseColor(uint32_t initial) {
@@ -89,15 +89,15 @@ bool canHaveKeyboard(const Form& f) {
   const Screen& s = f.runtime().screen();
   const bool onScreen = f.Left() < s.Width && f.Left() + f.Width() > 0 && f.Top() < s.Height &&
                         f.Top() + f.Height() > 0;
-  return f.isLoaded() && f.Visible() && !f.OwnerForm() && f.WindowState() != 1 &&
-         (onScreen || f.TopMost() || f.WindowState() == 2);
+  return f.isLoaded() && f.Visible() && !f.ownerForm() && f.WindowState() != 1 &&
+         (onScreen || f.topMost() || f.WindowState() == 2);
 }
 }  // namespace
 
-Form* Runtime::KeyForm() const {
+Form* Runtime::keyForm() const {
   if (!active_) return nullptr;
   for (auto it = stacking_.rbegin(); it != stacking_.rend(); ++it)
-    if ((*it)->OwnerForm() == active_ && (*it)->Visible()) return *it;
+    if ((*it)->ownerForm() == active_ && (*it)->Visible()) return *it;
   return active_;
 }
 
@@ -133,7 +133,7 @@ void Runtime::formUnloaded(Form* f) {
   if (active_ == f) active_ = nullptr;
   // A window inside the one that goes becomes a window of its own again.
   for (Form* other : forms_)
-    if (other->OwnerForm() == f) other->SetParent(nullptr);
+    if (other->ownerForm() == f) other->SetParent(nullptr);
   if (observer_) observer_->formUnloaded(*f);
   settleActive();
 }

@@ -44,12 +44,12 @@ class Runtime {
   const std::vector<Form*>& Forms() const { return forms_; }
   // The loaded forms as their windows lie on the desktop, bottom first: a form comes to the
   // top when it is shown, when Show is called on it again, and when it is restored.
-  const std::vector<Form*>& Stacking() const { return stacking_; }
+  const std::vector<Form*>& stacking() const { return stacking_; }
   // The window that has the keyboard: the form shown, restored or focused last that is still
   // shown, not minimised and no window inside another; nullptr when there is none.
   Form* ActiveForm() const { return active_; }
   // Where the keys go: the topmost shown form inside the active one, else the active one.
-  Form* KeyForm() const;
+  Form* keyForm() const;
 
   // Runs `f` as one event from outside (user input, a timer): timers wait until it returns,
   // forms unloaded inside it are destroyed after it, and an uncaught tk::Error goes to
@@ -60,7 +60,7 @@ class Runtime {
   // The blocking calls of the host; timers wait while they stand.
   int MsgBox(const std::string& prompt, int style = 0, const std::string& title = "");
   Menu* PopupMenu(Menu& menu, int flags, std::optional<double> x, std::optional<double> y);
-  std::optional<std::string> SaveFile(const SaveFileRequest& request);
+  std::optional<std::string> saveFile(const SaveFileRequest& request);
   std::optional<uint32_t> ChooseColor(uint32_t initial);
 
   // Ends the program at once: every form goes without its events, nothing fires any more.
