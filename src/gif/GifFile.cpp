@@ -121,14 +121,14 @@ bool readImage(Reader& in, GifFile& gif, GifFrame& pending, bool hasGlobalTable)
   } else if (!hasGlobalTable) {
     return false;
   }
-  const int64_t data = in.position();
   in.ReadByte();  // LZW minimum code size: the decoder's business
   in.SkipSubBlocks();
-  // An image without a single data sub-block has nothing to decode: it is dropped, and its
-  // graphic control with it.
-  if (in.position() - data >= 3) {
+  // The length runs from the separator, so even an image whose data is only the code size and
+  // the terminator stays a frame.
+  const int32_t length = static_cast<int32_t>(in.position() - separator);
+  if (length >= 3) {
     gif.m_Frames.push_back(pending);
-    gif.m_Spans.push_back({static_cast<int32_t>(in.position() - separator), separator});
+    gif.m_Spans.push_back({length, separator});
     gif.m_Width = std::max(gif.m_Width, pending.Left + pending.Width);
     gif.m_Height = std::max(gif.m_Height, pending.Top + pending.Height);
   }

@@ -1,6 +1,7 @@
 #include "tools/Imginfo.h"
 
 #include <cctype>
+#include <cmath>
 #include <cstdio>
 
 #include "platform/os/FileFacts.h"
@@ -23,9 +24,11 @@ std::string without(std::string text, const std::string& part) {
   return text;
 }
 
+// As the number format "#0.00" writes it: halves round away from zero, where printf would round
+// an exact half to even.
 std::string twoDecimals(double value, const char* unit) {
   char text[64];
-  std::snprintf(text, sizeof text, "%.2f %s", value, unit);
+  std::snprintf(text, sizeof text, "%.2f %s", std::floor(value * 100 + 0.5) / 100, unit);
   return text;
 }
 }  // namespace

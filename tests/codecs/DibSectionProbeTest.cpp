@@ -36,9 +36,13 @@ std::vector<uint8_t> bmp(const std::vector<std::vector<uint32_t>>& rows, AlphaMo
 }
 
 TEST(DibSectionProbe, SizeAndMeaningOfTheFourthByteWithoutDecoding) {
-  // A hidden colour above a pixel of partial alpha: read top row first this is premultiplied
-  // alpha, read in stored order it would be straight.
+  // The pixels are read in memory order, the bottom row first in a bottom-up file. A hidden
+  // colour above a pixel of partial alpha: read top row first this is premultiplied alpha, read
+  // bottom row first it is straight. A clear red row under an opaque one: read bottom row first
+  // the clear pixel comes before the opaque one, which makes the alpha straight; read the other
+  // way round there is no alpha at all.
   const std::vector<std::vector<uint32_t>> hiddenAbovePartial = {{0x00FF0000}, {0x80404040}};
+  const std::vector<std::vector<uint32_t>> opaqueAboveClear = {{0xFFFF0000}, {0x00FF0000}};
   struct Case {
     const char* name;
     std::vector<uint8_t> file;
@@ -49,13 +53,21 @@ TEST(DibSectionProbe, SizeAndMeaningOfTheFourthByteWithoutDecoding) {
   shortData.pop_back();
   const Case cases[] = {
       {"24 bits", bmp({{0xFF102030, 0xFF405060}}, AlphaMode::kOpaque), AlphaMode::kOpaque},
-      {"bottom-up rows, read top first",
+      {"bottom-up, hidden above partial",
        bmp(hiddenAbovePartial, AlphaMode::kStraight),
-       AlphaMode::kPremultiplied,
+       AlphaMode::kStraight,
        {1, 2}},
-      {"top-down rows",
+      {"top-down, hidden above partial",
        bmp(hiddenAbovePartial, AlphaMode::kStraight, true),
        AlphaMode::kPremultiplied,
+       {1, 2}},
+      {"bottom-up, opaque above clear",
+       bmp(opaqueAboveClear, AlphaMode::kStraight),
+       AlphaMode::kStraight,
+       {1, 2}},
+      {"top-down, opaque above clear",
+       bmp(opaqueAboveClear, AlphaMode::kStraight, true),
+       AlphaMode::kUnknown,
        {1, 2}},
       {"a channel above its alpha", bmp({{0xFF000000, 0x80C80000}}, AlphaMode::kStraight),
        AlphaMode::kStraight},

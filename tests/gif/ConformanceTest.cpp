@@ -31,11 +31,11 @@ const std::map<std::string, std::string> kByDesign = {
     {"high-color", "the images that build one picture of many colours are frames"},
     // A file without an image has no frames and doesn't load; the suite shows its screen.
     {"no-data", "a file without an image doesn't load"},
-    // A frame of no pixels gives a strip of none, and the file doesn't load; the suite shows a
-    // transparent dot.
-    {"image-zero-width", "a frame of no pixels: the file doesn't load"},
-    {"image-zero-height", "a frame of no pixels: the file doesn't load"},
-    {"image-zero-size", "a frame of no pixels: the file doesn't load"},
+    // Each file ends inside its only image, before the image data: the frame never completes,
+    // and the file doesn't load; the suite shows a transparent dot.
+    {"image-zero-width", "the file ends inside the frame: nothing loads"},
+    {"image-zero-height", "the file ends inside the frame: nothing loads"},
+    {"image-zero-size", "the file ends inside the frame: nothing loads"},
     // A frame the decoder can't read is a gap of index 0, never a failure of the file; the
     // suite wants nothing shown.
     {"invalid-code", "an undecodable frame is a gap"},

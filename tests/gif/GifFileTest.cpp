@@ -47,8 +47,8 @@ TEST(ReadGifFile, KeepsTheFramesBeforeWhereTheWalkEnds) {
       {"no trailer", twoFrames().bytes, 2},
       {"a stray byte ends the walk", twoFrames().byte(0x99).Image(0, 0, 1, 1).bytes, 2},
       {"nul bytes between blocks", twoFrames().byte(0).byte(0).Image(0, 0, 1, 1).bytes, 3},
-      {"an image without data is dropped",
-       twoFrames().Image(0, 0, 1, 1, 0, noData()).Image(0, 0, 1, 1).bytes, 3},
+      {"an image without data is a frame",
+       twoFrames().Image(0, 0, 1, 1, 0, noData()).Image(0, 0, 1, 1).bytes, 4},
       {"global table cut", cut(GifBytes::Screen(4, 4, 8), 400), 0},
   };
   for (const auto& c : cases) {
@@ -85,9 +85,9 @@ TEST(ReadGifFile, AFramesRecordHoldsTheBlocksBeforeItsImage) {
       {"disposal 7 folds to 3",
        GifBytes{}.control(7 << 2, 65535).Image(0, 0, 2, 2),
        {0, 0, 2, 2, 655350, 0, 35, 0, 0, 3}},
-      {"a dropped frame's control doesn't carry over",
-       GifBytes{}.control(1 << 2 | 1, 4, 6).Image(0, 0, 1, 1, 0, noData()).Image(0, 0, 2, 2, 1),
-       {0, 0, 2, 2, 0, 1, 55, 0, 0, 0}},
+      {"an image without data keeps its control",
+       GifBytes{}.control(1 << 2 | 1, 4, 6).Image(0, 0, 1, 1, 0, noData()),
+       {0, 0, 1, 1, 40, 0, 35, 6, 1, 1}},
   };
   for (const auto& c : cases) {
     GifBytes file = GifBytes::Screen(16, 16, 1).Image(0, 0, 1, 1);

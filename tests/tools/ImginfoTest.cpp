@@ -12,6 +12,7 @@ TEST(Imginfo, SizeTextTakesTheLargestUnitReached) {
       {1023, "1023 Bytes"},
       {1024, "1.00 KB"},
       {1536, "1.50 KB"},
+      {1152, "1.13 KB"},  // 1.125: a half rounds up
       {1048575, "1024.00 KB"},
       {1048576, "1.00 MB"},
       {1073741823, "1024.00 MB"},

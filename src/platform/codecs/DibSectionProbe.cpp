@@ -10,16 +10,26 @@ namespace vellumry::codecs {
 
 namespace {
 
-// The stored 32-bit rows classified top row first, as their decoded pixels would be.
+// The stored 32-bit rows classified in the order a DIB section holds them: as the file stores
+// them, the bottom row first unless the height is negative.
 gdi::AlphaMode storedRowsAlpha(const DibSection& section) {
   const DibHeader& header = section.header;
   const size_t rowBytes = static_cast<size_t>(header.width) * 4;
   std::vector<uint32_t> row(static_cast<size_t>(header.width));
   AlphaClassifier classifier;
-  for (int y = 0; y < header.height; ++y) {
-    const size_t stored = static_cast<size_t>(header.topDown ? y : header.height - 1 - y);
+  for (size_t stored = 0; stored < static_cast<size_t>(header.height); ++stored) {
     std::memcpy(row.data(), section.data.data() + stored * rowBytes, rowBytes);
     classifier.add(row);
+  }
+  return alphaModeOf(classifier.result());
+}
+
+// Decoded (top-down) pixels classified in the same order as the stored rows.
+gdi::AlphaMode decodedRowsAlpha(const gdi::Surface& pixels, bool topDown) {
+  AlphaClassifier classifier;
+  for (int i = 0; i < pixels.Height(); ++i) {
+    const int y = topDown ? i : pixels.Height() - 1 - i;
+    classifier.add({pixels.Row(y), static_cast<size_t>(pixels.Width())});
   }
   return alphaModeOf(classifier.result());
 }
@@ -48,9 +58,7 @@ std::optional<DibSectionInfo> probeDibSection(std::span<const uint8_t> bytes) {
     const auto decoded = decodeDibSection(bytes);
     if (!decoded) return std::nullopt;
     if (!wide) return DibSectionInfo{natural, gdi::AlphaMode::kOpaque};
-    const gdi::Surface& pixels = decoded->surface;
-    return DibSectionInfo{
-        natural, alphaModeOf(ClassifyAlpha(pixels.Pixels(), pixels.Width(), pixels.Height()))};
+    return DibSectionInfo{natural, decodedRowsAlpha(decoded->surface, header.topDown)};
   }
   return DibSectionInfo{natural, wide ? storedRowsAlpha(*section) : gdi::AlphaMode::kOpaque};
 }
