@@ -129,7 +129,11 @@ std::string gifJson(Program& program) {
          ",\"AnimationIndex\":" + std::to_string(index) +
          ",\"Frames\":" + std::to_string(player->FrameProperty(1, 6)) +
          ",\"FrameTime\":" + std::to_string(player->FrameProperty(index, 0)) +
-         ",\"LoopCount\":" + std::to_string(player->LoopCount()) + "}";
+         ",\"LoopCount\":" + std::to_string(player->LoopCount()) +
+         ",\"Width\":" + std::to_string(player->Width()) +
+         ",\"Height\":" + std::to_string(player->Height()) +
+         ",\"MinimumDelay\":" + std::to_string(player->MinimumDelay()) +
+         ",\"LoopsDone\":" + std::to_string(player->LoopsDone()) + "}";
 }
 
 // The colour at pixel (x, y) of the control's picture drawn stretched over the control's size,

@@ -7,6 +7,47 @@
 namespace vellumry {
 
 namespace {
+// The four hex digits behind `\u` at `at`; `at` moves onto the last of them.
+unsigned readHex4(const std::string& line, size_t& at) {
+  unsigned code = 0;
+  const char* first = line.data() + at + 1;
+  const char* last = first + 4;
+  if (at + 4 >= line.size() || std::from_chars(first, last, code, 16).ptr != last)
+    tk::raise(tk::err::InvalidCall, "bad \\u escape");
+  at += 4;
+  return code;
+}
+
+void appendUtf8(std::string& out, uint32_t code) {
+  if (code < 0x80) {
+    out += static_cast<char>(code);
+  } else if (code < 0x800) {
+    out += static_cast<char>(0xC0 | (code >> 6));
+    out += static_cast<char>(0x80 | (code & 0x3F));
+  } else if (code < 0x10000) {
+    out += static_cast<char>(0xE0 | (code >> 12));
+    out += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
+    out += static_cast<char>(0x80 | (code & 0x3F));
+  } else {
+    out += static_cast<char>(0xF0 | (code >> 18));
+    out += static_cast<char>(0x80 | ((code >> 12) & 0x3F));
+    out += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
+    out += static_cast<char>(0x80 | (code & 0x3F));
+  }
+}
+
+// A `\u` escape at `at`, with the low half that must follow a high surrogate.
+uint32_t readCodePoint(const std::string& line, size_t& at) {
+  const unsigned code = readHex4(line, at);
+  if (code >= 0xDC00 && code <= 0xDFFF) tk::raise(tk::err::InvalidCall, "lone low surrogate");
+  if (code < 0xD800 || code > 0xDBFF) return code;
+  if (line.compare(at + 1, 2, "\\u") != 0) tk::raise(tk::err::InvalidCall, "lone high surrogate");
+  at += 2;
+  const unsigned low = readHex4(line, at);
+  if (low < 0xDC00 || low > 0xDFFF) tk::raise(tk::err::InvalidCall, "lone high surrogate");
+  return 0x10000 + ((code - 0xD800) << 10) + (low - 0xDC00);
+}
+
 // Reads a JSON string starting at `line[at]` (the opening quote); moves `at` past it.
 std::string readJsonString(const std::string& line, size_t& at) {
   std::string out;
@@ -22,6 +63,12 @@ std::string readJsonString(const std::string& line, size_t& at) {
     }
     if (++at >= line.size()) break;
     switch (line[at]) {
+      case 'b':
+        out += '\b';
+        break;
+      case 'f':
+        out += '\f';
+        break;
       case 'n':
         out += '\n';
         break;
@@ -31,23 +78,9 @@ std::string readJsonString(const std::string& line, size_t& at) {
       case 't':
         out += '\t';
         break;
-      case 'u': {
-        if (at + 4 >= line.size()) tk::raise(tk::err::InvalidCall, "bad \\u escape");
-        unsigned code = 0;
-        std::from_chars(line.data() + at + 1, line.data() + at + 5, code, 16);
-        at += 4;
-        if (code < 0x80) {
-          out += static_cast<char>(code);
-        } else if (code < 0x800) {
-          out += static_cast<char>(0xC0 | (code >> 6));
-          out += static_cast<char>(0x80 | (code & 0x3F));
-        } else {
-          out += static_cast<char>(0xE0 | (code >> 12));
-          out += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
-          out += static_cast<char>(0x80 | (code & 0x3F));
-        }
+      case 'u':
+        appendUtf8(out, readCodePoint(line, at));
         break;
-      }
       default:
         out += line[at];
     }

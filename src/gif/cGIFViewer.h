@@ -68,6 +68,7 @@ class cGIFViewer {
   int32_t LoopCount() const { return m_Gif.m_LoopCount; }
   void setLoopCount(int32_t newCount);
   int16_t MinimumDelay() const { return m_MinDelay; }
+  int32_t LoopsDone() const { return m_LoopsDone; }
   void setMinimumDelay(int32_t newMinimum);
 
  private:

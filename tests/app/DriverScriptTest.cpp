@@ -229,6 +229,13 @@ TEST(ScriptWords, SplitsAtBlanksAndReadsJsonStrings) {
   EXPECT_EQ(vellumry::splitWords("type Form1.Text1 \"a b\\\"c\\u00e9\"  x"),
             (std::vector<std::string>{"type", "Form1.Text1", "a b\"c\xC3\xA9", "x"}));
   EXPECT_THROW(vellumry::splitWords("type \"open"), tk::Error);
+  // JSON's escapes for backspace and form feed, and a character beyond 16 bits as a surrogate
+  // pair (U+1F600, four bytes of UTF-8).
+  EXPECT_EQ(vellumry::splitWords("\"\\b\\f\\ud83d\\ude00\""),
+            (std::vector<std::string>{"\b\f\xF0\x9F\x98\x80"}));
+  for (const char* bad : {"\"\\u12\"", "\"\\uzzzz\"", "\"\\ud83d\"", "\"\\ude00\"",
+                          "\"\\ud83d\\u0041\""})
+    EXPECT_THROW(vellumry::splitWords(bad), tk::Error) << bad;
   EXPECT_EQ(vellumry::formatValue(vellumry::parseValue("-2137.5")), "-2137.5");
   EXPECT_EQ(vellumry::formatValue(vellumry::parseValue("true")), "true");
   EXPECT_EQ(vellumry::formatValue(vellumry::parseValue("a\tb")), "\"a\\tb\"");

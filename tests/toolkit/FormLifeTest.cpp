@@ -94,6 +94,14 @@ TEST_F(ShownForm, DisabledFormsAndHiddenControlsGetNoInput) {
   EXPECT_EQ(p.log, (Log{"Form_Click"}));
 }
 
+TEST_F(ShownForm, AClickTurnsACheckBoxOverAndRaisesItsClickOnce) {
+  ASSERT_TRUE(tk::user::click(f.Check1));
+  ASSERT_TRUE(tk::user::click(f.Check1));
+  f.Check1.setValue(2);
+  ASSERT_TRUE(tk::user::click(f.Check1));  // greyed: the click clears it
+  EXPECT_EQ(p.log, (Log{"Check1_Click 1", "Check1_Click 0", "Check1_Click 2", "Check1_Click 0"}));
+}
+
 TEST_F(ShownForm, PopupMenuRunsThePickAfterItClosed) {
   f.mnuTop.add(f.mnuOne);
   f.mnuTop.add(f.mnuSep);

@@ -31,6 +31,7 @@ class LogForm : public vellumry::tk::Form {
     };
     Image1.onMouseUp = [this](int i, int b, int, double, double) { note("Image1_MouseUp", i, b); };
     Command1.onClick = [this] { note("Command1_Click"); };
+    Check1.onClick = [this] { note("Check1_Click", Check1.Value()); };
     Command1.onKeyUp = [this](int& k, int) { note("Command1_KeyUp", k); };
     Timer1.onTimer = [this] { note("Timer1_Timer", runtime().loop().now()); };
     Timer2.onTimer = [this] { note("Timer2_Timer", runtime().loop().now()); };
@@ -56,6 +57,7 @@ class LogForm : public vellumry::tk::Form {
   vellumry::tk::ScrollBar VScroll1{this, "VScroll1"};
   vellumry::tk::ControlArray<vellumry::tk::Image> Image1{this, "Image1"};
   vellumry::tk::CommandButton Command1{this, "Command1"};
+  vellumry::tk::CheckBox Check1{this, "Check1"};
   vellumry::tk::Timer Timer1{this, "Timer1"};
   vellumry::tk::Timer Timer2{this, "Timer2"};
   vellumry::tk::Menu mnuTop{this, "mnuTop", "Top"};

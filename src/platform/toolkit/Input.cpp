@@ -56,7 +56,13 @@ bool click(Control& c, int button) {
   return gesture(c, [&] {
     if (!mouseDown(c, button)) return false;
     mouseUp(c, button);
-    if (button == kLeftButton) raiseClick(c);
+    if (button != kLeftButton) return true;
+    // A check box turns over under a click; its new value raises the Click.
+    if (auto* box = dynamic_cast<CheckBox*>(&c)) {
+      act(*box, [box] { box->setValue(box->Value() == 0 ? 1 : 0); });
+    } else {
+      raiseClick(c);
+    }
     return true;
   });
 }
