@@ -20,9 +20,10 @@ void decodeForViewer(Program& program, int i) {
   if (!picture) return;
   // The viewer covers the screen.
   const tk::Screen& screen = program.runtime.screen();
-  const ShownSize shown = fitToForm(tk::CLng(tk::pictureTwipsX(picture, screen.TwipsPerPixelX)),
-                                    tk::CLng(tk::pictureTwipsY(picture, screen.TwipsPerPixelY)),
-                                    screen.Width, screen.Height);
+  const ShownSize natural{tk::pictureTwipsX(picture, screen.TwipsPerPixelX),
+                          tk::pictureTwipsY(picture, screen.TwipsPerPixelY)};
+  const ShownSize shown =
+      fitToForm(natural.width, natural.height, screen.Width, screen.Height).value_or(natural);
   program.pictures().prefetch(
       picture, {static_cast<int>(tk::roundHalfEven(shown.width / screen.TwipsPerPixelX)),
                 static_cast<int>(tk::roundHalfEven(shown.height / screen.TwipsPerPixelY))});

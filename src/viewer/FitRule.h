@@ -1,7 +1,7 @@
 #pragma once
 // The size a new picture is first shown at: shrunk once to the form by its longer side.
 
-#include <cstdint>
+#include <optional>
 
 namespace vellumry {
 
@@ -9,10 +9,10 @@ struct ShownSize {
   double width = 0, height = 0;
 };
 
-// A picture of `picW` by `picH` twips on a form of `formW` by `formH` twips. Only shrinks, and
-// tests the longer side alone: a portrait picture is held to the form's height, a landscape one
-// to its width (and may stay taller than the form), a square one to the height. Anything that
-// fits keeps its own size.
-ShownSize fitToForm(int32_t picW, int32_t picH, double formW, double formH);
+// A picture of a natural `width` by `height` twips on a form of `formW` by `formH` twips. Only
+// shrinks, and tests the longer side alone (its size rounded to whole twips): a portrait picture
+// is held to the form's height, a landscape one to its width (and may stay taller than the form),
+// a square one to the height. Empty when the natural size stays as it is.
+std::optional<ShownSize> fitToForm(double width, double height, double formW, double formH);
 
 }  // namespace vellumry

@@ -28,9 +28,10 @@ void Form2::Timer1_Timer() {
   Image1.setPicture(Image2.Picture());
   lPicH = tk::CLng(Image1.Height());
   lPicW = tk::CLng(Image1.Width());
-  const ShownSize shown = fitToForm(lPicW, lPicH, Width(), Height());
-  Image1.setHeight(shown.height);
-  Image1.setWidth(shown.width);
+  if (const auto shown = fitToForm(Image1.Width(), Image1.Height(), Width(), Height())) {
+    Image1.setHeight(shown->height);
+    Image1.setWidth(shown->width);
+  }
   Image1.setLeft(Width() / 2 - Image1.Width() / 2);
   Image1.setTop(Height() / 2 - Image1.Height() / 2);
   Image2.setWidth(Image1.Width());

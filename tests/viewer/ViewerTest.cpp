@@ -205,15 +205,18 @@ TEST_F(ViewerTest, TheNextGifOfAShowStartsOnTheBareBackground) {
 }
 
 TEST(FitToForm, ShrinksOnceByTheLongerSide) {
-  // Pixels of 15 twips on the form of 15360 by 11520, and the width and height shown.
+  // A natural size in twips on the form of 15360 by 11520, and the width and height shown; 0 by
+  // 0 where the natural size stays untouched.
   const double cases[][4] = {
-      {1000, 3000, 3840, 11520},   // portrait: the form's height
-      {500, 768, 7500, 11520},     // exactly the screen's height: the first case
-      {1000, 1000, 11520, 11520},  // a larger square: the form's height
-      {300, 300, 4500, 4500},      // a smaller square: kept
+      {15000, 45000, 3840, 11520},   // portrait: the form's height
+      {7500, 11520, 7500, 11520},    // exactly the form's height: the first case
+      {15000, 15000, 11520, 11520},  // a larger square: the form's height
+      {4500, 4500, 0, 0},            // a smaller square: kept
+      {11520.4, 11520.2, 0, 0},      // square once rounded, but not as it stands
+      {1234.56, 789.01, 0, 0},       // smaller: kept to the fraction
   };
   for (const auto& c : cases) {
-    const ShownSize s = fitToForm(int32_t(c[0] * 15), int32_t(c[1] * 15), 15360, 11520);
+    const ShownSize s = fitToForm(c[0], c[1], 15360, 11520).value_or(ShownSize{});
     EXPECT_EQ(std::pair(s.width, s.height), std::pair(c[2], c[3])) << c[0] << " by " << c[1];
   }
 }
