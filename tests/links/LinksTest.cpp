@@ -240,7 +240,7 @@ TEST_F(LinkList, SortingGoesByTheBytesAndSavesEvenAnEmptyList) {
 // Any part of a name in any case, the text as typed: a blank at its end counts, '*' is no
 // wildcard. A search replaces the hits of the one before.
 TEST_F(LinkList, FindingListsEveryItemHoldingTheTextAndTheGridFollowsAHit) {
-  writeList0("Summer*%*/s*%*Winter*%*/w*%*summit*%*/t*%*");
+  writeList0("Summer*%*/s*%*Winter*%*/w*%*summit*%*/t*%*\xC3\x89T\xC3\x89*%*/e*%*");
   makeFiles(3);
   std::ofstream(pictures / "cat.PNG") << "x";
   std::ofstream(pictures / "caf\xE9.gif") << "x";  // a Latin-1 name: bytes that are no text
@@ -249,6 +249,7 @@ TEST_F(LinkList, FindingListsEveryItemHoldingTheTextAndTheGridFollowsAHit) {
   // The routine that opens the dialog (none: the same again), the text, the hits, the messages.
   const std::tuple<void (Links::*)(), std::string, Lines, Lines> cases[] = {
       {&Links::btnFIND_Click, "SUM", {"Summer", "summit"}, {}},
+      {nullptr, "\xC3\xA9", {"\xC3\x89T\xC3\x89"}, {}},  // "é" finds "ÉTÉ"
       {nullptr, "sum ", {}, {notFound}},
       {nullptr, "s*", {}, {notFound}},
       {nullptr, "  ", {}, {box("Please type a LinkName!")}},

@@ -1,5 +1,7 @@
 #include "platform/toolkit/Value.h"
 
+#include <QByteArray>
+#include <QString>
 #include <cctype>
 #include <charconv>
 #include <cmath>
@@ -46,6 +48,9 @@ bool iequals(std::string_view a, std::string_view b) {
 }
 
 std::string toUpper(std::string_view s) {
+  const QString text = QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size()));
+  if (text.toUtf8() == QByteArrayView(s.data(), static_cast<qsizetype>(s.size())))
+    return text.toUpper().toStdString();
   std::string out(s);
   for (char& c : out) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
   return out;

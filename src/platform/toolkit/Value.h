@@ -17,6 +17,8 @@ std::string toText(const Value& v);
 
 // Case-blind equality of ASCII names.
 bool iequals(std::string_view a, std::string_view b);
+// Every letter in capitals, accented ones too ("été" gives "ÉTÉ"); text that isn't UTF-8, such as
+// a file name in another encoding, has only its ASCII letters changed.
 std::string toUpper(std::string_view s);
 // `s` without the blanks at its ends, as the toolkit's Trim: spaces only, tabs stay.
 std::string Trim(std::string_view s);
