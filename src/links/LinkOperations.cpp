@@ -185,22 +185,26 @@ void Links::pSortlist() {
     dialog.List(3).Clear();
     program_.links.findDone_ = false;
     sSortName = names.ListIndex() >= 0 ? names.Text() : "";
-    // Each target travels with its own name, so that equal names, or names that only blanks
-    // told apart, keep their own folders.
-    std::vector<LinkRecord> records;
-    for (int i = 0; i != names.ListCount(); ++i)
-      records.push_back({tk::Trim(names.List(i)), tk::Trim(targets.List(i))});
+    std::vector<std::string> sorted;
+    for (int i = 0; i != names.ListCount(); ++i) sorted.push_back(tk::Trim(names.List(i)));
     // Binary order of the bytes: every capital before every small letter.
-    std::stable_sort(
-        records.begin(), records.end(),
-        [ascending = program_.links.sortAsc()](const LinkRecord& a, const LinkRecord& b) {
-          return ascending ? a.name < b.name : b.name < a.name;
-        });
+    std::stable_sort(sorted.begin(), sorted.end(),
+                     [ascending = program_.links.sortAsc()](const auto& a, const auto& b) {
+                       return ascending ? a < b : b < a;
+                     });
+    // Each name takes the target of the first record of exactly that name: equal names share
+    // one, and a name that only its blanks told apart finds none, reading past the list's end.
+    std::vector<std::string> sortedTargets;
+    for (const std::string& name : sorted) {
+      int j = 0;
+      while (j != names.ListCount() && names.List(j) != name) ++j;
+      sortedTargets.push_back(tk::Trim(targets.List(j)));
+    }
     names.Clear();
     targets.Clear();
-    for (const LinkRecord& r : records) {
-      names.AddItem(r.name);
-      targets.AddItem(r.target);
+    for (size_t k = 0; k != sorted.size(); ++k) {
+      names.AddItem(sorted[k]);
+      targets.AddItem(sortedTargets[k]);
     }
     int selected = -1;
     for (int j = 0; j != names.ListCount(); ++j)
