@@ -6,6 +6,7 @@
 #include <QColor>
 #include <QImage>
 #include <algorithm>
+#include <fstream>
 
 #include "ProgramFixture.h"
 #include "codecs/TestImages.h"
@@ -110,9 +111,10 @@ TEST_F(ViewerTest, AMarkedPositionShowsItsPlainPictureAndADoubleClickLeaves) {
   pictureFiles(3);
   Form1& f = loaded();
   const gdi::Picture plain = f.Image123(2).Picture();
-  f.Img1.Load(2).setPicture(plain);
-  f.Image123(2).setPicture({});  // the grid shows the cross there
-  program->fields.set("aDeleted", 2, -1.0);
+  host.queueMenuPick("mDelselected");  // marked as a person marks it: the cell's menu
+  ASSERT_TRUE(tk::user::mouseDown(f.Image1(2), tk::user::kRightButton));
+  ASSERT_EQ(program->grid.nDeleted(), 1);
+  ASSERT_FALSE(f.Image123(2).Picture().sameObject(plain));  // the grid shows the cross there
   ASSERT_TRUE(tk::user::dblClick(f.Image1(1)));
   key(tk::key::Right);  // a marked position shows its plain picture
   EXPECT_TRUE(program->Form2().Image2.Picture().sameObject(plain));
@@ -175,11 +177,18 @@ TEST_F(ViewerTest, AShowStartedOnTheLastFileEndsAtItsFirstTickKeepingItsInterval
   EXPECT_EQ(beeps(), 1);  // a beep at every try while the show stays there
 }
 
+// A GIF of one frame stops its player at once, which hands the focus back to the bar through
+// Timer3.
 TEST_F(ViewerTest, Timer3GivesTheFocusBackOnce) {
-  Form2& v = openOnly(64, 48);
+  std::filesystem::remove_all(pictures);
+  std::filesystem::create_directories(pictures);
+  const auto gif = codecs::testing::makeGif(2, 1, {0, 1}, -1);
+  std::ofstream(pictures / "a.gif", std::ios::binary)
+      .write(reinterpret_cast<const char*>(gif.data()), static_cast<std::streamsize>(gif.size()));
+  Form2& v = open();
+  ASSERT_TRUE(v.Timer3.Enabled());
   v.Image1.SetFocus();
-  v.Timer3.setEnabled(true);
-  wait(554);
+  wait(553);
   EXPECT_NE(v.ActiveControl(), &v.VScroll2);
   wait(1);
   EXPECT_EQ(v.ActiveControl(), &v.VScroll2);
@@ -227,6 +236,9 @@ TEST_F(ViewerTest, TheZoomLimitsBeepWhateverTheSettingAndChangeNothing) {
   const int cases[][4] = {
       {2000, 1900, tk::key::Down, 11},  // then 43823.9 + 3984 - 15360 is over 32000
       {20, 20, tk::key::Up, 7},         // 300 twips down to 143.49, under 150
+      // Either side alone is enough.
+      {4000, 200, tk::key::Down, 11},  // the width as above, the height far inside
+      {600, 12, tk::key::Up, 2},       // 180 twips high down to 145.8, 7290 wide
   };
   for (const auto& c : cases) {
     Form2& v = openOnly(c[0], c[1]);
