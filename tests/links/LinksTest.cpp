@@ -16,8 +16,8 @@ using Lines = std::vector<std::string>;
 
 // Every field is written with its separator. Reading, the pieces pair up as name and target; a
 // piece without a partner is dropped, and whatever follows the last separator is ignored, so a
-// line end there reads alike. 499 records fill the original reader's table; a 500th added link
-// must survive too.
+// line end there reads alike. A long list, of 499 records and a 500th added to them, is read
+// and written whole.
 TEST(LinkFile, ReadsFieldsInPairsAndWritesEachWithItsSeparator) {
   const std::pair<std::string, std::vector<LinkRecord>> cases[] = {
       {"Alpha*%*/p/Alpha*%*Beta*%*/d/Beta*%*", {{"Alpha", "/p/Alpha"}, {"Beta", "/d/Beta"}}},
