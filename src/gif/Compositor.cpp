@@ -29,12 +29,14 @@ gdi::Surface framePixels(const gdi::IndexedSurface& strip, const GifFrame& f,
   return out;
 }
 
-// `pixels` onto `rect` of `target` by `op`; scaled with halftone quality when `stretch`.
+// `pixels` onto `rect` of `target` by `op`; scaled with halftone quality when `stretch`, else
+// cut to the rectangle, which the destination's edge may have narrowed.
 void place(gdi::Surface& target, gdi::Rect rect, const gdi::Surface& pixels, bool stretch,
            gdi::RasterOp op) {
   const gdi::Rect whole{0, 0, pixels.Width(), pixels.Height()};
-  if (!stretch) return gdi::blit(target, rect.x, rect.y, pixels, whole, op);
-  gdi::stretchHalftone(target, rect, pixels, whole, op);
+  if (stretch) return gdi::stretchHalftone(target, rect, pixels, whole, op);
+  gdi::blit(target, rect.x, rect.y, pixels,
+            {0, 0, std::min(rect.width, whole.width), std::min(rect.height, whole.height)}, op);
 }
 }  // namespace
 

@@ -100,7 +100,7 @@ TEST_F(PlayerTest, TheCanvasShowsTransparencyAndEachDisposal) {
   }
 }
 
-TEST_F(PlayerTest, AFirstTransparentFrameShowsTheColourAndOpaqueFullFramesNeedNoCanvas) {
+TEST_F(PlayerTest, AFirstTransparentFrameShowsTheColourOpaqueFramesNeedNoCanvasAndAreCutAtItsEdge) {
   cGIFViewer& gif = load(2, 1, {patch(0, 0, 2, 1, 0, 0, 0), patch(0, 0, 2, 1, 3)});
   ASSERT_TRUE(gif.SetAnimationBkg(0, {.color = 0x0000FF}, 1, 1));  // red as 0x00BBGGRR
   gif.setAnimationState(4);
@@ -115,6 +115,14 @@ TEST_F(PlayerTest, AFirstTransparentFrameShowsTheColourAndOpaqueFullFramesNeedNo
   EXPECT_EQ(window.surface.pixel(0, 0), kGreen);  // stretched over the whole 4 x 4
   EXPECT_EQ(window.surface.pixel(3, 3), kGreen);
   EXPECT_EQ(window.surface.pixel(5, 5), kUntouched);
+
+  // Unscaled, a frame is cut at the destination's edge.
+  cGIFViewer& wide = load(4, 1, {patch(0, 0, 4, 1, 2), patch(0, 0, 4, 1, 3)});
+  window.surface = gdi::Surface(8, 8, gdi::AlphaMode::kOpaque);
+  ASSERT_TRUE(wide.SetAnimationBkg(0, {.color = 0x0000FF}, 0, 0, 2, 1, 0));
+  wide.setAnimationState(4);
+  EXPECT_EQ(window.surface.pixel(1, 0), kGreen);
+  EXPECT_EQ(window.surface.pixel(2, 0), kUntouched);
 }
 
 TEST_F(PlayerTest, ReadOutsKeepTheirLimits) {
