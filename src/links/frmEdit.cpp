@@ -116,7 +116,8 @@ void frmEdit::Form_MouseDown(int Button, int, double X, double Y) {
 }
 
 void frmEdit::Form_MouseMove(int Button, int, double X, double Y) {
-  if (Button != tk::user::kLeftButton) return;
+  // The buttons held, as bits: the left one moves the window whatever else is down.
+  if ((Button & tk::user::kLeftButton) == 0) return;
   Move(Left() + X - dragX, Top() + Y - dragY, Width(), Height());
 }
 

@@ -329,6 +329,11 @@ TEST_F(LinkList, ADoubleClickSelectsTheWholeTextAndADroppedDialogSnapsBackOntoTh
   EXPECT_EQ(drop(-900, -700), std::pair(0.0, 0.0));
   tk::user::mouseMove(d, 0, 0, 0, 0);  // no button: no drag
   EXPECT_EQ(d.Left(), 0);
+  tk::user::mouseMove(d, tk::user::kRightButton, 0, 300, 200);  // the right one alone: no drag
+  EXPECT_EQ(d.Left(), 0);
+  // Both buttons down: the left one drags.
+  tk::user::mouseMove(d, tk::user::kLeftButton | tk::user::kRightButton, 0, 300, 200);
+  EXPECT_EQ(d.Left(), 200);
 }
 
 }  // namespace
