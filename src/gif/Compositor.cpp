@@ -110,10 +110,14 @@ bool cGIFViewer::SetAnimationBkg(int32_t bkgMethod, AnimationBkg bkgDC_Color, in
                                  int32_t bkgDC_X, int32_t bkgDC_Y) {
   if (!m_Callback) return false;
   const bool fromDc = bkgMethod == 1;
-  // Without a surface to copy from, everything stays as it was.
-  if (fromDc && !bkgDC_Color.dc && needsCache()) return false;
   const bool wasPlaying = m_State == 1;
   if (wasPlaying) setAnimationState(2);
+  if (fromDc && !bkgDC_Color.dc && needsCache()) {
+    // Without a surface to copy from, the cache stays as it was, and a paused animation plays
+    // on (which takes it one frame further).
+    if (wasPlaying) setAnimationState(1);
+    return false;
+  }
   if (destCx < 1) destCx = Width();
   if (destCY < 1) destCY = Height();
   m_Cache.DestX = DestX;

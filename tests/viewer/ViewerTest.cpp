@@ -10,6 +10,8 @@
 
 #include "ProgramFixture.h"
 #include "codecs/TestImages.h"
+#include "gif/Form3.h"
+#include "gif/cGIFViewer.h"
 #include "picture/PictureServices.h"
 #include "platform/toolkit/KeyCodes.h"
 #include "viewer/FitRule.h"
@@ -211,6 +213,24 @@ TEST_F(ViewerTest, TheNextGifOfAShowStartsOnTheBareBackground) {
   ASSERT_TRUE(screen && screen->dimensions() == (gdi::Size{1024, 768}));
   EXPECT_EQ(screen->pixel(400, 300) & 0xFFFFFFu, 0x404040u);  // where the large one stood
   EXPECT_NE(screen->pixel(512, 384) & 0xFFFFFFu, 0x404040u);  // the small one in the middle
+}
+
+// Asked for a background from a surface without one, the player keeps its canvas, but the
+// animation was paused for the call and plays on: one frame further.
+TEST_F(ViewerTest, ABackgroundFromNoSurfaceLeavesTheCanvasAndPlaysOn) {
+  std::filesystem::remove_all(pictures);
+  std::filesystem::create_directories(pictures);
+  const codecs::testing::GifFrameSpec whole{0, 0, 4, 4, std::vector<uint8_t>(16, 1), 50};
+  const codecs::testing::GifFrameSpec patch{0, 0, 2, 2, std::vector<uint8_t>(4, 2), 50};
+  const auto bytes = codecs::testing::makeAnimatedGif(4, 4, {whole, patch, whole}, 0);
+  std::ofstream(pictures / "a.gif", std::ios::binary) << std::string(bytes.begin(), bytes.end());
+  open();
+  cGIFViewer& player = *program->Form3().gifViewer;
+  ASSERT_EQ(player.AnimationState(), 1);
+  ASSERT_EQ(player.AnimationIndex(), 1);
+  EXPECT_FALSE(player.SetAnimationBkg(1, {}, 0, 0, 0, 0, 0));
+  EXPECT_EQ(player.AnimationState(), 1);
+  EXPECT_EQ(player.AnimationIndex(), 2);
 }
 
 TEST(FitToForm, ShrinksOnceByTheLongerSide) {
