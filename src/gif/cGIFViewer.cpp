@@ -32,10 +32,11 @@ int32_t cGIFViewer::LoadGIF(const std::string& gifFileName, int32_t ViewerID,
   if (!GIFRenderInterface || !timerHwnd) {
     count = -count;
   } else {
-    // The timer calls back into this very object; a still picture needs none.
+    // The timer calls back into this very object. A still picture never arms it, but keeps the
+    // callback, and with it its background.
     m_Render = GIFRenderInterface;
     m_TimerHwnd = timerHwnd;
-    m_Callback = count != 1;
+    m_Callback = true;
   }
   if (m_Render) m_Render->Rendered(m_ViewerID, 1, 1, 0);
   StripProgress progress;

@@ -125,6 +125,13 @@ TEST_F(PlayerTest, AFirstTransparentFrameShowsTheColourOpaqueFramesNeedNoCanvasA
   EXPECT_EQ(window.surface.pixel(2, 0), kUntouched);
 }
 
+TEST_F(PlayerTest, AStillGifKeepsItsBackground) {
+  cGIFViewer& gif = load(2, 1, {patch(0, 0, 2, 1, 0, 0, 0)});
+  ASSERT_TRUE(gif.SetAnimationBkg(0, {.color = 0x0000FF}, 1, 1));  // red as 0x00BBGGRR
+  gif.setAnimationState(4);
+  EXPECT_EQ(window.surface.pixel(1, 1), kRed);  // through the transparent frame
+}
+
 TEST_F(PlayerTest, ReadOutsKeepTheirLimits) {
   cGIFViewer& gif = load(2, 1, {patch(0, 0, 2, 1, 2), patch(0, 0, 1, 1, 1)});
   gif.setMinimumDelay(5);
