@@ -6,6 +6,7 @@
 #include <cstdlib>
 
 #include "gif/Form3.h"
+#include "gif/FrameExport.h"
 #include "platform/toolkit/Error.h"
 #include "program/Program.h"
 
@@ -205,6 +206,18 @@ void cGIFViewer::TimerProc(bool fromTimer) {
     SetTimer();
   else
     m_Render->Rendered(m_ViewerID, m_Index, 2, m_LoopsDone);
+}
+
+gdi::Picture cGIFViewer::FrameImage(int32_t Index, int32_t PicType) {
+  const bool wasPlaying = m_State == kPlay;
+  if (wasPlaying) m_State = kPause;
+  gdi::Picture picture = vellumry::FrameImage(m_Gif, m_Strip, Index, PicType);
+  if (wasPlaying) m_State = kPlay;
+  return picture;
+}
+
+void cGIFViewer::FramePalette(int32_t Index, ColorRow& palette) const {
+  vellumry::FramePalette(m_Gif, Index, palette);
 }
 
 void cGIFViewer::SetTimer() {

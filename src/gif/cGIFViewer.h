@@ -12,6 +12,7 @@
 #include "gif/FrameStrip.h"
 #include "gif/GifFile.h"
 #include "gif/IGifRender.h"
+#include "platform/gdi/Picture.h"
 #include "platform/gdi/Surface.h"
 #include "platform/toolkit/EventLoop.h"
 
@@ -63,6 +64,11 @@ class cGIFViewer {
                           int32_t& destCY, int32_t StretchMode, float& ScaleX, float& ScaleY) const;
   // The background colour of the global table as 0x00BBGGRR; 0 without one.
   int32_t WindowBkgColor() const;
+  // Frame `Index` given out: PicType 1 as a bitmap in its own colours, else as a one-frame GIF;
+  // nothing out of range. A playing animation stands paused while the strip is read.
+  gdi::Picture FrameImage(int32_t Index, int32_t PicType);
+  // 256 zeros, then for a frame in range its colour row.
+  void FramePalette(int32_t Index, ColorRow& palette) const;
   int32_t Height() const { return m_Gif.m_Height; }
   int32_t Width() const { return m_Gif.m_Width; }
   int32_t LoopCount() const { return m_Gif.m_LoopCount; }

@@ -132,6 +132,24 @@ TEST_F(PlayerTest, AStillGifKeepsItsBackground) {
   EXPECT_EQ(window.surface.pixel(1, 1), kRed);  // through the transparent frame
 }
 
+TEST_F(PlayerTest, FramesGoOutAsPicturesAndPalettesOfTheirOwn) {
+  cGIFViewer& gif = load(2, 1, {patch(0, 0, 2, 1, 2), patch(1, 0, 1, 1, 1, 0, 1)});
+  const gdi::Picture bitmap = gif.FrameImage(2, 1);
+  ASSERT_TRUE(bitmap);
+  EXPECT_EQ(bitmap.Type(), gdi::PictureType::kBitmap);
+  EXPECT_EQ(bitmap.pixelSize(), (gdi::Size{1, 1}));
+  const auto asGif = gif.FrameImage(2, 0).Pixels();  // a GIF of its own keeps the transparency
+  ASSERT_TRUE(asGif);
+  EXPECT_EQ(gdi::alphaOf(asGif->pixel(0, 0)), 0);
+  EXPECT_FALSE(gif.FrameImage(0, 1));
+  EXPECT_FALSE(gif.FrameImage(3, 1));
+  ColorRow palette{};
+  gif.FramePalette(1, palette);
+  EXPECT_EQ(palette[1], 0xFF0000u);  // red, as the colour table holds it
+  gif.FramePalette(3, palette);
+  EXPECT_EQ(palette, ColorRow{});
+}
+
 TEST_F(PlayerTest, ReadOutsKeepTheirLimits) {
   cGIFViewer& gif = load(2, 1, {patch(0, 0, 2, 1, 2), patch(0, 0, 1, 1, 1)});
   gif.setMinimumDelay(5);
