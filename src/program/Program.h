@@ -78,6 +78,9 @@ class Program {
   // Form3.pLoad: plays a GIF file in the GIF window. For the viewer, whose library lies below
   // the GIF window's; the shell's Main wires it.
   std::function<void(const std::string& sFileName)> playGif;
+  // Form3.pP when its animation fills the screen, else Form3.pM: the GIF window made ready for
+  // a minimising from its menu. Wired by Main, as playGif.
+  std::function<void()> settleGifWindow;
   // Form1's controls, the model that every subsystem shares; touching loads Form1.
   Form1Controls& mainWindow();
 

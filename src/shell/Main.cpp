@@ -38,6 +38,10 @@ void Main(Program& program) {
   give(program, program.frmSet);
   give(program, program.About);
   program.playGif = [&program](const std::string& sFileName) { program.Form3().pLoad(sFileName); };
+  program.settleGifWindow = [&program] {
+    Form3& window = program.Form3();
+    program.viewer.bBigPlay() ? window.pP() : window.pM();
+  };
   program.runtime.dispatch([&] { program.Form0().Show(); });
 }
 

@@ -116,9 +116,10 @@ void frmMenu::mnuHelp_Click() {
 void frmMenu::mnuMinimize_Click() { program_.pMinimise(ViewerState::kGrid); }
 
 void frmMenu::mnuMin_Click() {
-  // Pausing a playing animation first comes with the GIF viewer.
   tk::Form* f3 = program_.Form3.peekForm();
-  program_.pMinimise(f3 && f3->Visible() ? ViewerState::kGifViewer : ViewerState::kViewer);
+  const bool gifShown = f3 && f3->Visible();
+  if (gifShown) program_.settleGifWindow();
+  program_.pMinimise(gifShown ? ViewerState::kGifViewer : ViewerState::kViewer);
 }
 
 void frmMenu::mnuExit_Click() { program_.Form1.form().Unload(); }

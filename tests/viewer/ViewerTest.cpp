@@ -233,6 +233,28 @@ TEST_F(ViewerTest, ABackgroundFromNoSurfaceLeavesTheCanvasAndPlaysOn) {
   EXPECT_EQ(player.AnimationIndex(), 2);
 }
 
+// Minimised from its menu, the GIF window takes its smaller size first (pM), unless its
+// animation fills the screen (pP).
+TEST_F(ViewerTest, MinimisingFromTheGifMenuSettlesTheGifWindowFirst) {
+  std::filesystem::remove_all(pictures);
+  std::filesystem::create_directories(pictures);
+  const codecs::testing::GifFrameSpec frame{0, 0, 4, 4, std::vector<uint8_t>(16, 1), 50};
+  const auto bytes = codecs::testing::makeAnimatedGif(4, 4, {frame, frame}, 0);
+  std::ofstream(pictures / "a.gif", std::ios::binary) << std::string(bytes.begin(), bytes.end());
+  for (const bool big : {false, true}) {
+    open();
+    Form3& window = program->Form3();
+    ASSERT_TRUE(window.Visible());
+    program->fields.set("bBigPlay", std::nullopt, big);
+    window.cboStretchMode.setListIndex(0);
+    host.queueMenuPick("mnuMin");
+    tk::user::mouseDown(window.picBkg, tk::user::kRightButton);
+    EXPECT_EQ(window.cboStretchMode.ListIndex(), big ? 0 : 3) << big;
+    EXPECT_EQ(program->viewer.bBigPlay(), big) << big;
+    EXPECT_EQ(program->viewer.ViewerUp(), 3) << big;
+  }
+}
+
 TEST(FitToForm, ShrinksOnceByTheLongerSide) {
   // A natural size in twips on the form of 15360 by 11520, and the width and height shown; 0 by
   // 0 where the natural size stays untouched.
