@@ -34,6 +34,7 @@ frmEdit::frmEdit(Program& program) : Form(program.runtime, "frmEdit"), program_(
   List(0).setVisible(false);
   List.Load(2).Move(120, 840, 3975, 1560);
   List(2).setToolTipText("Click twice to open");
+  List(2).setBackColor(tk::kSystemFace);
   List.Load(3).Move(4080, 840, 2295, 1815);
   btn(0).Move(2160, 2880, 975, 375);
   btn.Load(1).setVisible(true);

@@ -293,6 +293,7 @@ TEST_F(LinkList, EachModeSetsUpTheDialogAndCancelLeavesTheText) {
     run(c.open);
     frmEdit& d = dialog();
     EXPECT_TRUE(d.Visible() && d.topMost() && !f.Enabled() && d.ActiveControl() == &d.Text1);
+    EXPECT_EQ(d.List(2).BackColor(), 0x8000000Fu);  // the button face, in every mode
     EXPECT_EQ(std::tuple(d.Label(0).Caption(), d.btn(0).Caption(), d.List(2).Visible(),
                          tk::toText(d.get("Region")), d.Text1.Text(), d.Text1.SelStart(),
                          d.Text1.SelLength()),

@@ -77,12 +77,13 @@ void syncCombo(QComboBox* w, const tk::ListControl& list, bool items) {
   w->setCurrentIndex(list.ListIndex());
 }
 
-// A colour that the model gives a widget of its own; system colours keep the desktop's look.
-void syncColors(QWidget* w, uint32_t back, std::optional<uint32_t> fore = {}) {
-  const auto own = [](uint32_t c) { return (c & 0x80000000u) == 0; };
+// A colour that the model gives a widget of its own. The system colours a kind of widget has by
+// default keep the desktop's look; another system colour shows as the desktop has it.
+void syncColors(QWidget* w, uint32_t back, uint32_t defaultBack, std::optional<uint32_t> fore = {},
+                uint32_t defaultFore = tk::kSystemText) {
   QString sheet;
-  if (own(back)) sheet += "background-color: " + qtColor(back, w->palette()).name() + ";";
-  if (fore && own(*fore)) sheet += "color: " + qtColor(*fore, w->palette()).name() + ";";
+  if (back != defaultBack) sheet += "background-color: " + qtColor(back, w->palette()).name() + ";";
+  if (fore && *fore != defaultFore) sheet += "color: " + qtColor(*fore, w->palette()).name() + ";";
   if (w->styleSheet() != sheet) w->setStyleSheet(sheet);
 }
 
@@ -236,7 +237,7 @@ void syncWindowed(QWidget* widget, const tk::Control& c, bool items) {
     case tk::Kind::CommandButton: {
       const auto& button = static_cast<const tk::CommandButton&>(c);
       static_cast<QPushButton*>(widget)->setText(text(button.Caption()));
-      syncColors(widget, button.BackColor());
+      syncColors(widget, button.BackColor(), tk::kSystemFace);
       break;
     }
     case tk::Kind::CheckBox: {
@@ -257,14 +258,21 @@ void syncWindowed(QWidget* widget, const tk::Control& c, bool items) {
       edit->setReadOnly(box.Locked());
       break;
     }
-    case tk::Kind::ListBox:
+    case tk::Kind::ListBox: {
+      const auto& list = static_cast<const tk::ListBox&>(c);
+      syncList(static_cast<QListWidget*>(widget), list, items);
+      syncColors(widget, list.BackColor(), tk::kSystemWindow, list.ForeColor(),
+                 tk::kSystemWindowText);
+      break;
+    }
     case tk::Kind::FileListBox:
       syncList(static_cast<QListWidget*>(widget), static_cast<const tk::ListControl&>(c), items);
       break;
     case tk::Kind::ComboBox: {
       const auto& combo = static_cast<const tk::ComboBox&>(c);
       syncCombo(static_cast<QComboBox*>(widget), combo, items);
-      syncColors(widget, combo.BackColor(), combo.ForeColor());
+      syncColors(widget, combo.BackColor(), tk::kSystemWindow, combo.ForeColor(),
+                 tk::kSystemWindowText);
       break;
     }
     case tk::Kind::VScrollBar:

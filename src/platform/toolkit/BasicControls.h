@@ -13,6 +13,7 @@ namespace vellumry::tk {
 inline constexpr uint32_t kSystemFace = 0x8000000F;
 inline constexpr uint32_t kSystemHighlight = 0x8000000D;
 inline constexpr uint32_t kSystemText = 0x80000012;
+inline constexpr uint32_t kSystemWindow = 0x80000005, kSystemWindowText = 0x80000008;
 
 class Frame : public Control {
  public:

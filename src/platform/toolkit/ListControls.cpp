@@ -78,20 +78,14 @@ void ListBox::setList(int i, const std::string& text) {
   changed(prop::List);
 }
 
+void ListBox::setBackColor(uint32_t v) { assign(backColor_, v, prop::BackColor); }
+void ListBox::setForeColor(uint32_t v) { assign(foreColor_, v, prop::ForeColor); }
 const std::vector<Property>& ListBox::properties() const {
   static const auto props =
       extend(ListControl::properties(),
-             {accessor<ListBox, &ListBox::Sorted, &ListBox::setSorted>(prop::Sorted)});
-  return props;
-}
-
-void ComboBox::setBackColor(uint32_t v) { assign(backColor_, v, prop::BackColor); }
-void ComboBox::setForeColor(uint32_t v) { assign(foreColor_, v, prop::ForeColor); }
-const std::vector<Property>& ComboBox::properties() const {
-  static const auto props =
-      extend(ListBox::properties(),
-             {accessor<ComboBox, &ComboBox::BackColor, &ComboBox::setBackColor>(prop::BackColor),
-              accessor<ComboBox, &ComboBox::ForeColor, &ComboBox::setForeColor>(prop::ForeColor)});
+             {accessor<ListBox, &ListBox::Sorted, &ListBox::setSorted>(prop::Sorted),
+              accessor<ListBox, &ListBox::BackColor, &ListBox::setBackColor>(prop::BackColor),
+              accessor<ListBox, &ListBox::ForeColor, &ListBox::setForeColor>(prop::ForeColor)});
   return props;
 }
 

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/toolkit/BasicControls.h"
 #include "platform/toolkit/Control.h"
 
 namespace vellumry::tk {
@@ -42,16 +43,6 @@ class ListBox : public ListControl {
   void setList(int i, const std::string& text);
   bool Sorted() const { return sorted_; }
   void setSorted(bool v) { sorted_ = v; }
-  const std::vector<Property>& properties() const override;
-
- private:
-  bool sorted_ = false;
-};
-
-// A drop-down list: a list box that shows only its selected item.
-class ComboBox : public ListBox {
- public:
-  ComboBox(Form* form, std::string name) : ListBox(form, std::move(name), Kind::ComboBox) {}
   uint32_t BackColor() const { return backColor_; }
   void setBackColor(uint32_t v);
   uint32_t ForeColor() const { return foreColor_; }
@@ -59,7 +50,14 @@ class ComboBox : public ListBox {
   const std::vector<Property>& properties() const override;
 
  private:
-  uint32_t backColor_ = 0x80000005, foreColor_ = 0x80000008;  // the window's system colours
+  bool sorted_ = false;
+  uint32_t backColor_ = kSystemWindow, foreColor_ = kSystemWindowText;
+};
+
+// A drop-down list: a list box that shows only its selected item.
+class ComboBox : public ListBox {
+ public:
+  ComboBox(Form* form, std::string name) : ListBox(form, std::move(name), Kind::ComboBox) {}
 };
 
 // The files of one folder that match a pattern, sorted as a person expects, case-blind.
