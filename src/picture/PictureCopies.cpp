@@ -85,13 +85,35 @@ gdi::Picture StdPictureEx::ExamineBitmap(gdi::Surface pixels, PictureRecord& rec
   return gdi::Picture::fromSurface(std::move(pixels), services_.twipsPerPixel());
 }
 
+gdi::Picture StdPictureEx::RenderToDib(const gdi::Picture& picture, PictureRecord& record) {
+  const auto drawing = picture.Pixels(picture.pixelSize());
+  if (!drawing) return picture;
+  gdi::Surface pixels = gdi::convertAlpha(*drawing, gdi::AlphaMode::kPremultiplied);
+  const bool transparent = picture.Attributes() & gdi::kPictureTransparent;
+  // Drawing marks what it covers: a pixel painted whole stays, any other is cleared; without
+  // transparency the drawing lies on the section's black.
+  for (uint32_t& p : pixels.Pixels()) {
+    if (transparent) {
+      if (gdi::alphaOf(p) != 255) p = 0;
+    } else {
+      p |= 0xFF000000u;
+    }
+  }
+  pixels.setAlpha(transparent ? gdi::AlphaMode::kPremultiplied : gdi::AlphaMode::kOpaque);
+  record.Flags = transparent ? flagsOf(kKindBitmap) : 0;
+  return gdi::Picture::fromSurface(std::move(pixels), services_.twipsPerPixel());
+}
+
 gdi::Picture StdPictureEx::ConvertToBitmap(const gdi::Picture& picture, PictureRecord& record) {
   if (picture.Type() == gdi::PictureType::kBitmap) {
     if (record.Flags != 0) record.Flags = flagsOf(kKindBitmap);
     return picture;
   }
+  if (picture.Type() == gdi::PictureType::kMetafile ||
+      picture.Type() == gdi::PictureType::kEnhancedMetafile)
+    return RenderToDib(picture, record);
   const gdi::IconImage* icon = picture.icon();
-  if (!icon) return picture;  // metafiles draw nothing to convert
+  if (!icon) return picture;
   if (icon->hasAlpha() && classify(icon->colour) != 0) return ExamineBitmap(icon->colour, record);
   // The mask decides: masked pixels become transparent, the rest opaque. Drawn with alpha only
   // when some pixel is masked.

@@ -111,8 +111,13 @@ class StdPictureEx {
   gdi::Picture LoadFromPicture(const gdi::Picture& picture, Arguments& args, PictureRecord& record);
   // A bitmap picture over `pixels`, managed (Flags 1) when their fourth byte proves to be alpha.
   gdi::Picture ExamineBitmap(gdi::Surface pixels, PictureRecord& record);
-  // `picture` as a bitmap: an icon's colour with its alpha or mask; a bitmap stays itself.
+  // `picture` as a bitmap: an icon's colour with its alpha or mask, a metafile's drawing; a
+  // bitmap stays itself.
   gdi::Picture ConvertToBitmap(const gdi::Picture& picture, PictureRecord& record);
+  // A metafile drawn into a bitmap of its own size. With transparency, what it painted stays
+  // and the rest is clear (managed, Flags 1); without, it lies on black. The metafile itself
+  // when it can't be drawn.
+  gdi::Picture RenderToDib(const gdi::Picture& picture, PictureRecord& record);
   // `picture` as an icon of one image made from a bitmap's pixels; an icon stays itself.
   gdi::Picture ConvertToIcon(const gdi::Picture& picture, PictureRecord& record,
                              const Arguments& args);

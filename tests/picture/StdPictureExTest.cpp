@@ -7,6 +7,7 @@
 
 #include "codecs/TestFiles.h"
 #include "codecs/TestImages.h"
+#include "codecs/TestMetafiles.h"
 #include "picture/PictureTestSupport.h"
 #include "platform/codecs/Encoders.h"
 #include "platform/toolkit/EventLoop.h"
@@ -202,6 +203,22 @@ TEST_F(StdPictureExTest, PicturesMadeFromPictures) {
     EXPECT_EQ(pixelOf(made, 0, 0), topLeft);
     EXPECT_EQ(pixelOf(made, 1, 1), inside);
   }
+}
+
+// A metafile converted to a bitmap keeps what it painted, opaque, and clears the rest.
+TEST_F(StdPictureExTest, AMetafileBecomesABitmapOfWhatItPainted) {
+  using namespace codecs::testing;
+  const gdi::Picture metafile =
+      ex.LoadPicture(ByteArray{wmf(2, {windowExtent(100, 100), solidBrush(0x0000FF), select(0),
+                                       nullPen(), select(1), Rectangle(0, 0, 50, 100)})});
+  ASSERT_EQ(metafile.Type(), gdi::PictureType::kMetafile);
+  const gdi::Picture made = ex.LoadPicture(metafile, -1, 0, 0, 0, false, 1);
+  ASSERT_TRUE(made);
+  EXPECT_EQ(made.Type(), gdi::PictureType::kBitmap);
+  EXPECT_EQ(made.pixelSize(), metafile.pixelSize());
+  EXPECT_TRUE(ex.IsManaged(made));
+  EXPECT_EQ(pixelOf(made, 10, 50), 0xFFFF0000u);
+  EXPECT_EQ(pixelOf(made, 90, 50), 0u);
 }
 
 // What `picture` shows at the top left drawn at `zoom` times its size over grey 0x808080.
