@@ -14,6 +14,11 @@ enum class Action { kReadBytes, kIcon, kBitmap };
 
 bool hasFourthByte(const gdi::Surface& pixels) { return pixels.alpha() != gdi::AlphaMode::kOpaque; }
 
+bool isMetafile(const gdi::Picture& picture) {
+  return picture.Type() == gdi::PictureType::kMetafile ||
+         picture.Type() == gdi::PictureType::kEnhancedMetafile;
+}
+
 uint32_t classify(const gdi::Surface& pixels) {
   return codecs::ClassifyAlpha(pixels.Pixels(), pixels.Width(), pixels.Height());
 }
@@ -109,9 +114,7 @@ gdi::Picture StdPictureEx::ConvertToBitmap(const gdi::Picture& picture, PictureR
     if (record.Flags != 0) record.Flags = flagsOf(kKindBitmap);
     return picture;
   }
-  if (picture.Type() == gdi::PictureType::kMetafile ||
-      picture.Type() == gdi::PictureType::kEnhancedMetafile)
-    return RenderToDib(picture, record);
+  if (isMetafile(picture)) return RenderToDib(picture, record);
   const gdi::IconImage* icon = picture.icon();
   if (!icon) return picture;
   if (icon->hasAlpha() && classify(icon->colour) != 0) return ExamineBitmap(icon->colour, record);
@@ -132,8 +135,11 @@ gdi::Picture StdPictureEx::ConvertToBitmap(const gdi::Picture& picture, PictureR
 
 gdi::Picture StdPictureEx::ConvertToIcon(const gdi::Picture& picture, PictureRecord& record,
                                          const Arguments& args) {
-  if (picture.Type() != gdi::PictureType::kBitmap) return picture;
-  const auto pixels = picture.Pixels();
+  // A metafile goes by its drawing, what it didn't paint masked.
+  PictureRecord drawnRecord;
+  const gdi::Picture bitmap = isMetafile(picture) ? RenderToDib(picture, drawnRecord) : picture;
+  if (bitmap.Type() != gdi::PictureType::kBitmap) return picture;
+  const auto pixels = bitmap.Pixels();
   if (!pixels) return picture;
   // An icon file of one image: alpha pixels of 0 masked, colour unscaled as icon readers expect.
   gdi::IconImage icon;

@@ -205,8 +205,9 @@ TEST_F(StdPictureExTest, PicturesMadeFromPictures) {
   }
 }
 
-// A metafile converted to a bitmap keeps what it painted, opaque, and clears the rest.
-TEST_F(StdPictureExTest, AMetafileBecomesABitmapOfWhatItPainted) {
+// A metafile converted to a bitmap keeps what it painted, opaque, and clears the rest; converted
+// to an icon, it masks the rest.
+TEST_F(StdPictureExTest, AMetafileBecomesABitmapOrIconOfWhatItPainted) {
   using namespace codecs::testing;
   const gdi::Picture metafile =
       ex.LoadPicture(ByteArray{wmf(2, {windowExtent(100, 100), solidBrush(0x0000FF), select(0),
@@ -219,6 +220,13 @@ TEST_F(StdPictureExTest, AMetafileBecomesABitmapOfWhatItPainted) {
   EXPECT_TRUE(ex.IsManaged(made));
   EXPECT_EQ(pixelOf(made, 10, 50), 0xFFFF0000u);
   EXPECT_EQ(pixelOf(made, 90, 50), 0u);
+  // As an icon, what it didn't paint is masked.
+  const gdi::Picture icon = ex.LoadPicture(metafile, -1, 0, 0, 0, false, 3);
+  ASSERT_TRUE(icon && icon.icon());
+  EXPECT_EQ(icon.pixelSize(), metafile.pixelSize());
+  EXPECT_FALSE(icon.icon()->masked(10, 50));
+  EXPECT_TRUE(icon.icon()->masked(90, 50));
+  EXPECT_EQ(pixelOf(icon, 10, 50), 0xFFFF0000u);
 }
 
 // What `picture` shows at the top left drawn at `zoom` times its size over grey 0x808080.
