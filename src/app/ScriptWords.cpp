@@ -2,6 +2,7 @@
 
 #include <charconv>
 
+#include "platform/os/Utf.h"
 #include "platform/toolkit/Error.h"
 
 namespace vellumry {
@@ -16,24 +17,6 @@ unsigned readHex4(const std::string& line, size_t& at) {
     tk::raise(tk::err::InvalidCall, "bad \\u escape");
   at += 4;
   return code;
-}
-
-void appendUtf8(std::string& out, uint32_t code) {
-  if (code < 0x80) {
-    out += static_cast<char>(code);
-  } else if (code < 0x800) {
-    out += static_cast<char>(0xC0 | (code >> 6));
-    out += static_cast<char>(0x80 | (code & 0x3F));
-  } else if (code < 0x10000) {
-    out += static_cast<char>(0xE0 | (code >> 12));
-    out += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
-    out += static_cast<char>(0x80 | (code & 0x3F));
-  } else {
-    out += static_cast<char>(0xF0 | (code >> 18));
-    out += static_cast<char>(0x80 | ((code >> 12) & 0x3F));
-    out += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
-    out += static_cast<char>(0x80 | (code & 0x3F));
-  }
 }
 
 // A `\u` escape at `at`, with the low half that must follow a high surrogate.
@@ -79,7 +62,7 @@ std::string readJsonString(const std::string& line, size_t& at) {
         out += '\t';
         break;
       case 'u':
-        appendUtf8(out, readCodePoint(line, at));
+        out += os::utf8FromChars(std::u32string(1, readCodePoint(line, at)));
         break;
       default:
         out += line[at];

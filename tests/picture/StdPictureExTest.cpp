@@ -208,7 +208,6 @@ TEST_F(StdPictureExTest, PicturesMadeFromPictures) {
 // A metafile converted to a bitmap keeps what it painted, opaque, and clears the rest; converted
 // to an icon, it masks the rest.
 TEST_F(StdPictureExTest, AMetafileBecomesABitmapOrIconOfWhatItPainted) {
-  using namespace codecs::testing;
   const gdi::Picture metafile =
       ex.LoadPicture(ByteArray{wmf(2, {windowExtent(100, 100), solidBrush(0x0000FF), select(0),
                                        nullPen(), select(1), Rectangle(0, 0, 50, 100)})});

@@ -43,11 +43,21 @@ class ViewerTest : public ProgramFixture {
     wait(1);
     return program->Form2();
   }
-  // The viewer on a folder of one picture.
-  Form2& openOnly(int w, int h) {
+  void emptyFolder() {
     std::filesystem::remove_all(pictures);
     std::filesystem::create_directories(pictures);
+  }
+  // The viewer on a folder of one picture.
+  Form2& openOnly(int w, int h) {
+    emptyFolder();
     picture("a.png", w, h);
+    return open();
+  }
+  // The viewer on a folder of one GIF file of `bytes`.
+  Form2& openOnlyGif(const std::vector<uint8_t>& bytes) {
+    emptyFolder();
+    std::ofstream(pictures / "a.gif", std::ios::binary)
+        .write(reinterpret_cast<const char*>(bytes.data()), std::streamsize(bytes.size()));
     return open();
   }
   int selected() { return form1().File2.ListIndex(); }
@@ -182,12 +192,7 @@ TEST_F(ViewerTest, AShowStartedOnTheLastFileEndsAtItsFirstTickKeepingItsInterval
 // A GIF of one frame stops its player at once, which hands the focus back to the bar through
 // Timer3.
 TEST_F(ViewerTest, Timer3GivesTheFocusBackOnce) {
-  std::filesystem::remove_all(pictures);
-  std::filesystem::create_directories(pictures);
-  const auto gif = codecs::testing::makeGif(2, 1, {0, 1}, -1);
-  std::ofstream(pictures / "a.gif", std::ios::binary)
-      .write(reinterpret_cast<const char*>(gif.data()), static_cast<std::streamsize>(gif.size()));
-  Form2& v = open();
+  Form2& v = openOnlyGif(codecs::testing::makeGif(2, 1, {0, 1}, -1));
   ASSERT_TRUE(v.Timer3.Enabled());
   v.Image1.SetFocus();
   wait(553);
@@ -218,13 +223,9 @@ TEST_F(ViewerTest, TheNextGifOfAShowStartsOnTheBareBackground) {
 // Asked for a background from a surface without one, the player keeps its canvas, but the
 // animation was paused for the call and plays on: one frame further.
 TEST_F(ViewerTest, ABackgroundFromNoSurfaceLeavesTheCanvasAndPlaysOn) {
-  std::filesystem::remove_all(pictures);
-  std::filesystem::create_directories(pictures);
   const codecs::testing::GifFrameSpec whole{0, 0, 4, 4, std::vector<uint8_t>(16, 1), 50};
   const codecs::testing::GifFrameSpec patch{0, 0, 2, 2, std::vector<uint8_t>(4, 2), 50};
-  const auto bytes = codecs::testing::makeAnimatedGif(4, 4, {whole, patch, whole}, 0);
-  std::ofstream(pictures / "a.gif", std::ios::binary) << std::string(bytes.begin(), bytes.end());
-  open();
+  openOnlyGif(codecs::testing::makeAnimatedGif(4, 4, {whole, patch, whole}, 0));
   cGIFViewer& player = *program->Form3().gifViewer;
   ASSERT_EQ(player.AnimationState(), 1);
   ASSERT_EQ(player.AnimationIndex(), 1);
@@ -236,13 +237,10 @@ TEST_F(ViewerTest, ABackgroundFromNoSurfaceLeavesTheCanvasAndPlaysOn) {
 // Minimised from its menu, the GIF window takes its smaller size first (pM), unless its
 // animation fills the screen (pP).
 TEST_F(ViewerTest, MinimisingFromTheGifMenuSettlesTheGifWindowFirst) {
-  std::filesystem::remove_all(pictures);
-  std::filesystem::create_directories(pictures);
   const codecs::testing::GifFrameSpec frame{0, 0, 4, 4, std::vector<uint8_t>(16, 1), 50};
   const auto bytes = codecs::testing::makeAnimatedGif(4, 4, {frame, frame}, 0);
-  std::ofstream(pictures / "a.gif", std::ios::binary) << std::string(bytes.begin(), bytes.end());
   for (const bool big : {false, true}) {
-    open();
+    openOnlyGif(bytes);
     Form3& window = program->Form3();
     ASSERT_TRUE(window.Visible());
     program->fields.set("bBigPlay", std::nullopt, big);
