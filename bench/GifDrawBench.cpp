@@ -24,7 +24,7 @@ struct Window : IGifRender {
   void GetRenderDC(int32_t, int32_t, gdi::Surface*& destDC, RefreshWindow&, bool&) override {
     destDC = &surface;
   }
-  void Rendered(int32_t, int32_t, int32_t, int32_t) override {}
+  void Rendered(int32_t, int32_t, int32_t, intptr_t) override {}
 };
 
 void drawScaledFrame(benchmark::State& state) {

@@ -228,7 +228,7 @@ bool cGIFViewer::DrawFrame(int32_t Index, gdi::Surface* hDC, const RefreshWindow
     hWnd2Refresh(Cached ? gdi::Rect{m_Cache.DestX, m_Cache.DestY, m_Cache.DestCx, m_Cache.DestCy}
                         : rect);
   }
-  if (PostNotify && m_Render) m_Render->Rendered(m_ViewerID, Index, 0, 0);
+  if (PostNotify && m_Render) m_Render->Rendered(m_ViewerID, Index, 0, reinterpret_cast<intptr_t>(hDC));
   return true;
 }
 

@@ -111,10 +111,10 @@ void Form3::GetRenderDC(int32_t, int32_t, gdi::Surface*& destDC, RefreshWindow& 
   };
 }
 
-void Form3::Rendered(int32_t, int32_t FrameIndex, int32_t Message, int32_t MsgValue) {
+void Form3::Rendered(int32_t, int32_t FrameIndex, int32_t Message, intptr_t MsgValue) {
   if (Message == 2) {
     lOverFrame = FrameIndex;
-    lOverLoops = MsgValue;
+    lOverLoops = static_cast<int32_t>(MsgValue);
   }
   if (Message != 1) return;
   setCaption("Loading... " + std::to_string(FrameIndex) + ", " + std::to_string(MsgValue) +

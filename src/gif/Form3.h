@@ -61,7 +61,7 @@ class Form3 : public tk::Form, public IGifRender {
   // IGifRender
   void GetRenderDC(int32_t ViewerID, int32_t FrameIndex, gdi::Surface*& destDC,
                    RefreshWindow& hwndRefresh, bool& PostNotify) override;
-  void Rendered(int32_t ViewerID, int32_t FrameIndex, int32_t Message, int32_t MsgValue) override;
+  void Rendered(int32_t ViewerID, int32_t FrameIndex, int32_t Message, intptr_t MsgValue) override;
 
  private:
   // The animation's place on picBkg: one pixel off each edge, over the window's colour.

@@ -18,9 +18,10 @@ class IGifRender {
   // refresh afterwards (empty: none), and whether a Rendered message 0 is wanted after it.
   virtual void GetRenderDC(int32_t ViewerID, int32_t FrameIndex, gdi::Surface*& destDC,
                            RefreshWindow& hwndRefresh, bool& PostNotify) = 0;
-  // Message 0: frame drawn; 1: load progress in percent; 2: animation over, MsgValue the loops.
+  // Message 0: frame drawn, MsgValue the surface drawn on; 1: load progress in percent; 2:
+  // animation over, MsgValue the loops. Wide enough for a surface's address, as a handle was.
   virtual void Rendered(int32_t ViewerID, int32_t FrameIndex, int32_t Message,
-                        int32_t MsgValue) = 0;
+                        intptr_t MsgValue) = 0;
 };
 
 }  // namespace vellumry

@@ -6,6 +6,7 @@
 #include "picture/SourceDecoder.h"
 #include "picture/ThumbnailCache.h"
 #include "platform/codecs/IcoCodec.h"
+#include "platform/os/FileSystem.h"
 
 namespace vellumry {
 
@@ -43,9 +44,15 @@ gdi::Picture metafilePicture(PictureServices& services, const PictureOrigin& ori
   auto decoder = std::make_unique<FittedDecoder>(makeSourceDecoder(origin, info), natural);
   const auto type = info.format == codecs::Format::kEmf ? gdi::PictureType::kEnhancedMetafile
                                                         : gdi::PictureType::kMetafile;
+  // A metafile holds its records; here they are read again from where the drawing comes from.
+  auto records = [origin]() -> std::shared_ptr<const std::vector<uint8_t>> {
+    if (origin.bytes) return origin.bytes;
+    auto file = os::readWholeFile(origin.path);
+    return file ? std::make_shared<const std::vector<uint8_t>>(std::move(*file)) : nullptr;
+  };
   return gdi::Picture::fromMetafile(
       std::make_shared<gdi::LazyPixels>(std::move(decoder), services.cache()), type,
-      services.twipsPerPixel());
+      services.twipsPerPixel(), std::move(records));
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 // Pictures made from other pictures: copies owned by the class, and conversions between bitmaps
 // and icons.
+#include <algorithm>
+
 #include "picture/PictureServices.h"
 #include "picture/StdPictureEx.h"
 #include "platform/codecs/ClassifyAlpha.h"
@@ -10,7 +12,7 @@ namespace vellumry {
 
 namespace {
 
-enum class Action { kReadBytes, kIcon, kBitmap };
+enum class Action { kReadBytes, kIcon, kBitmap, kMaskedBitmap };
 
 bool hasFourthByte(const gdi::Surface& pixels) { return pixels.alpha() != gdi::AlphaMode::kOpaque; }
 
@@ -41,11 +43,15 @@ gdi::Picture StdPictureEx::LoadFromPicture(const gdi::Picture& picture, Argument
     action = type == gdi::PictureType::kIcon ? Action::kIcon : Action::kBitmap;
   } else {
     args.KeepOriginalFormat = false;
-    // Metafiles are copied by their bytes, which they have none of here.
-    if (type == gdi::PictureType::kMetafile || type == gdi::PictureType::kEnhancedMetafile) {
+    if (isMetafile(picture)) {
       action = Action::kReadBytes;
+      bytes = picture.metafileBits();
     } else if (type != gdi::PictureType::kBitmap) {
       action = Action::kIcon;
+    } else if (picture.Attributes() & gdi::kPictureTransparent) {
+      // Only the loader's GIFs and a GIF's frames are transparent bitmaps without a record: all
+      // of 8 bits or less.
+      action = Action::kMaskedBitmap;
     }
   }
   gdi::Picture copy;
@@ -61,11 +67,35 @@ gdi::Picture StdPictureEx::LoadFromPicture(const gdi::Picture& picture, Argument
           gdi::scaleIcon(*icon, {width > 0 ? width : own.width, height > 0 ? height : own.height}),
           services_.twipsPerPixel());
     }
+  } else if (action == Action::kMaskedBitmap) {
+    copy = copyMasked(picture, record);
   } else if (const auto pixels = picture.Pixels()) {
     copy = ExamineBitmap(*pixels, record);
   }
   if (!copy) record = PictureRecord{};
   return copy;
+}
+
+gdi::Picture StdPictureEx::copyMasked(const gdi::Picture& picture, PictureRecord& record) {
+  const auto own = picture.Pixels();
+  if (!own) return {};
+  // A key colour the picture doesn't hold, tried from 1 up: one more than a palette's entries
+  // always finds one.
+  std::vector<bool> held(259);
+  for (const uint32_t p : own->Pixels()) {
+    if (const uint32_t colour = p & 0xFFFFFF; colour < held.size()) held[colour] = true;
+  }
+  uint32_t key = 1;
+  while (held[key]) ++key;
+  // The picture drawn over the key: what still shows the key was transparent.
+  gdi::Surface pixels(own->Width(), own->Height(), gdi::AlphaMode::kOpaque);
+  std::ranges::fill(pixels.Pixels(), 0xFF000000u | key);
+  picture.Render(pixels, 0, 0, pixels.Width(), pixels.Height(), 0, picture.Height(),
+                 picture.Width(), -picture.Height());
+  for (uint32_t& p : pixels.Pixels()) p = (p & 0xFFFFFF) == key ? 0 : p | 0xFF000000u;
+  pixels.setAlpha(gdi::AlphaMode::kPremultiplied);
+  record.Flags = flagsOf(kKindBitmap);
+  return gdi::Picture::fromSurface(std::move(pixels), services_.twipsPerPixel());
 }
 
 gdi::Picture StdPictureEx::ExamineBitmap(gdi::Surface pixels, PictureRecord& record) {

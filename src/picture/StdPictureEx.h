@@ -109,6 +109,9 @@ class StdPictureEx {
   // A copy of `picture` owned here: its source bytes read again, or its pixels or icon copied and
   // examined. Nothing when no copy could be made (the record is then cleared).
   gdi::Picture LoadFromPicture(const gdi::Picture& picture, Arguments& args, PictureRecord& record);
+  // A transparent bitmap of 8 bits or less, copied over a colour it lacks: that colour's pixels
+  // become 0, the rest opaque.
+  gdi::Picture copyMasked(const gdi::Picture& picture, PictureRecord& record);
   // A bitmap picture over `pixels`, managed (Flags 1) when their fourth byte proves to be alpha.
   gdi::Picture ExamineBitmap(gdi::Surface pixels, PictureRecord& record);
   // `picture` as a bitmap: an icon's colour with its alpha or mask, a metafile's drawing; a

@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <vector>
+
 #include "gif/cGIFViewer.h"
 #include "platform/toolkit/HeadlessHost.h"
 #include "program/Program.h"
@@ -12,10 +15,16 @@ namespace vellumry::testing {
 
 struct Window : IGifRender {
   gdi::Surface surface{8, 8, gdi::AlphaMode::kOpaque};
-  void GetRenderDC(int32_t, int32_t, gdi::Surface*& destDC, RefreshWindow&, bool&) override {
+  bool postNotify = false;
+  std::vector<std::array<intptr_t, 3>> frameDrawn;  // frame, message, value of each message 0
+  void GetRenderDC(int32_t, int32_t, gdi::Surface*& destDC, RefreshWindow&,
+                   bool& PostNotify) override {
     destDC = &surface;
+    PostNotify = postNotify;
   }
-  void Rendered(int32_t, int32_t, int32_t, int32_t) override {}
+  void Rendered(int32_t, int32_t FrameIndex, int32_t Message, intptr_t MsgValue) override {
+    if (Message == 0) frameDrawn.push_back({FrameIndex, Message, MsgValue});
+  }
 };
 
 class PlayerHost : public ::testing::Test {

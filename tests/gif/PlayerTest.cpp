@@ -125,6 +125,16 @@ TEST_F(PlayerTest, AFirstTransparentFrameShowsTheColourOpaqueFramesNeedNoCanvasA
   EXPECT_EQ(window.surface.pixel(2, 0), kUntouched);
 }
 
+TEST_F(PlayerTest, AWindowThatAsksIsToldOfEachFrameAndTheSurfaceDrawnOn) {
+  cGIFViewer& gif = load(2, 1, {patch(0, 0, 2, 1, 2), patch(0, 0, 2, 1, 3)});
+  ASSERT_TRUE(gif.SetAnimationBkg(0, {.color = 0xFFFFFF}, 0, 0, 0, 0, 0));
+  gif.setAnimationState(4);
+  window.postNotify = true;
+  gif.setAnimationState(3);
+  const auto surface = reinterpret_cast<intptr_t>(&window.surface);
+  EXPECT_EQ(window.frameDrawn, (std::vector<std::array<intptr_t, 3>>{{2, 0, surface}}));
+}
+
 TEST_F(PlayerTest, AStillGifKeepsItsBackground) {
   cGIFViewer& gif = load(2, 1, {patch(0, 0, 2, 1, 0, 0, 0)});
   ASSERT_TRUE(gif.SetAnimationBkg(0, {.color = 0x0000FF}, 1, 1));  // red as 0x00BBGGRR

@@ -9,6 +9,7 @@
 #include "codecs/TestImages.h"
 #include "codecs/TestMetafiles.h"
 #include "picture/PictureTestSupport.h"
+#include "picture/PlainLoader.h"
 #include "platform/codecs/Encoders.h"
 #include "platform/toolkit/EventLoop.h"
 
@@ -170,6 +171,9 @@ TEST_F(StdPictureExTest, PicturesMadeFromPictures) {
       ex.LoadPicture(ByteArray{iconFile(1, {{iconImageBytes(8, 0x80C80000)}})});
   const gdi::Picture maskedIcon =
       ex.LoadPicture(ByteArray{iconFile(1, {{iconImageBytes(8, 0xFF123456)}})});
+  // A spacer: clear all over, which the pixels alone can't tell from black.
+  const gdi::Picture spacerGif =
+      LoadPicture(services, folder.write("t.gif", makeGif(2, 2, {2, 2, 2, 2}, 2)));
   // The source, KeepOriginalFormat, ConvertTo; PictureType, managed, and the pixels at (0, 0),
   // where an icon's mask lets the target through, and at (1, 1).
   const std::tuple<const char*, const gdi::Picture&, bool, int32_t, int32_t, bool, uint32_t,
@@ -181,6 +185,7 @@ TEST_F(StdPictureExTest, PicturesMadeFromPictures) {
           {"copy of a plain bitmap", opaque, false, 0, 1, false, 0xFF123456, 0xFF123456},
           {"copy of a kept GIF", keptGif, false, 0, 1, false, 0xFFFF0000, 0xFFFF0000},
           {"copy of an alpha icon", alphaIcon, false, 0, 3, true, 0x80C80000, 0x80C80000},
+          {"copy of a clear GIF", spacerGif, false, 0, 1, true, 0, 0},
           // ConvertTo 1: an icon's alpha, or its mask; a bitmap stays what it is.
           {"alpha icon to bitmap", alphaIcon, false, 1, 1, true, 0x80640000, 0x80640000},
           {"masked icon to bitmap", maskedIcon, false, 1, 1, true, 0, 0xFF123456},
@@ -212,6 +217,12 @@ TEST_F(StdPictureExTest, AMetafileBecomesABitmapOrIconOfWhatItPainted) {
       ex.LoadPicture(ByteArray{wmf(2, {windowExtent(100, 100), solidBrush(0x0000FF), select(0),
                                        nullPen(), select(1), Rectangle(0, 0, 50, 100)})});
   ASSERT_EQ(metafile.Type(), gdi::PictureType::kMetafile);
+  // Copied, it is read again from its records: a metafile of its own.
+  const gdi::Picture copy = ex.LoadPicture(metafile);
+  ASSERT_TRUE(copy);
+  EXPECT_FALSE(copy.sameObject(metafile));
+  EXPECT_EQ(copy.Type(), gdi::PictureType::kMetafile);
+  EXPECT_EQ(copy.pixelSize(), metafile.pixelSize());
   const gdi::Picture made = ex.LoadPicture(metafile, -1, 0, 0, 0, false, 1);
   ASSERT_TRUE(made);
   EXPECT_EQ(made.Type(), gdi::PictureType::kBitmap);

@@ -20,6 +20,7 @@ struct Picture::Object {
   std::shared_ptr<LazyPixels> lazy;
   std::shared_ptr<const IconImage> icon;
   std::shared_ptr<const std::vector<uint8_t>> original;
+  MetafileRecords metafile;
   std::weak_ptr<PictureManager> manager;
   bool alphaDropped = false;
 
@@ -100,9 +101,12 @@ Picture Picture::fromLazyPixels(std::shared_ptr<LazyPixels> pixels, double twips
 }
 
 Picture Picture::fromMetafile(std::shared_ptr<LazyPixels> drawing, PictureType type,
-                              double twipsPerPixel) {
+                              double twipsPerPixel, MetafileRecords records) {
   Picture picture = fromLazyPixels(std::move(drawing), twipsPerPixel);
-  if (picture) picture.object_->type = type;
+  if (picture) {
+    picture.object_->type = type;
+    picture.object_->metafile = std::move(records);
+  }
   return picture;
 }
 
@@ -155,6 +159,10 @@ void Picture::dropOriginal() {
 
 const std::vector<uint8_t>* Picture::originalBytes() const {
   return object_ ? object_->original.get() : nullptr;
+}
+
+std::shared_ptr<const std::vector<uint8_t>> Picture::metafileBits() const {
+  return object_ && object_->metafile ? object_->metafile() : nullptr;
 }
 
 void Picture::setManager(std::shared_ptr<PictureManager> manager) {

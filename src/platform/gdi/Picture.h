@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -22,6 +23,9 @@ enum class PictureType : int16_t {
 constexpr uint32_t kPictureTransparent = 2;
 
 class Picture;
+
+// Reads a metafile picture's file when asked.
+using MetafileRecords = std::function<std::shared_ptr<const std::vector<uint8_t>>()>;
 
 // Render's arguments: target rectangle in pixels; source rectangle in hundredths of a millimetre
 // measured from the picture's bottom edge, so an upright drawing of the whole picture passes
@@ -62,9 +66,9 @@ class Picture {
   static Picture fromLazyPixels(std::shared_ptr<LazyPixels> pixels, double twipsPerPixel = 15);
   static Picture fromIcon(IconImage icon, double twipsPerPixel = 15);
   // A metafile (kMetafile or kEnhancedMetafile) whose drawing is played when first drawn, at the
-  // size it is drawn, by `drawing`.
+  // size it is drawn, by `drawing`; `records` gives its file when a copy of it is made.
   static Picture fromMetafile(std::shared_ptr<LazyPixels> drawing, PictureType type,
-                              double twipsPerPixel = 15);
+                              double twipsPerPixel, MetafileRecords records);
 
   bool isNothing() const { return object_ == nullptr; }
   explicit operator bool() const { return object_ != nullptr; }
@@ -96,6 +100,9 @@ class Picture {
   void keepOriginal(std::shared_ptr<const std::vector<uint8_t>> bytes);
   void dropOriginal();
   const std::vector<uint8_t>* originalBytes() const;
+  // A metafile's file, as a memory copy of it is written; null for other pictures or when it
+  // can't be read.
+  std::shared_ptr<const std::vector<uint8_t>> metafileBits() const;
 
   // Draws the picture (see RenderArgs). Through the manager when it has one that accepts; else
   // bitmaps are stretched with halftone quality (blended when they carry alpha) and icons drawn
