@@ -9,9 +9,9 @@ namespace vellumry {
 
 void Links::btnFIND_Click() {
   frmEdit& dialog = program_.frmEdit();
-  dialog.Text1.setText("");
   dialog.pShowMode("find");
   form_.setEnabled(false);
+  dialog.Text1.setText("");
 }
 
 void Links::mnuFimg_Click() {

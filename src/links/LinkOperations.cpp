@@ -47,12 +47,13 @@ void Links::btnADD_Click() {
     rt.MsgBox("This folder can't be a link: its path holds *%*.");
     return;
   }
+  // Shown first: its activation selects what the box held before, which the new text replaces.
   frmEdit& dialog = program_.frmEdit();
+  dialog.pShowMode("add");
+  form_.setEnabled(false);
   dialog.Label(1).setCaption(path);
   const bool prompt = program_.readSetting("lnvar") != "0";
   dialog.Text1.setText(prompt ? os::lastComponent(path) : "");
-  dialog.pShowMode("add");
-  form_.setEnabled(false);
 }
 
 bool Links::nameRefused(const std::string& emptyMessage, bool clearEmpty) {
@@ -101,10 +102,10 @@ void Links::btnEDIT_Click() {
     return;
   }
   frmEdit& dialog = program_.frmEdit();
-  dialog.Label(1).setCaption(form_.List(1).Text());
-  dialog.Text1.setText(form_.List(0).Text());
   dialog.pShowMode("edit");
   form_.setEnabled(false);
+  dialog.Label(1).setCaption(form_.List(1).Text());
+  dialog.Text1.setText(form_.List(0).Text());
 }
 
 void Links::pEdit() {

@@ -19,7 +19,9 @@ constexpr double kTaskbarTwips = 450;
 }  // namespace
 
 frmEdit::frmEdit(Program& program) : Form(program.runtime, "frmEdit"), program_(program) {
-  setBorderStyle(0);  // no title bar; activating cuts the rounded outline
+  // A thin fixed border and no title bar; activating cuts the rounded outline.
+  setBorderStyle(1);
+  setControlBox(false);
   setBackColor(tk::kSystemHighlight);
   Move(0, 0, 4290, 3390);
   Label(0).Move(120, 120, 1005, 240);

@@ -82,7 +82,7 @@ void frmMenu::mnuSllist_Click() {
 void frmMenu::mnuOfo2_Click() {
   Form1Controls& f = program_.mainWindow();
   if (f.List(0).ListIndex() < 0) {
-    runtime().MsgBox("Please select a Link Name", tk::mb::OKOnly, "");
+    runtime().MsgBox("Please select a Link Name", tk::mb::OKOnly);
     return;
   }
   std::string path = f.List(1).List(f.List(0).ListIndex());

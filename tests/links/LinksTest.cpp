@@ -36,7 +36,8 @@ TEST(LinkFile, ReadsFieldsInPairsAndWritesEachWithItsSeparator) {
 }
 
 // The host's line for a message box of `style` and `title` showing `text`, answered with OK.
-std::string box(const std::string& text, int style = 0, const std::string& title = "") {
+// A box asked for without a title carries the program's.
+std::string box(const std::string& text, int style = 0, const std::string& title = "Vellumry") {
   return "msgbox " + std::to_string(style) + " \"" + title + "\" \"" + text +
          "\" -> 1 (no answer queued)";
 }
@@ -156,7 +157,7 @@ TEST_F(LinkList, AddOffersTheFolderNameAndRefusesAKnownFolderOrABadName) {
   run(&Links::btnADD_Click);
   cd(folder("a*%*b"));
   run(&Links::btnADD_Click);
-  EXPECT_EQ(shownSince(), (Lines{box(known + summer + " !", 64),
+  EXPECT_EQ(shownSince(), (Lines{box(known + summer + " !", 64, ""),
                                  box("This folder can't be a link: its path holds *%*.")}));
   EXPECT_FALSE(program->frmEdit.loaded());
   setting("lnvar", "?");
@@ -192,7 +193,7 @@ TEST_F(LinkList, EditKeepsItsOwnNameRefusesAnotherAndGoesLast) {
     press(typed);
     return shownSince();
   };
-  EXPECT_EQ(edit(1, "SUMMER"), Lines{box("The name: SUMMER\\r\\nalredy exist!", 64)});
+  EXPECT_EQ(edit(1, "SUMMER"), Lines{box("The name: SUMMER\\r\\nalredy exist!", 64, "")});
   cancel();
   EXPECT_EQ(edit(1, "  "), Lines{box("Please type a LinkName!")});
   EXPECT_EQ(dialog().Text1.Text(), "") << "the blanks go";
@@ -270,9 +271,10 @@ TEST_F(LinkList, FindingListsEveryItemHoldingTheTextAndTheGridFollowsAHit) {
   EXPECT_EQ(f.File2.FileName(), "img3.jpg");
 }
 
-// Each opening sets the dialog up for its mode and centres it, the text selected and in focus;
-// Cancel gives the main window back and leaves the text. The design label's colon shows only
-// until the first Cancel.
+// Each opening sets the dialog up for its mode and centres it, the text in focus; the dialog is
+// shown before its text is set, so only a text left from before ends selected. Cancel gives the
+// main window back and leaves the text. The design label's colon shows only until the first
+// Cancel.
 TEST_F(LinkList, EachModeSetsUpTheDialogAndCancelLeavesTheText) {
   writeList0("a*%*/a*%*");
   Form1& f = started();
@@ -284,8 +286,8 @@ TEST_F(LinkList, EachModeSetsUpTheDialogAndCancelLeavesTheText) {
     double height, buttonTop;
     bool hits;
   } cases[] = {
-      {&Links::btnADD_Click, "Link Name:", "Add", "pictures", "286 92 40 40", 8, 1380, 840, false},
-      {&Links::btnEDIT_Click, "Link Name", "Edit", "a", "286 92 40 40", 1, 1380, 840, false},
+      {&Links::btnADD_Click, "Link Name:", "Add", "pictures", "286 92 40 40", 0, 1380, 840, false},
+      {&Links::btnEDIT_Click, "Link Name", "Edit", "a", "286 92 40 40", 0, 1380, 840, false},
       {&Links::btnFIND_Click, "Link Name", "Find", "", "286 226 40 40", 0, 3390, 2760, true},
       {&Links::mnuFimg_Click, "Image Name", "Find", " Été ", "286 226 40 40", 5, 3390, 2760, true},
   };
@@ -293,6 +295,7 @@ TEST_F(LinkList, EachModeSetsUpTheDialogAndCancelLeavesTheText) {
     run(c.open);
     frmEdit& d = dialog();
     EXPECT_TRUE(d.Visible() && d.topMost() && !f.Enabled() && d.ActiveControl() == &d.Text1);
+    EXPECT_TRUE(d.BorderStyle() == 1 && !d.hasTitleBar());  // a thin line around the client
     EXPECT_EQ(d.List(2).BackColor(), 0x8000000Fu);  // the button face, in every mode
     EXPECT_EQ(std::tuple(d.Label(0).Caption(), d.btn(0).Caption(), d.List(2).Visible(),
                          tk::toText(d.get("Region")), d.Text1.Text(), d.Text1.SelStart(),

@@ -9,6 +9,7 @@
 #include <QTabBar>
 #include <QTest>
 #include <QWindow>
+#include <tuple>
 
 #include "qt/QtFixture.h"
 
@@ -76,6 +77,12 @@ TEST_F(InputTest, ValuesTheUserSetsReachTheModel) {
   QTest::mouseClick(edit, Qt::LeftButton);
   QTest::keyClicks(edit, "ok");
   EXPECT_EQ(f->Text1.Text(), "ok");
+  // Typing inside the text leaves the caret after what was typed.
+  edit->setCursorPosition(1);
+  QTest::keyClicks(edit, "n");
+  EXPECT_EQ(std::tuple(f->Text1.Text(), edit->cursorPosition(), f->Text1.SelStart()),
+            std::tuple("onk", 2, 2));
+  p.log.pop_back();
   p.widgetOf<QTabBar>(f->Tabs1)->setCurrentIndex(1);
   EXPECT_EQ(f->Tabs1.selectedItem(), 2);
   EXPECT_EQ(p.log, (Log{"VScroll1_Change 1", "Check1_Click 1", "Text1_Change o", "Text1_Change ok",

@@ -43,6 +43,24 @@ TEST_F(PresenterTest, WidgetsStandAtTheModelsTwipsInPixelsAndFollowMoves) {
   EXPECT_EQ(w.geometry(), QRect(0, 0, 800, 600));
 }
 
+TEST_F(PresenterTest, AThinBorderWithoutATitleBarIsDrawnAroundTheClientArea) {
+  f.setBorderStyle(1);
+  f.setControlBox(false);
+  f.Show();
+  presenter::FormWindow& w = p.window();
+  EXPECT_TRUE(w.windowFlags() & Qt::FramelessWindowHint);
+  EXPECT_EQ(w.geometry(), QRect(100, 200, 400, 300));
+  EXPECT_EQ(p.widgetOf<QPushButton>(f.Command1)->geometry(), QRect(221, 11, 80, 30));
+  const QImage shown = w.grab().toImage();
+  const QRgb line = w.palette().color(QPalette::Shadow).rgb();
+  EXPECT_EQ(shown.pixel(0, 150), line);
+  EXPECT_EQ(shown.pixel(399, 299), line);
+  // With a caption the window manager frames it, title bar and all.
+  f.setCaption("Pictures");
+  EXPECT_FALSE(w.windowFlags() & Qt::FramelessWindowHint);
+  EXPECT_EQ(p.widgetOf<QPushButton>(f.Command1)->geometry(), QRect(220, 10, 80, 30));
+}
+
 TEST_F(PresenterTest, ChangesShowAtOnceAndRaiseTheirEventsOnceWithNothingComingBack) {
   EXPECT_FALSE(p.window().isVisible());
   f.Show();

@@ -122,9 +122,11 @@ TEST(FormLife, MessageBoxesTakeQueuedAnswersOrTheClosingOne) {
   EXPECT_EQ(p.runtime.MsgBox("Delete?", 36), tk::mb::Yes);
   EXPECT_EQ(p.runtime.MsgBox("Save?", 35, "Title"), tk::mb::Cancel);
   EXPECT_EQ(p.runtime.MsgBox("Really?", 36), tk::mb::No);
-  EXPECT_EQ(p.runtime.MsgBox("Note", 64), tk::mb::OK);
-  EXPECT_EQ(p.host.shown[0], "msgbox 36 \"\" \"Delete?\" -> 6");
+  EXPECT_EQ(p.runtime.MsgBox("Note", 64, ""), tk::mb::OK);
+  // Asked for no title, a box carries the program's; an empty title stays empty.
+  EXPECT_EQ(p.host.shown[0], "msgbox 36 \"Vellumry\" \"Delete?\" -> 6");
   EXPECT_EQ(p.host.shown[1], "msgbox 35 \"Title\" \"Save?\" -> 2 (no answer queued)");
+  EXPECT_EQ(p.host.shown[3], "msgbox 64 \"\" \"Note\" -> 1 (no answer queued)");
 }
 
 TEST_F(ShownForm, EndStopsEverythingWithoutEvents) {

@@ -115,6 +115,11 @@ void ContainerView::paintEvent(QPaintEvent* event) {
     if (item.control->Visible() && item.shown.intersects(event->rect()))
       painter_.paint(painter, *item.control, item.shown, palette());
   }
+  if (control_->kind() == tk::Kind::Form && clientOrigin(control_->form()) != QPoint()) {
+    painter.setPen(palette().color(QPalette::Shadow));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  }
   if (control_->kind() == tk::Kind::Frame) {
     const auto& frame = static_cast<const tk::Frame&>(*control_);
     if (frame.BorderStyle() != 0) {
@@ -147,7 +152,10 @@ bool ContainerView::overChildWidget(QPoint pos) const {
 }
 
 QPointF ContainerView::pointFor(const tk::Control& c, QPoint pos) const {
-  QPoint local = &c == control_ ? pos : pos - pixelRect(c).topLeft();
+  const QPoint corner = &c != control_                  ? pixelRect(c).topLeft()
+                       : c.kind() == tk::Kind::Form ? clientOrigin(c.form())
+                                                    : QPoint();
+  const QPoint local = pos - corner;
   return modelPoint(c, local);
 }
 

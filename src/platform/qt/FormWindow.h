@@ -18,6 +18,9 @@ class FormWindow : public ContainerView {
 
   tk::Form* form() const;
 
+  // Where the client area began when the controls were last placed.
+  QPoint clientOrigin;
+
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;

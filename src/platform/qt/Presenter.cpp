@@ -98,6 +98,7 @@ void Presenter::formLoaded(tk::Form& form) {
   entries_[&form] = Entry{w};
   stack_.push_back(w);
   applyFlags(*w, form);
+  w->clientOrigin = clientOrigin(form);
   applyRegion(*w, form);
   applyFont(*w, form);
   applyOwner(*w, form);
@@ -248,6 +249,7 @@ void Presenter::formChanged(tk::Form& form, FormWindow& window, tk::PropertyName
     if (form.WindowState() != 1) placeWindow(window, form);
   } else if (property == prop::Caption) {
     window.setWindowTitle(QString::fromStdString(form.Caption()));
+    applyFrame(window, form);
   } else if (property == prop::Visible) {
     if (form.Visible())
       showWindow(window, form);
@@ -260,7 +262,9 @@ void Presenter::formChanged(tk::Form& form, FormWindow& window, tk::PropertyName
       window.setCursor(Qt::WaitCursor);
     else
       window.unsetCursor();
-  } else if (property == prop::BorderStyle || property == prop::TopMost) {
+  } else if (property == prop::BorderStyle || property == prop::ControlBox) {
+    applyFrame(window, form);
+  } else if (property == prop::TopMost) {
     applyFlags(window, form);
   } else if (property == prop::Region) {
     applyRegion(window, form);

@@ -110,6 +110,8 @@ class Presenter final : public tk::Observer {
   // Puts the window inside its owner's window as a child, or back on the desktop.
   void applyOwner(FormWindow& window, const tk::Form& form);
   void applyFlags(FormWindow& window, const tk::Form& form);
+  // Flags, and the controls placed again when the client area moved inside the window.
+  void applyFrame(FormWindow& window, tk::Form& form);
   // Cuts the window to the form's outline, or shows it whole when it has none.
   void applyFont(FormWindow& window, const tk::Form& form);
   void applyRegion(FormWindow& window, const tk::Form& form);

@@ -141,13 +141,23 @@ void Presenter::applyOwner(FormWindow& window, const tk::Form& form) {
 void Presenter::applyFlags(FormWindow& window, const tk::Form& form) {
   if (form.ownerForm()) return;  // a child window has no frame or flags of its own
   Qt::WindowFlags flags = taskbarName_.empty() || isTaskbarForm(form) ? Qt::Window : Qt::Tool;
-  if (form.BorderStyle() == 0) flags |= Qt::FramelessWindowHint;
+  // Without a title bar the window manager frames nothing; a thin border is drawn in the window.
+  if (!form.hasTitleBar()) flags |= Qt::FramelessWindowHint;
   if (form.topMost()) flags |= Qt::WindowStaysOnTopHint;
   const Qt::WindowFlags mask =
       Qt::WindowType_Mask | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
   if ((window.windowFlags() & mask) == flags) return;
   window.setWindowFlags(flags);  // this hides the window
   if (form.Visible()) showWindow(window, form);
+}
+
+void Presenter::applyFrame(FormWindow& window, tk::Form& form) {
+  applyFlags(window, form);
+  if (window.clientOrigin == clientOrigin(form)) return;
+  window.clientOrigin = clientOrigin(form);
+  for (tk::Control* c : form.controls())
+    if (c->Container() == &form) propertyChanged(*c, tk::prop::Left);
+  window.update();
 }
 
 void Presenter::applyFont(FormWindow& window, const tk::Form& form) {

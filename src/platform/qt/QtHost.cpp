@@ -89,8 +89,7 @@ QWidget* QtHost::dialogParent() const {
 int QtHost::MsgBox(const std::string& prompt, int style, const std::string& title) {
   QMessageBox box(dialogParent());
   box.setIcon(iconFor(style));
-  box.setWindowTitle(title.empty() ? QApplication::applicationDisplayName()
-                                   : QString::fromStdString(title));
+  box.setWindowTitle(QString::fromStdString(title));
   box.setText(QString::fromStdString(prompt));
   const std::vector<int> answers = answersOf(style);
   std::map<QAbstractButton*, int> answerOf;

@@ -31,8 +31,14 @@ QRect pixelRect(const tk::Control& c) {
   // mouse, which is how the program places the controls of its pixel-scaled windows.
   const tk::Screen& s = c.runtime().screen();
   const QPointF per{s.TwipsPerPixelX, s.TwipsPerPixelY};
-  return {px(c.Left(), per.x()), px(c.Top(), per.y()), px(c.Width(), per.x()),
-          px(c.Height(), per.y())};
+  const QRect r{px(c.Left(), per.x()), px(c.Top(), per.y()), px(c.Width(), per.x()),
+                px(c.Height(), per.y())};
+  const bool onForm = c.kind() != tk::Kind::Form && c.Container() == &c.form();
+  return onForm ? r.translated(clientOrigin(c.form())) : r;
+}
+
+QPoint clientOrigin(const tk::Form& form) {
+  return form.BorderStyle() != 0 && !form.hasTitleBar() ? QPoint(1, 1) : QPoint(0, 0);
 }
 
 QPointF modelPoint(const tk::Control& c, QPoint pixels) {

@@ -11,6 +11,7 @@
 
 namespace vellumry::tk {
 class Control;
+class Form;
 }
 
 namespace vellumry::presenter {
@@ -22,6 +23,10 @@ QPointF unitsPerPixelInside(const tk::Control& container);
 // is in twips whatever the container's scale. Each edge is rounded half to even, as the toolkit
 // rounds lengths.
 QRect pixelRect(const tk::Control& c);
+
+// Where the client area of a form's window begins: inside the thin line that a bordered form
+// without a title bar draws itself, else at the window's corner.
+QPoint clientOrigin(const tk::Form& form);
 
 // A point in pixels relative to `c`, as the X and Y of its mouse events: in the units of its
 // own scale for a form or picture box, else in those of its container.

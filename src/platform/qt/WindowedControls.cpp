@@ -158,9 +158,10 @@ QWidget* createWindowed(Presenter& presenter, tk::Control& c, QWidget* parent, C
     case tk::Kind::TextBox: {
       auto* edit = new QLineEdit(parent);
       tap = new ControlTap(presenter, c, edit);
-      QObject::connect(edit, &QLineEdit::textEdited, tap, [tap](const QString& s) {
-        tap->act(
-            [s](tk::Control& b) { tk::user::type(static_cast<tk::TextBox&>(b), s.toStdString()); });
+      QObject::connect(edit, &QLineEdit::textEdited, tap, [tap, edit](const QString& s) {
+        tap->act([s, caret = edit->cursorPosition()](tk::Control& b) {
+          tk::user::type(static_cast<tk::TextBox&>(b), s.toStdString(), caret);
+        });
       });
       w = edit;
       break;

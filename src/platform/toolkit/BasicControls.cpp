@@ -43,7 +43,11 @@ const std::vector<Property>& Label::properties() const {
 }
 
 void TextBox::setText(const std::string& v) {
-  if (assign(text_, v, prop::Text)) fire(onChange);
+  if (!assign(text_, v, prop::Text)) return;
+  // New text drops the selection and puts the caret at the start, as in any edit box.
+  setSelStart(0);
+  setSelLength(0);
+  fire(onChange);
 }
 void TextBox::setLocked(bool v) { assign(locked_, v, prop::Locked); }
 const std::vector<Property>& TextBox::properties() const {

@@ -42,7 +42,7 @@ const char* standardText(int number) {
 void raise(int number, const std::string& detail) {
   std::string text = standardText(number);
   if (!detail.empty()) text += ": " + detail;
-  throw Error(number, "Vellumry", text);
+  throw Error(number, kAppTitle, text);
 }
 
 void resumeNext(const std::function<void()>& step) {

@@ -7,6 +7,9 @@
 
 namespace vellumry::tk {
 
+// The program's title: the source of its errors and the title of a message box asked for none.
+inline constexpr const char* kAppTitle = "Vellumry";
+
 // A run-time failure with the toolkit's number, the source that raised it and a text.
 class Error : public std::runtime_error {
  public:

@@ -59,6 +59,7 @@ void Form::setBorderStyle(int v) {
   changed(prop::BorderStyle);
 }
 
+void Form::setControlBox(bool v) { assign(controlBox_, v, prop::ControlBox); }
 void Form::setTopMost(bool v) { assign(topMost_, v, prop::TopMost); }
 void Form::setFontName(const std::string& v) { assign(fontName_, v, prop::FontName); }
 void Form::setFontSize(double v) { assign(fontSize_, v, prop::FontSize); }
@@ -167,6 +168,7 @@ const std::vector<Property>& Form::properties() const {
                  accessor<Form, &Form::MousePointer, &Form::setMousePointer>(prop::MousePointer),
                  accessor<Form, &Form::KeyPreview, &Form::setKeyPreview>(prop::KeyPreview),
                  accessor<Form, &Form::BorderStyle, &Form::setBorderStyle>(prop::BorderStyle),
+                 accessor<Form, &Form::ControlBox, &Form::setControlBox>(prop::ControlBox),
                  accessor<Form, &Form::ScaleMode, &Form::setScaleMode>(prop::ScaleMode),
                  accessor<Form, &Form::topMost, &Form::setTopMost>(prop::TopMost),
                  accessor<Form, &Form::FontName, &Form::setFontName>(prop::FontName),

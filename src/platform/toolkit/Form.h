@@ -36,9 +36,15 @@ class Form : public Control {
   void setMousePointer(int v);
   bool KeyPreview() const { return keyPreview_; }
   void setKeyPreview(bool v) { keyPreview_ = v; }
-  // 0 none, 2 sizable, ...: only how the presenter frames it.
+  // 0 none, 1 fixed single, 2 sizable, ...: only how the presenter frames it.
   int BorderStyle() const { return borderStyle_; }
   void setBorderStyle(int v);
+  // The system menu box of the title bar.
+  bool ControlBox() const { return controlBox_; }
+  void setControlBox(bool v);
+  // A bordered window has a title bar unless it has neither a caption nor a control box; the
+  // fixed single border then is a thin line around the client area.
+  bool hasTitleBar() const { return borderStyle_ != 0 && (controlBox_ || !caption_.empty()); }
   // 1 twips, 3 pixels: the unit of the form's own drawing.
   int ScaleMode() const { return scaleMode_; }
   void setScaleMode(int v) { scaleMode_ = v; }
@@ -132,7 +138,7 @@ class Form : public Control {
   double fontSize_ = 0;
   uint32_t backColor_ = 0x8000000F;
   int windowState_ = 0, mousePointer_ = 0, borderStyle_ = 2, scaleMode_ = 1;
-  bool keyPreview_ = false, topMost_ = false;
+  bool keyPreview_ = false, topMost_ = false, controlBox_ = true;
   Region region_;
   gdi::Picture picture_;
   Form* owner_ = nullptr;

@@ -1,5 +1,7 @@
 #include "platform/toolkit/Input.h"
 
+#include <QString>
+
 #include "platform/toolkit/BasicControls.h"
 #include "platform/toolkit/DialogControls.h"
 #include "platform/toolkit/Form.h"
@@ -124,10 +126,12 @@ bool select(ListControl& list, int index) {
   });
 }
 
-bool type(TextBox& box, const std::string& text) {
+bool type(TextBox& box, const std::string& text, std::optional<int> caret) {
   return act(box, [&] {
     focusOnPress(box);
     box.setText(text);
+    // The caret stays after what was typed: where the widget says, else at the end.
+    box.setSelStart(caret.value_or(static_cast<int>(QString::fromStdString(text).size())));
   });
 }
 

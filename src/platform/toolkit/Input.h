@@ -3,6 +3,7 @@
 // through here. Each action is one event from outside; an action on a disabled form, or on a
 // control that is hidden or disabled, is dropped and returns false.
 
+#include <optional>
 #include <string>
 
 namespace vellumry::tk {
@@ -41,7 +42,7 @@ bool keyDown(Form& f, int keyCode, int shift = 0);
 bool keyUp(Form& f, int keyCode, int shift = 0);
 // The user picks item `index` of a list: focus and ListIndex, which raises Click.
 bool select(ListControl& list, int index);
-bool type(TextBox& box, const std::string& text);
+bool type(TextBox& box, const std::string& text, std::optional<int> caret = std::nullopt);
 bool scroll(ScrollBar& bar, int value);
 // The user sets a check box (Value, which raises Click) or picks tab `item` (from 1).
 bool check(CheckBox& box, int value);

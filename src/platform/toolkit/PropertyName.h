@@ -35,6 +35,7 @@ inline constexpr PropertyName Caption{"Caption"};
 inline constexpr PropertyName Checked{"Checked"};
 inline constexpr PropertyName Color{"Color"};
 inline constexpr PropertyName Container{"Container"};  // told to the observer only
+inline constexpr PropertyName ControlBox{"ControlBox"};
 inline constexpr PropertyName DefaultExt{"DefaultExt"};
 inline constexpr PropertyName DialogTitle{"DialogTitle"};
 inline constexpr PropertyName Enabled{"Enabled"};

@@ -49,8 +49,8 @@ auto Runtime::blocking(F&& f) {
   return f();
 }
 
-int Runtime::MsgBox(const std::string& prompt, int style, const std::string& title) {
-  return blocking([&] { return host_.MsgBox(prompt, style, title); });
+int Runtime::MsgBox(const std::string& prompt, int style, const std::optional<std::string>& title) {
+  return blocking([&] { return host_.MsgBox(prompt, style, title.value_or(kAppTitle)); });
 }
 
 Menu* Runtime::PopupMenu(Menu& menu, int flags, std::optional<double> x, std::optional<double> y) {

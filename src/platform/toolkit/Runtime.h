@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -58,7 +59,9 @@ class Runtime {
   bool inEvent() const { return depth_ > 0; }
 
   // The blocking calls of the host; timers wait while they stand.
-  int MsgBox(const std::string& prompt, int style = 0, const std::string& title = "");
+  // Without a title the box carries the program's; an empty title is an empty title bar.
+  int MsgBox(const std::string& prompt, int style = 0,
+             const std::optional<std::string>& title = std::nullopt);
   Menu* PopupMenu(Menu& menu, int flags, std::optional<double> x, std::optional<double> y);
   std::optional<std::string> saveFile(const SaveFileRequest& request);
   std::optional<uint32_t> ChooseColor(uint32_t initial);
