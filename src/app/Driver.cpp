@@ -142,10 +142,8 @@ std::string shownPixel(const Target& t, double twipsPerPixel, int x, int y) {
   const gdi::Picture& picture = pictureOf(t);
   const tk::Control& holder = t.control->Container() ? *t.control->Container()
                                                      : static_cast<tk::Control&>(t.control->form());
-  const auto pixels = [&](const char* property) {
-    return static_cast<int>(tk::toNumber(t.control->get(property)) / twipsPerPixel + 0.5);
-  };
-  const int width = pixels("Width"), height = pixels("Height");
+  const auto pixels = [&](double twips) { return static_cast<int>(twips / twipsPerPixel + 0.5); };
+  const int width = pixels(t.control->widthTwips()), height = pixels(t.control->heightTwips());
   if (x < 0 || y < 0 || x >= width || y >= height) raise(err::InvalidCall, "no such pixel");
   gdi::Surface shown(width, height, gdi::AlphaMode::kOpaque);
   gdi::fill(shown, {0, 0, width, height},

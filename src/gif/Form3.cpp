@@ -128,10 +128,8 @@ void Form3::setBackground(int32_t StretchMode) {
   // A rebuilt cache starts from the background, around it as much as under it: nothing of
   // what the old size drew stays on the picture box.
   gdi::fill(canvas_, {0, 0, canvas_.Width(), canvas_.Height()}, tk::pixelOf(picBkg.BackColor()));
-  const tk::Screen& screen = runtime().screen();
-  const auto px = [&](double twips) {
-    return static_cast<int32_t>(tk::roundHalfEven(twips / screen.TwipsPerPixelX));
-  };
+  // The form counts in pixels.
+  const auto px = [](double pixels) { return static_cast<int32_t>(tk::roundHalfEven(pixels)); };
   gifViewer->SetAnimationBkg(0, {.color = static_cast<int32_t>(picBkg.BackColor())},
                              px(picBkg.Left()) + 1, px(picBkg.Top()) + 1, px(picBkg.Width()) - 2,
                              px(picBkg.Height()) - 2, StretchMode, -1, -1);

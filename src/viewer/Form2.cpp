@@ -107,9 +107,10 @@ void Form2::pGetPicture() {
   }
   if (ext == "GIF") {
     // The still picture stands behind; the GIF window covers it if the file is animated.
-    const tk::Screen& screen = runtime().screen();
-    tk::controlOf<tk::PictureBox>(program_.Form3.form(), "picBkg")
-        .Move(0, 0, screen.Width, screen.Height);
+    // In the GIF window's pixels.
+    auto& surface = tk::controlOf<tk::PictureBox>(program_.Form3.form(), "picBkg");
+    surface.setWidth(program_.shell.vScreenPxW());
+    surface.setHeight(program_.shell.vScreenPxH());
     program_.playGif(f.File2.Path() + "/" + name);
   } else {
     program_.Form3.form().setVisible(false);

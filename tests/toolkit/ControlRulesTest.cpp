@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <tuple>
 
 #include "platform/toolkit/Numbers.h"
 #include "platform/toolkit/PictureControls.h"
@@ -44,6 +45,26 @@ TEST_F(ControlRules, AnAutoSizedBoxKeepsItsLengthWhenItIsAlreadyItsPicturesPixel
   EXPECT_DOUBLE_EQ(box.Height(), 300);
   box.setPicture(gdi::Picture::fromSurface(gdi::Surface(1127, 20, gdi::AlphaMode::kOpaque)));
   EXPECT_DOUBLE_EQ(box.Width(), 16905);
+}
+
+TEST_F(ControlRules, PlacesCountInTheContainersScaleWhichMovesNothingWhenItChanges) {
+  tk::PictureBox box(&f, "Box");
+  tk::Label inside(&f, "Inside");
+  inside.setContainer(&box);
+  inside.Move(150, 300, 1500, 45);  // twips, as the box counts at first
+  box.setScaleMode(3);              // 15 twips a pixel
+  EXPECT_EQ(std::tuple(inside.Left(), inside.Top(), inside.Width(), inside.Height()),
+            std::tuple(10.0, 20.0, 100.0, 3.0));
+  EXPECT_DOUBLE_EQ(inside.leftTwips(), 150);
+  inside.setWidth(64);
+  EXPECT_DOUBLE_EQ(inside.widthTwips(), 960);
+  box.setScaleMode(1);
+  EXPECT_DOUBLE_EQ(inside.Width(), 960);
+  // The box itself stands in the form's twips, and its own scale counts its inside.
+  box.setBorderStyle(0);
+  box.Move(0, 0, 3000, 1500);
+  box.setScaleMode(3);
+  EXPECT_EQ(std::pair(box.Width(), box.ScaleWidth()), std::pair(3000.0, 200.0));
 }
 
 TEST_F(ControlRules, ValuesOutOfRangeFailAndAShrinkingRangeMovesTheValue) {

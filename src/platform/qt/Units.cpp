@@ -1,8 +1,8 @@
 #include "platform/qt/Units.h"
 
+#include "platform/toolkit/BasicControls.h"
 #include "platform/toolkit/Form.h"
 #include "platform/toolkit/Numbers.h"
-#include "platform/toolkit/PictureControls.h"
 #include "platform/toolkit/Runtime.h"
 
 namespace vellumry::presenter {
@@ -12,27 +12,18 @@ int px(double units, double perPixel) {
   return static_cast<int>(tk::roundHalfEven(units / perPixel));
 }
 
-bool countsInPixels(const tk::Control& c) {
-  if (c.kind() == tk::Kind::Form) return static_cast<const tk::Form&>(c).ScaleMode() == 3;
-  if (c.kind() == tk::Kind::PictureBox)
-    return static_cast<const tk::PictureBox&>(c).ScaleMode() == 3;
-  return false;
-}
 }  // namespace
 
 QPointF unitsPerPixelInside(const tk::Control& container) {
-  if (countsInPixels(container)) return {1, 1};
   const tk::Screen& s = container.runtime().screen();
-  return {s.TwipsPerPixelX, s.TwipsPerPixelY};
+  return {s.TwipsPerPixelX / container.innerUnitX(), s.TwipsPerPixelY / container.innerUnitY()};
 }
 
 QRect pixelRect(const tk::Control& c) {
-  // Places are twips inside any container: its ScaleMode counts only for its own drawing and
-  // mouse, which is how the program places the controls of its pixel-scaled windows.
   const tk::Screen& s = c.runtime().screen();
   const QPointF per{s.TwipsPerPixelX, s.TwipsPerPixelY};
-  const QRect r{px(c.Left(), per.x()), px(c.Top(), per.y()), px(c.Width(), per.x()),
-                px(c.Height(), per.y())};
+  const QRect r{px(c.leftTwips(), per.x()), px(c.topTwips(), per.y()),
+                px(c.widthTwips(), per.x()), px(c.heightTwips(), per.y())};
   const bool onForm = c.kind() != tk::Kind::Form && c.Container() == &c.form();
   return onForm ? r.translated(clientOrigin(c.form())) : r;
 }

@@ -16,12 +16,11 @@ class Form;
 
 namespace vellumry::presenter {
 
-// Model units of one pixel for positions inside `container` (a form, frame or picture box).
+// Model units of one pixel inside `container` (a form, frame or picture box): its scale.
 QPointF unitsPerPixelInside(const tk::Control& container);
 
-// Where `c` stands in pixels: relative to its container, or on the screen for a form; its place
-// is in twips whatever the container's scale. Each edge is rounded half to even, as the toolkit
-// rounds lengths.
+// Where `c` stands in pixels: relative to its container, or on the screen for a form. Each edge
+// is rounded half to even, as the toolkit rounds lengths.
 QRect pixelRect(const tk::Control& c);
 
 // Where the client area of a form's window begins: inside the thin line that a bordered form

@@ -90,13 +90,22 @@ void Control::setContainer(Control* container) {
   changed(prop::Container);
 }
 
-void Control::setLeft(double v) { assign(left_, v, prop::Left); }
-void Control::setTop(double v) { assign(top_, v, prop::Top); }
-void Control::setWidth(double v) {
+double Control::unitX() const {
+  return kind_ == Kind::Form || !container_ ? 1 : container_->innerUnitX();
+}
+double Control::unitY() const {
+  return kind_ == Kind::Form || !container_ ? 1 : container_->innerUnitY();
+}
+
+void Control::setLeft(double v) { assign(left_, v * unitX(), prop::Left); }
+void Control::setTop(double v) { assign(top_, v * unitY(), prop::Top); }
+void Control::setWidth(double v) { setWidthTwips(v * unitX()); }
+void Control::setHeight(double v) { setHeightTwips(v * unitY()); }
+void Control::setWidthTwips(double v) {
   if (v < 0) raise(err::InvalidProperty, std::string(prop::Width));
   assign(width_, v, prop::Width);
 }
-void Control::setHeight(double v) {
+void Control::setHeightTwips(double v) {
   if (v < 0) raise(err::InvalidProperty, std::string(prop::Height));
   assign(height_, v, prop::Height);
 }

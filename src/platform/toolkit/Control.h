@@ -53,15 +53,25 @@ class Control : public EventSet<> {
   Control* Container() const { return container_; }
   void setContainer(Control* container);
 
-  double Left() const { return left_; }
-  double Top() const { return top_; }
-  double Width() const { return width_; }
-  double Height() const { return height_; }
+  // The place in the units of the container's scale: pixels inside a form or picture box whose
+  // ScaleMode is 3, else twips. A form's own place is in twips.
+  double Left() const { return left_ / unitX(); }
+  double Top() const { return top_ / unitY(); }
+  double Width() const { return width_ / unitX(); }
+  double Height() const { return height_ / unitY(); }
   virtual void setLeft(double v);
   virtual void setTop(double v);
   virtual void setWidth(double v);
   virtual void setHeight(double v);
   void Move(double left, double top, double width, double height);
+  // The place in twips, whatever the container's scale.
+  double leftTwips() const { return left_; }
+  double topTwips() const { return top_; }
+  double widthTwips() const { return width_; }
+  double heightTwips() const { return height_; }
+  // Twips in one unit of the scale in which the controls inside this one are placed.
+  virtual double innerUnitX() const { return 1; }
+  virtual double innerUnitY() const { return 1; }
   bool Visible() const { return visible_; }
   virtual void setVisible(bool v);
   bool Enabled() const { return enabled_; }
@@ -99,12 +109,17 @@ class Control : public EventSet<> {
     changed(property);
     return true;
   }
+  void setWidthTwips(double v);
+  void setHeightTwips(double v);
   // "Name.Property", for the text of a failure.
   std::string qualified(PropertyName property) const { return name_ + "." + std::string(property); }
 
  private:
   template <class T>
   friend class ControlArray;
+  // Twips in one unit of the place: the container's scale.
+  double unitX() const;
+  double unitY() const;
   Form* form_;
   std::string name_;
   Kind kind_;

@@ -59,6 +59,9 @@ void Form::setBorderStyle(int v) {
   changed(prop::BorderStyle);
 }
 
+double Form::innerUnitX() const { return scaleMode_ == 3 ? runtime().screen().TwipsPerPixelX : 1; }
+double Form::innerUnitY() const { return scaleMode_ == 3 ? runtime().screen().TwipsPerPixelY : 1; }
+
 void Form::setControlBox(bool v) { assign(controlBox_, v, prop::ControlBox); }
 void Form::setTopMost(bool v) { assign(topMost_, v, prop::TopMost); }
 void Form::setFontName(const std::string& v) { assign(fontName_, v, prop::FontName); }

@@ -48,6 +48,8 @@ class Form : public Control {
   // 1 twips, 3 pixels: the unit of the form's own drawing.
   int ScaleMode() const { return scaleMode_; }
   void setScaleMode(int v) { scaleMode_ = v; }
+  double innerUnitX() const override;
+  double innerUnitY() const override;
   // Stays above every other window while true.
   bool topMost() const { return topMost_; }
   void setTopMost(bool v);

@@ -59,8 +59,9 @@ void PictureBox::fitToPicture() {
   const auto fit = [&](double length, double twips, double twipsPerPixel) {
     return roundHalfEven(length / twipsPerPixel) == twips / twipsPerPixel ? length : twips;
   };
-  setWidth(fit(Width(), pictureTwipsX(picture_, s.TwipsPerPixelX), s.TwipsPerPixelX));
-  setHeight(fit(Height(), pictureTwipsY(picture_, s.TwipsPerPixelY), s.TwipsPerPixelY));
+  setWidthTwips(fit(widthTwips(), pictureTwipsX(picture_, s.TwipsPerPixelX), s.TwipsPerPixelX));
+  setHeightTwips(
+      fit(heightTwips(), pictureTwipsY(picture_, s.TwipsPerPixelY), s.TwipsPerPixelY));
 }
 
 void PictureBox::setPicture(const gdi::Picture& p) {
@@ -88,15 +89,24 @@ double PictureBox::inner(double outer, double twipsPerPixel) const {
   return scaleMode_ == 3 ? twips / twipsPerPixel : twips;
 }
 
-double PictureBox::ScaleWidth() const { return inner(Width(), runtime().screen().TwipsPerPixelX); }
+double PictureBox::ScaleWidth() const {
+  return inner(widthTwips(), runtime().screen().TwipsPerPixelX);
+}
 double PictureBox::ScaleHeight() const {
-  return inner(Height(), runtime().screen().TwipsPerPixelY);
+  return inner(heightTwips(), runtime().screen().TwipsPerPixelY);
+}
+
+double PictureBox::innerUnitX() const {
+  return scaleMode_ == 3 ? runtime().screen().TwipsPerPixelX : 1;
+}
+double PictureBox::innerUnitY() const {
+  return scaleMode_ == 3 ? runtime().screen().TwipsPerPixelY : 1;
 }
 
 gdi::Picture PictureBox::Image() const {
   const Screen& s = runtime().screen();
-  int w = static_cast<int>(roundHalfEven(Width() / s.TwipsPerPixelX));
-  int h = static_cast<int>(roundHalfEven(Height() / s.TwipsPerPixelY));
+  int w = static_cast<int>(roundHalfEven(widthTwips() / s.TwipsPerPixelX));
+  int h = static_cast<int>(roundHalfEven(heightTwips() / s.TwipsPerPixelY));
   // A box that is exactly its opaque bitmap shows nothing else: hand out the picture itself
   // rather than a full-size copy of its pixels.
   if (autoSize_ && picture_ && picture_.Type() == gdi::PictureType::kBitmap &&

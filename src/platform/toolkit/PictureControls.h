@@ -39,6 +39,8 @@ class PictureBox : public Control {
   void setAutoRedraw(bool v) { autoRedraw_ = v; }
   int ScaleMode() const { return scaleMode_; }
   void setScaleMode(int v) { scaleMode_ = v; }
+  double innerUnitX() const override;
+  double innerUnitY() const override;
   // The inner size, inside the border (two pixels a side when there is one), in twips, or in
   // pixels when ScaleMode is 3.
   double ScaleWidth() const;
