@@ -20,11 +20,6 @@ constexpr double kPageHeight = 2840;
 
 // Picks the item of a drop-down list that reads `text`; a text that isn't an item leaves the
 // list as it was.
-void selectText(tk::ComboBox& list, const std::string& text) {
-  for (int i = 0; i < list.ListCount(); ++i)
-    if (list.List(i) == text) return list.setListIndex(i);
-}
-
 int16_t numberIn(const std::string& text) {
   return static_cast<int16_t>(std::strtol(text.c_str(), nullptr, 10));
 }
@@ -155,8 +150,8 @@ void frmSet::Form_Load() {
 
 void frmSet::Form_Activate() {
   if (firstActivate) return;
-  selectText(cbo(0), program_.readSetting("rows"));
-  selectText(cbo(1), program_.readSetting("slsh"));
+  cbo(0).setText(program_.readSetting("rows"));
+  cbo(1).setText(program_.readSetting("slsh"));
   btn(2).setVisible(false);
   firstActivate = true;
 }
@@ -194,7 +189,7 @@ void frmSet::TabStrip1_Click() {
 
 void frmSet::btn_Click(int Index) {
   if (Index == 0) pSave();
-  if (Index == 2) selectText(cbo(0), std::to_string(rowsChecked));
+  if (Index == 2) cbo(0).setText(std::to_string(rowsChecked));
   if (Index <= 1) pClose();
 }
 

@@ -69,12 +69,14 @@ void syncList(QListWidget* w, const tk::ListControl& list, bool items) {
   if (QListWidgetItem* item = w->currentItem()) w->scrollToItem(item);
 }
 
-void syncCombo(QComboBox* w, const tk::ListControl& list, bool items) {
+void syncCombo(QComboBox* w, const tk::ComboBox& list, bool items) {
   if (items) {
     w->clear();
     w->addItems(itemsOf(list));
   }
   w->setCurrentIndex(list.ListIndex());
+  // A text that is none of the items shows with nothing selected.
+  w->setPlaceholderText(list.ListIndex() < 0 ? QString::fromStdString(list.Text()) : QString());
 }
 
 // A colour that the model gives a widget of its own. The system colours a kind of widget has by

@@ -80,6 +80,15 @@ void ListBox::setList(int i, const std::string& text) {
 
 void ListBox::setBackColor(uint32_t v) { assign(backColor_, v, prop::BackColor); }
 void ListBox::setForeColor(uint32_t v) { assign(foreColor_, v, prop::ForeColor); }
+void ComboBox::setText(const std::string& v) {
+  const auto item = std::find(items_.begin(), items_.end(), v);
+  if (item != items_.end()) return setListIndex(static_cast<int>(item - items_.begin()));
+  text_ = v;
+  listIndex_ = -1;
+  changed(prop::Text);
+  fire(onClick);
+}
+
 const std::vector<Property>& ListBox::properties() const {
   static const auto props =
       extend(ListControl::properties(),

@@ -19,7 +19,7 @@ class ListControl : public Control {
   // Raises Click when the index differs; below -1 or past the end is a failure.
   void setListIndex(int v);
   // The selected item's text, empty when none.
-  std::string Text() const { return List(listIndex_); }
+  virtual std::string Text() const { return List(listIndex_); }
   bool focusable() const override { return true; }
   const std::vector<Property>& properties() const override;
 
@@ -58,6 +58,14 @@ class ListBox : public ListControl {
 class ComboBox : public ListBox {
  public:
   ComboBox(Form* form, std::string name) : ListBox(form, std::move(name), Kind::ComboBox) {}
+  // The selected item, or with none selected the text set that is none of the items.
+  std::string Text() const override { return listIndex_ >= 0 ? List(listIndex_) : text_; }
+  // Selects the item of exactly this text, which raises Click when the selection moves; any
+  // other text stands alone with nothing selected, and raises Click too.
+  void setText(const std::string& v);
+
+ private:
+  std::string text_;
 };
 
 // The files of one folder that match a pattern, sorted as a person expects, case-blind.
