@@ -105,6 +105,7 @@ TEST_F(PresenterTest, ChangesShowAtOnceAndRaiseTheirEventsOnceWithNothingComingB
 
   f.Text1.setText("typed");
   EXPECT_EQ(p.widgetOf<QLineEdit>(f.Text1)->text(), "typed");
+  EXPECT_EQ(p.widgetOf<QLineEdit>(f.Text1)->cursorPosition(), 0);  // as the model has it
   f.Check1.setValue(1);
   EXPECT_TRUE(p.widgetOf<QCheckBox>(f.Check1)->isChecked());
   f.Tabs1.setSelectedItem(2);

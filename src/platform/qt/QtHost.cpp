@@ -89,7 +89,8 @@ QWidget* QtHost::dialogParent() const {
 int QtHost::MsgBox(const std::string& prompt, int style, const std::string& title) {
   QMessageBox box(dialogParent());
   box.setIcon(iconFor(style));
-  box.setWindowTitle(QString::fromStdString(title));
+  // An empty title would show the program's name: a blank keeps the bar empty.
+  box.setWindowTitle(title.empty() ? QStringLiteral(" ") : QString::fromStdString(title));
   box.setText(QString::fromStdString(prompt));
   const std::vector<int> answers = answersOf(style);
   std::map<QAbstractButton*, int> answerOf;

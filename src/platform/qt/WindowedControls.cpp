@@ -257,7 +257,10 @@ void syncWindowed(QWidget* widget, const tk::Control& c, bool items) {
       auto* edit = static_cast<QLineEdit*>(widget);
       const auto& box = static_cast<const tk::TextBox&>(c);
       // Setting the same text again would move the cursor under the user's hands.
-      if (edit->text() != text(box.Text())) edit->setText(text(box.Text()));
+      if (edit->text() != text(box.Text())) {
+        edit->setText(text(box.Text()));
+        edit->setSelection(box.SelStart(), box.SelLength());
+      }
       edit->setReadOnly(box.Locked());
       break;
     }
@@ -276,6 +279,10 @@ void syncWindowed(QWidget* widget, const tk::Control& c, bool items) {
       syncCombo(static_cast<QComboBox*>(widget), combo, items);
       syncColors(widget, combo.BackColor(), tk::kSystemWindow, combo.ForeColor(),
                  tk::kSystemWindowText);
+      // A text that is none of the items looks like one.
+      QPalette palette = widget->palette();
+      palette.setColor(QPalette::PlaceholderText, qtColor(combo.ForeColor(), palette));
+      widget->setPalette(palette);
       break;
     }
     case tk::Kind::VScrollBar:
