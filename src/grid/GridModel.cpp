@@ -5,6 +5,7 @@
 #include "grid/Grid.h"
 #include "platform/os/FileSystem.h"
 #include "platform/os/Folders.h"
+#include "platform/os/Trash.h"
 #include "platform/toolkit/MousePointer.h"
 #include "platform/toolkit/Numbers.h"
 #include "program/Form1Controls.h"
@@ -41,7 +42,7 @@ void Grid::Image2_Click() {
   resumeNext([&] { pMeasure(); });
   form_.setEnabled(false);
   form_.setMousePointer(tk::pointer::Hourglass);
-  nCount = static_cast<int16_t>(form_.File2.ListCount());
+  nCount = static_cast<int32_t>(form_.File2.ListCount());
   program_.grid.fit(nCount);
   pCentre();
   resumeNext([&] { form_.File2.setListIndex(0); });
@@ -109,7 +110,7 @@ void Grid::pCaption() {
 
 void Grid::pClearGrid() {
   form_.File2.setListIndex(form_.File2.ListCount() - 1);
-  nClear = static_cast<int16_t>(form_.File2.ListCount());
+  nClear = static_cast<int32_t>(form_.File2.ListCount());
   form_.Timer2.setInterval(1);
 }
 

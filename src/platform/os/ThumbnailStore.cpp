@@ -7,16 +7,9 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "platform/os/Utf.h"
+
 namespace vellumry::os {
-
-namespace {
-
-bool staysUnescaped(unsigned char c) {
-  if ((c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9')) return true;
-  return std::string_view("-_.!~*'()/:@&=+$,").find(static_cast<char>(c)) != std::string_view::npos;
-}
-
-}  // namespace
 
 std::string thumbnailRoot() {
   const char* cache = std::getenv("XDG_CACHE_HOME");
@@ -25,21 +18,10 @@ std::string thumbnailRoot() {
 }
 
 std::string fileUri(const std::string& path) {
-  static constexpr char kHex[] = "0123456789ABCDEF";
   std::error_code error;
   auto absolute = std::filesystem::absolute(path, error);
   if (error) absolute = path;
-  std::string uri = "file://";
-  for (const unsigned char c : absolute.lexically_normal().string()) {
-    if (staysUnescaped(c)) {
-      uri += static_cast<char>(c);
-    } else {
-      uri += '%';
-      uri += kHex[c >> 4];
-      uri += kHex[c & 0xF];
-    }
-  }
-  return uri;
+  return "file://" + percentEscaped(absolute.lexically_normal().string());
 }
 
 std::string thumbnailName(std::string_view uri) {
