@@ -1,9 +1,11 @@
-// Files and folders by their bytes: telling them apart, copying, discarding, reading, and
+// Files and folders by their bytes: telling them apart, copying, reading, and
 // replacing a file whole, so that settings and the link list are never left half-written.
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
+#include <algorithm>
 #include <csignal>
+#include <thread>
 #include <tuple>
 
 #include "os/TestFiles.h"
@@ -33,8 +35,7 @@ struct FileSizeLimit {
   void (*old_handler)(int);
 };
 
-TEST_F(FileSystem, TellsFilesFromFoldersAndDiscardsFilesOnly) {
-  setEnv("XDG_DATA_HOME", Path("data"));
+TEST_F(FileSystem, TellsFilesFromFolders) {
   writeBytes(Path("a.jpg"), "x");
   std::filesystem::create_directory(Path("sub"));
   for (const auto& [path, file, folder] :  // a file, a folder
@@ -46,12 +47,6 @@ TEST_F(FileSystem, TellsFilesFromFoldersAndDiscardsFilesOnly) {
     EXPECT_EQ(os::FileExists(path), file) << path;
     EXPECT_EQ(os::FolderExists(path), folder) << path;
   }
-  EXPECT_TRUE(os::discardFile(Path("a.jpg")));
-  EXPECT_FALSE(std::filesystem::exists(Path("a.jpg")));
-  EXPECT_TRUE(std::filesystem::exists(Path("data/Trash/files/a.jpg")));
-  EXPECT_FALSE(os::discardFile(Path("a.jpg")));
-  EXPECT_FALSE(os::discardFile(Path("sub")));
-  EXPECT_TRUE(std::filesystem::is_directory(Path("sub")));
 }
 
 TEST_F(FileSystem, CopiesAndHonoursTheOverwriteFlag) {
@@ -115,9 +110,47 @@ TEST_F(FileSystem, AWriteFailingAtAnyStepLeavesTheOldFileWhole) {
     EXPECT_EQ(ReadBytes(Path("list0.txt")), before);
     EXPECT_EQ(folderEntries(folder()), std::vector<std::string>{"list0.txt"});
   }
-  EXPECT_TRUE(os::writeFileAtomically(Path("list0.txt"), after));
+  // Once renamed, the folder is flushed too, so that the rename survives a crash.
+  std::vector<os::WriteStep> reached;
+  EXPECT_TRUE(os::writeFileAtomically(Path("list0.txt"), after, [&](os::WriteStep s) {
+    reached.push_back(s);
+    return true;
+  }));
+  EXPECT_EQ(reached, (std::vector{os::WriteStep::Open, os::WriteStep::Write, os::WriteStep::Flush,
+                                  os::WriteStep::Rename, os::WriteStep::FlushFolder}));
   EXPECT_EQ(ReadBytes(Path("list0.txt")), after);
   EXPECT_EQ(folderEntries(folder()), std::vector<std::string>{"list0.txt"});
+}
+
+// A settings file or link list that is a symbolic link (to a synchronised folder, say) is
+// written through to its file; the link stays.
+TEST_F(FileSystem, ALinkedFileIsWrittenThroughItsLink) {
+  std::filesystem::create_directory(Path("real"));
+  writeBytes(Path("real/s.ini"), "[Settings]\nrows=4\n");
+  std::filesystem::create_symlink("real/s.ini", Path("s.ini"));
+  std::filesystem::create_symlink(Path("real/list0.txt"), Path("list0.txt"));  // to no file yet
+  EXPECT_TRUE(os::WritePrivateProfileString("Settings", "rows", "6", Path("s.ini")));
+  EXPECT_TRUE(os::writeFileAtomically(Path("list0.txt"), "A*%*/a*%*"));
+  EXPECT_TRUE(std::filesystem::is_symlink(Path("s.ini")));
+  EXPECT_TRUE(std::filesystem::is_symlink(Path("list0.txt")));
+  EXPECT_EQ(ReadBytes(Path("real/s.ini")), "[Settings]\nrows=6\n");
+  EXPECT_EQ(ReadBytes(Path("real/list0.txt")), "A*%*/a*%*");
+}
+
+// Two programs changing the settings at once: each change is made under the folder's lock on
+// what the other wrote, so none is lost.
+TEST_F(FileSystem, ChangesMadeAtOnceAllLand) {
+  constexpr int kEach = 150;
+  const auto writer = [&](char program) {
+    for (int i = 0; i < kEach; ++i)
+      EXPECT_TRUE(
+          os::WritePrivateProfileString("Settings", program + std::to_string(i), "1", Path("s.ini")));
+  };
+  std::thread first(writer, 'a'), second(writer, 'b');
+  first.join();
+  second.join();
+  const std::string text = ReadBytes(Path("s.ini"));
+  EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 1 + 2 * kEach);  // the section's line too
 }
 
 }  // namespace

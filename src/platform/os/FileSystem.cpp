@@ -1,12 +1,11 @@
 #include "platform/os/FileSystem.h"
 
 #include <fcntl.h>
+#include <limits.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <QDir>
-#include <QFile>
-#include <QStandardPaths>
 #include <algorithm>
 #include <atomic>
 #include <cerrno>
@@ -98,27 +97,6 @@ bool CopyFile(const std::string& from, const std::string& to, bool overwrite) {
   return in.eof() && out.flush() && out.commit();
 }
 
-namespace {
-// The user's own trash, made where it is missing: without it Qt may put a file into a trash
-// folder relative to the working folder.
-bool homeTrashStands() {
-  const QString trash =
-      QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/Trash";
-  return trash.startsWith('/') && QDir().mkpath(trash + "/files") && QDir().mkpath(trash + "/info");
-}
-}  // namespace
-
-bool discardFile(const std::string& path) {
-  if (!FileExists(path)) return false;
-  // Qt names files by text: a name that doesn't come back as the same bytes could name
-  // another file, so it is deleted by its bytes instead.
-  const QByteArray bytes = QByteArray::fromStdString(path);
-  const QString name = QFile::decodeName(bytes);
-  if (QFile::encodeName(name) == bytes && homeTrashStands() && QFile::moveToTrash(name))
-    return true;
-  return ::unlink(path.c_str()) == 0;
-}
-
 std::optional<std::vector<uint8_t>> readWholeFile(const std::string& path) {
   return readFileStart(path, SIZE_MAX);
 }
@@ -138,6 +116,52 @@ std::optional<std::vector<uint8_t>> readFileStart(const std::string& path, size_
 
 namespace {
 
+std::string folderOf(const std::string& path) {
+  const size_t slash = path.rfind('/');
+  return slash == std::string::npos ? "./" : path.substr(0, slash + 1);
+}
+
+// The file that `path` leads to through its symbolic links, or `path` itself.
+std::string linkTarget(std::string path) {
+  for (int hops = 0; hops < 40; ++hops) {
+    struct stat st {};
+    if (::lstat(path.c_str(), &st) != 0 || !S_ISLNK(st.st_mode)) return path;
+    std::string target(PATH_MAX, '\0');
+    const ssize_t n = ::readlink(path.c_str(), target.data(), target.size());
+    if (n <= 0) return path;
+    target.resize(static_cast<size_t>(n));
+    path = target[0] == '/' ? target : folderOf(path) + target;
+  }
+  return path;
+}
+
+// The lock of a folder, held while a file in it is read and replaced: a second program's writes
+// there wait for it.
+class FolderLock {
+ public:
+  explicit FolderLock(const std::string& folder)
+      : fd_(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+    while (fd_ >= 0 && ::flock(fd_, LOCK_EX) != 0 && errno == EINTR) {
+    }
+  }
+  ~FolderLock() {
+    if (fd_ >= 0) ::close(fd_);
+  }
+  FolderLock(const FolderLock&) = delete;
+  FolderLock& operator=(const FolderLock&) = delete;
+
+ private:
+  int fd_;
+};
+
+// So that the rename itself survives a crash.
+bool flushFolder(const std::string& folder) {
+  const int fd = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  const bool flushed = fd >= 0 && ::fsync(fd) == 0;
+  if (fd >= 0) ::close(fd);
+  return flushed;
+}
+
 bool replaceFile(const std::string& path, std::string_view bytes, const WriteFault& fault,
                  std::optional<mode_t> mode, bool durable) {
   auto proceed = [&](WriteStep step) { return !fault || fault(step); };
@@ -150,13 +174,25 @@ bool replaceFile(const std::string& path, std::string_view bytes, const WriteFau
   }
   if (!out.write(bytes.data(), bytes.size())) return false;
   if (!proceed(WriteStep::Flush) || (durable && !out.flush())) return false;
-  return proceed(WriteStep::Rename) && out.commit();
+  if (!proceed(WriteStep::Rename) || !out.commit()) return false;
+  return !durable || (proceed(WriteStep::FlushFolder) && flushFolder(folderOf(path)));
 }
 
 }  // namespace
 
 bool writeFileAtomically(const std::string& path, std::string_view bytes, const WriteFault& fault) {
-  return replaceFile(path, bytes, fault, std::nullopt, true);
+  const std::string target = linkTarget(path);
+  FolderLock lock(folderOf(target));
+  return replaceFile(target, bytes, fault, std::nullopt, true);
+}
+
+bool updateFileAtomically(const std::string& path, const FileChange& change) {
+  const std::string target = linkTarget(path);
+  FolderLock lock(folderOf(target));
+  std::optional<std::vector<uint8_t>> old;
+  if (FileExists(target) && !(old = readWholeFile(target))) return false;
+  const std::optional<std::string> bytes = change(old);
+  return !bytes || replaceFile(target, *bytes, {}, std::nullopt, true);
 }
 
 bool writePrivateFileAtomically(const std::string& path, std::string_view bytes) {

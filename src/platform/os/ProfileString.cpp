@@ -37,11 +37,11 @@ std::size_t GetPrivateProfileString(std::string_view section, std::string_view k
 
 bool WritePrivateProfileString(std::string_view section, std::string_view key,
                                std::string_view value, const std::string& file) {
-  std::optional<std::vector<uint8_t>> old;
-  if (FileExists(file) && !(old = readWholeFile(file))) return false;
-  ProfileDocument document(old ? asText(*old) : std::string_view());
-  document.setValue(section, key, value);
-  return writeFileAtomically(file, document.bytes());
+  return updateFileAtomically(file, [&](const std::optional<std::vector<uint8_t>>& old) {
+    ProfileDocument document(old ? asText(*old) : std::string_view());
+    document.setValue(section, key, value);
+    return std::optional<std::string>(document.bytes());
+  });
 }
 
 }  // namespace vellumry::os

@@ -21,9 +21,14 @@ std::optional<std::string_view> defaultSetting(std::string_view key) {
 
 bool createSettingsFileIfMissing(const std::string& path) {
   if (FileExists(path)) return true;
-  ProfileDocument document("");
-  for (const auto& [key, value] : kSettingDefaults) document.setValue(kSettingsSection, key, value);
-  return writeFileAtomically(path, document.bytes());
+  // Checked again under the lock: another program may have made it meanwhile.
+  return updateFileAtomically(path, [](const std::optional<std::vector<uint8_t>>& old) {
+    if (old) return std::optional<std::string>();
+    ProfileDocument document("");
+    for (const auto& [key, value] : kSettingDefaults)
+      document.setValue(kSettingsSection, key, value);
+    return std::optional<std::string>(document.bytes());
+  });
 }
 
 }  // namespace vellumry::os
