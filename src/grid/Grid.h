@@ -23,11 +23,11 @@ class Grid {
   static constexpr uint8_t kAskClosing = 1, kAskStartButton = 2, kAskLink = 6;
   static constexpr uint8_t kDeleteMarked = 10;
 
-  int16_t nLoad = 1, nSel = 0, nCount = 0, nClear = 0;
+  int32_t nLoad = 1, nSel = 0, nCount = 0, nClear = 0;
   std::string sExt;
-  int16_t nPerRow = 0, nRolled = 0;
+  int32_t nPerRow = 0, nRolled = 0;
   uint8_t nAfterClear = 0;
-  int16_t nPerPage = 0, nShownFirst = 0, nShownLast = 0;
+  int32_t nPerPage = 0, nShownFirst = 0, nShownLast = 0;
   bool bLoaded = false, bSwitching = false;
 
   // Folder listing and grid model (GridModel.cpp).
@@ -57,12 +57,12 @@ class Grid {
   void pMeasure();
   void pCentre();
   // Places Image1(i) after Image1(i - 1); true when a wrapped row doesn't fit the screen.
-  bool pPlaceCell(int16_t i);
+  bool pPlaceCell(int32_t i);
   void pRollRow();
 
   // Thumbnails (Thumbnails.cpp).
   void Timer1_Timer();
-  void pres(int16_t& i);
+  void pres(int32_t& i);
 
   // Scrolling and selection (Scrolling.cpp).
   void pSyncPage();

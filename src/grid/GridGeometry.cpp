@@ -34,7 +34,7 @@ void Grid::pSizeCell() {
 void Grid::pMeasure() {
   double S = form_.screenW(), T = form_.screenH();
   bool wrapped = false;
-  for (int16_t i = 1; i != form_.File2.ListCount() + 1; ++i) {
+  for (int32_t i = 1; i != form_.File2.ListCount() + 1; ++i) {
     tk::Image& cell = form_.Image1.Load(i);
     const tk::Image& before = form_.Image1(i - 1);
     cell.setTop(before.Top());
@@ -42,13 +42,13 @@ void Grid::pMeasure() {
     if (cell.Width() + cell.Left() <= S) continue;
     if (!wrapped) {
       wrapped = true;
-      nPerRow = static_cast<int16_t>(i - 1);
+      nPerRow = static_cast<int32_t>(i - 1);
     }
     cell.setLeft(cell.Width() + form_.Image1(0).Left());
     cell.setTop(cell.Height() + before.Top());
     if (cell.Height() + cell.Top() > T) {
-      nPerPage = static_cast<int16_t>(i - 1);
-      for (int16_t k = i; k >= 1; --k) form_.Image1.Unload(k);
+      nPerPage = static_cast<int32_t>(i - 1);
+      for (int32_t k = i; k >= 1; --k) form_.Image1.Unload(k);
       form_.File2.setListIndex(-1);
       return;
     }
@@ -62,7 +62,7 @@ void Grid::pCentre() {
   form_.Image1(0).setLeft((S - (k + w)) / 2);
 }
 
-bool Grid::pPlaceCell(int16_t i) {
+bool Grid::pPlaceCell(int32_t i) {
   tk::Image& cell = form_.Image1(i);
   const tk::Image& before = form_.Image1(i - 1);
   cell.setTop(before.Top());
@@ -74,11 +74,11 @@ bool Grid::pPlaceCell(int16_t i) {
 }
 
 void Grid::pRollRow() {
-  for (int16_t j = 1; j <= nPerRow; ++j) {
+  for (int32_t j = 1; j <= nPerRow; ++j) {
     resumeNext([&] { form_.Image1(j).setVisible(false); });
     resumeNext([&] { form_.Image123(j).setVisible(false); });
   }
-  nRolled = static_cast<int16_t>(nRolled + nPerRow);
+  nRolled = static_cast<int32_t>(nRolled + nPerRow);
   for (int j = nPerRow; j <= nPerPage + nRolled && j - 1 != form_.File2.ListCount(); ++j) {
     resumeNext([&] { form_.Image1(j).setTop(form_.Image1(j).Top() - form_.Image1(j).Height()); });
     resumeNext([&] {

@@ -10,7 +10,7 @@ namespace vellumry {
 using tk::resumeNext;
 
 namespace {
-int16_t captionNumber(const tk::Label& label) { return tk::CInt(tk::toNumber(label.Caption())); }
+int32_t captionNumber(const tk::Label& label) { return tk::CLng(tk::toNumber(label.Caption())); }
 }  // namespace
 
 void Grid::pSyncPage() {
@@ -32,8 +32,8 @@ void Grid::Label1_Change() {
       }
       pShowPage();
     }
-    nShownFirst = static_cast<int16_t>(a);
-    nShownLast = static_cast<int16_t>(b);
+    nShownFirst = static_cast<int32_t>(a);
+    nShownLast = static_cast<int32_t>(b);
   }
   form_.Label1.setVisible(form_.Label1.Caption() != "0");
 }
@@ -75,12 +75,12 @@ void Grid::pShowPage() {
                                form_.Image123(i).Height() / 2 + 100);
     });
     resumeNext([&] { form_.Image123(i).setVisible(true); });
-    nLoad = static_cast<int16_t>(nLoad + 1);
+    nLoad = static_cast<int32_t>(nLoad + 1);
   }
 }
 
 void Grid::pFrameSel() {
-  nSel = static_cast<int16_t>(form_.File2.ListIndex() + 1);
+  nSel = static_cast<int32_t>(form_.File2.ListIndex() + 1);
   const tk::Image& cell = form_.Image1(nSel);
   form_.Frame3(0).Move(cell.Left(), cell.Top(), cell.Width(), cell.Height());
   form_.Frame3(0).setVisible(true);

@@ -13,7 +13,7 @@ namespace vellumry {
 using tk::resumeNext;
 
 void Grid::Timer1_Timer() {
-  int16_t i = nLoad;
+  int32_t i = nLoad;
   resumeNext([&] { form_.Image1.Load(i); });
   resumeNext([&] { form_.Image1(i).setVisible(true); });
   resumeNext([&] {
@@ -30,14 +30,14 @@ void Grid::Timer1_Timer() {
     if (form_.File2.ListIndex() < form_.File2.ListCount() - 1)
       form_.File2.setListIndex(form_.File2.ListIndex() + 1);
   });
-  nLoad = static_cast<int16_t>(nLoad + 1);
+  nLoad = static_cast<int32_t>(nLoad + 1);
   if (nLoad == nCount + 1) {
     form_.Timer1.setInterval(0);
     resumeNext([&] { pFoldername(); });
   }
 }
 
-void Grid::pres(int16_t& i) {
+void Grid::pres(int32_t& i) {
   Program& p = program_;
   sExt = form_.File2.FileName();
   form_.Image1(i).setToolTipText(sExt);

@@ -18,7 +18,7 @@ class GridState {
  public:
   int32_t aPicW(int position) const { return aPicW_.at(static_cast<size_t>(position)); }
   int32_t aPicH(int position) const { return aPicH_.at(static_cast<size_t>(position)); }
-  int16_t nDeleted() const { return nDeleted_; }
+  int32_t nDeleted() const { return nDeleted_; }
   // False for a position beyond the table.
   bool marked(int position) const {
     return position >= 0 && static_cast<size_t>(position) < aDeleted_.size() &&
@@ -34,7 +34,7 @@ class GridState {
 
   std::vector<int32_t> aPicH_ = std::vector<int32_t>(1002);
   std::vector<int32_t> aPicW_ = std::vector<int32_t>(1002);
-  int16_t nDeleted_ = 0;
+  int32_t nDeleted_ = 0;
   std::vector<int16_t> aDeleted_ = std::vector<int16_t>(1001);
 };
 

@@ -48,7 +48,7 @@ void Form1::Form_KeyUp(int& KeyCode, int) {
 void Form1::Form_DblClick() { Unload(); }
 
 void Form1::Image1_Click(int Index) {
-  nSel = static_cast<int16_t>(Index);
+  nSel = static_cast<int32_t>(Index);
   File2.SetFocus();
   resumeNext([&] { File2.setListIndex(nSel - 1); });
   resumeNext([&] { pFrameSel(); });
@@ -58,7 +58,7 @@ void Form1::Image1_Click(int Index) {
 }
 
 void Form1::Image1_DblClick(int Index) {
-  nSel = static_cast<int16_t>(Index);
+  nSel = static_cast<int32_t>(Index);
   resumeNext([&] { File2.setListIndex(nSel - 1); });
   resumeNext([&] { pView(); });
 }

@@ -1,5 +1,6 @@
 // Marking files and deleting them after the question: what the cell shows, what the question
 // says, and what leaves the disk, tick by tick.
+#include <fstream>
 #include <map>
 #include <set>
 
@@ -94,12 +95,15 @@ TEST_F(MarksTest, EveryTickOfTheRunDeletesNothingButMarkedFiles) {
   host.queueAnswer(tk::mb::Yes);
   ASSERT_TRUE(tk::user::click(f.Image2));
   host.onShown = nullptr;
-  while (f.Timer2.Interval() != 0) {
-    wait(1);
-    for (const auto& [name, bytes] : before)
-      EXPECT_TRUE(marked.contains(name) || os::readWholeFile((pictures / name).string()) == bytes)
-          << name;
-  }
+  waitUntil(
+      [&] {
+        for (const auto& [name, bytes] : before)
+          EXPECT_TRUE(marked.contains(name) ||
+                      os::readWholeFile((pictures / name).string()) == bytes)
+              << name;
+        return f.Timer2.Interval() == 0;
+      },
+      1);
   EXPECT_EQ(disk().size(), 5u);
   EXPECT_EQ(f.File2.ListCount(), 4);  // the list was read again: the program stays
   EXPECT_TRUE(fs::exists(root / "data/Trash/files/p2.png"));
@@ -122,9 +126,30 @@ TEST_F(MarksTest, PositionsBeyondAThousandLoadMarkAndDelete) {
   host.queueAnswer(tk::mb::Yes);
   ASSERT_TRUE(tk::user::click(f.Image2));
   EXPECT_TRUE(host.shown.back().ends_with("previous  picture. file ?\" -> 6"));
-  while (f.Timer2.Interval() != 0) wait(1);
+  waitUntil([&] { return f.Timer2.Interval() == 0; }, 1);
   EXPECT_EQ(disk().size(), 2499u);
   EXPECT_FALSE(fs::exists(pictures / name(2400)));
+}
+
+// A folder of more files than a 16-bit count holds: it lists, the last position marks, and the
+// mark's file goes after Yes.
+TEST_F(MarksTest, AFolderOf40000FilesListsMarksItsLastAndDeletesIt) {
+  constexpr int kFiles = 40000;
+  for (int i = 1; i <= kFiles; ++i)
+    std::ofstream(pictures / ("f" + std::to_string(100000 + i) + ".jpg")) << "x";
+  start();
+  Form1& f = form1();
+  waitUntil([&] { return f.nCount != 0; });
+  EXPECT_EQ(f.nCount, kFiles);
+  f.VScroll1.setValue(f.VScroll1.Max());  // to the end
+  waitUntil([&] { return f.Image1.exists(kFiles) && f.Image1(kFiles).Visible(); });
+  toggle(kFiles);
+  EXPECT_EQ(program->grid.nDeleted(), 1);
+  host.queueAnswer(tk::mb::Yes);
+  ASSERT_TRUE(tk::user::click(f.Image2));
+  waitUntil([&] { return f.Timer2.Interval() == 0; }, 1);
+  EXPECT_FALSE(fs::exists(pictures / ("f" + std::to_string(100000 + kFiles) + ".jpg")));
+  EXPECT_TRUE(fs::exists(pictures / ("f" + std::to_string(100000 + kFiles - 1) + ".jpg")));
 }
 
 }  // namespace

@@ -6,12 +6,6 @@
 
 namespace vellumry::tk {
 
-namespace {
-void checkRange(int v, const std::string& what) {
-  if (v < -32768 || v > 32767) raise(err::InvalidProperty, what);
-}
-}  // namespace
-
 void ScrollBar::clampValue() {
   int lo = std::min(min_, max_), hi = std::max(min_, max_);
   if (value_ < lo) setValue(lo);
@@ -19,13 +13,11 @@ void ScrollBar::clampValue() {
 }
 
 void ScrollBar::setMin(int v) {
-  checkRange(v, qualified(prop::Min));
   if (!assign(min_, v, prop::Min)) return;
   clampValue();
 }
 
 void ScrollBar::setMax(int v) {
-  checkRange(v, qualified(prop::Max));
   if (!assign(max_, v, prop::Max)) return;
   clampValue();
 }
