@@ -11,8 +11,9 @@ export LSAN_OPTIONS=suppressions=$PWD/scripts/lsan.supp
 export UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1
 
 bash scripts/build.sh build
-(cd build && ctest --output-on-failure -j "$(nproc)")
+# Every test ends: a unit test within 300 s (set where it is declared), any other within 1500.
+(cd build && ctest --output-on-failure --timeout 1500 -j "$(nproc)")
 bash scripts/screen-test.sh build
 
 bash scripts/build.sh build-asan -DVELLUMRY_SANITIZE=ON -DVELLUMRY_BENCH=OFF
-(cd build-asan && ctest --output-on-failure -j "$(nproc)")
+(cd build-asan && ctest --output-on-failure --timeout 1500 -j "$(nproc)")

@@ -70,12 +70,24 @@ class ProgramFixture : public ::testing::Test {
     return *program;
   }
   void wait(int ms) { program->runtime.loop().advance(ms); }
+  // Advances the clock by `step` until `done`, for at most `limitMs` of it: a wait that runs
+  // out fails the test instead of hanging it.
+  template <class Done>
+  void waitUntil(Done done, int step = 12, int limitMs = 600000) {
+    for (int waited = 0; !done(); waited += step) {
+      if (waited >= limitMs) {
+        ADD_FAILURE() << "still waiting after " << limitMs << " ms of the clock";
+        return;
+      }
+      wait(step);
+    }
+  }
   vellumry::Form1& form1() { return program->Form1(); }
   // Starts and lets the grid load to its end.
   vellumry::Form1& loaded(int w = 1024, int h = 768) {
     start(w, h);
     wait(500);
-    while (program->Form1().Timer1.Interval() != 0) wait(12);
+    waitUntil([&] { return program->Form1().Timer1.Interval() == 0; });
     return form1();
   }
 

@@ -196,10 +196,15 @@ Driver::Driver(std::ostream& out) : out_(out) {
   host_.onShown = [this](const std::string& line) { print(line); };
   auto temp = std::filesystem::temp_directory_path() / "vellumry-drive-XXXXXX";
   std::string dir = temp.string();
-  if (mkdtemp(dir.data())) places_ = {dir, dir, dir};
+  if (mkdtemp(dir.data())) ownFolder_ = dir;
+  places_ = {ownFolder_, ownFolder_, ownFolder_};
 }
 
-Driver::~Driver() = default;
+Driver::~Driver() {
+  program_.reset();
+  std::error_code error;
+  if (!ownFolder_.empty()) std::filesystem::remove_all(ownFolder_, error);
+}
 
 void Driver::print(const std::string& line) { out_ << "> " << line << "\n"; }
 

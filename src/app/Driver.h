@@ -62,6 +62,8 @@ class Driver {
   std::ostream& out_;
   tk::HeadlessHost host_;
   tk::Screen screen_ = tk::Screen::ofPixels(1024, 768);
+  // The folder made for a script that names no home, removed with the driver.
+  std::string ownFolder_;
   Places places_;
   std::unique_ptr<Program> program_;
   std::string currentLine_;

@@ -7,6 +7,7 @@
 #include <set>
 #include <sstream>
 
+#include "Corpus.h"
 #include "ProgramFixture.h"
 #include "app/Driver.h"
 #include "app/LiveScreen.h"
@@ -114,7 +115,7 @@ TEST_P(DriverScriptTest, EveryKindOfPictureOfTheEngine) {
 
 TEST_P(DriverScriptTest, PhotosOnTheirSideStandUpright) {
   const std::filesystem::path images = "../shared/corpus/pillow/Tests/images";
-  if (!std::filesystem::exists(images / "g4_orientation_6.tif")) GTEST_SKIP() << "no corpus";
+  NEED_CORPUS(std::filesystem::exists(images / "g4_orientation_6.tif"), images);
   std::filesystem::copy_file(images / "g4_orientation_6.tif", pictures / "a.tif");
   std::filesystem::copy_file(images / "orientation_rectangle.jpg", pictures / "b.jpg");
   expectScript("upright", 0);
@@ -194,6 +195,23 @@ TEST_F(DriverTest, ActionsOnWhatBlocksAndEnds) {
             std::string::npos);
   EXPECT_NE(text.find("{\"form\":\"Form0\",\"properties\":{\"Name\":\"Form0\""), std::string::npos);
   EXPECT_NE(text.find("}}\n> end\n> error 8: "), std::string::npos);  // no form after the end
+}
+
+// A script that names no home runs in a folder of the driver's own, gone with the driver.
+TEST_F(DriverTest, AFolderOfItsOwnGoesWithTheDriver) {
+  const char* old = std::getenv("TMPDIR");
+  const std::string saved = old ? old : "";
+  ::setenv("TMPDIR", (root / "data").c_str(), 1);
+  std::filesystem::create_directories(root / "data");
+  {
+    std::istringstream in("pictures " + pictures.string() + "\nstart\nanswer 7\nwait 500\n");
+    std::ostringstream out;
+    vellumry::Driver driver(out);
+    driver.run(in);
+    EXPECT_FALSE(std::filesystem::is_empty(root / "data"));  // the settings file, for one
+  }
+  old ? ::setenv("TMPDIR", saved.c_str(), 1) : ::unsetenv("TMPDIR");
+  EXPECT_TRUE(std::filesystem::is_empty(root / "data"));
 }
 
 // Ten files, three marked and one mark taken back. Closed with Yes, the two marked files go to

@@ -48,7 +48,7 @@ TEST_P(FuzzInputs, KeptFindingsAndCorpusFilesRunCleanly) {
       if (hasExtension(path, target.extensions)) files.push_back(path);
     }
   }
-  if (files.empty()) GTEST_SKIP() << "no kept findings and no corpus for " << target.name;
+  NEED_CORPUS(!files.empty(), "no kept findings and no corpus for " + std::string(target.name));
   for (const auto& path : files) {
     const std::vector<uint8_t> bytes = ReadFile(path);
     EXPECT_EQ(target.body(bytes.data(), bytes.size()), 0) << path;

@@ -190,7 +190,7 @@ TEST(MetafileTest, RecordsDrawWhereTheDeviceContextSays) {
 TEST(MetafileTest, CorpusFilesDraw) {
   int drawn = 0, refused = 0;
   for (const char* suite : {"libwmf", "libemf2svg", "apache-poi"}) {
-    if (!std::filesystem::is_directory(corpus(suite))) GTEST_SKIP() << "no corpus";
+    NEED_CORPUS(std::filesystem::is_directory(corpus(suite)), suite);
     for (const auto& path : filesBelow(corpus(suite))) {
       const auto ext = path.extension();
       if (ext != ".wmf" && ext != ".emf") continue;
@@ -264,7 +264,7 @@ TEST(MetafileTest, DrawingsResembleTheirReferenceRenderings) {
     const std::string metafile =
         std::string(name) +
         (std::string(name).find("/wmf/") != std::string::npos ? ".wmf" : ".emf");
-    if (!reference) GTEST_SKIP() << "no corpus";
+    NEED_CORPUS(reference, name);
     const gdi::Size size = reference->surface.dimensions();
     const auto drawn = decode(ReadFile(corpus(metafile)), size.width, size.height);
     ASSERT_TRUE(drawn) << metafile;

@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "Corpus.h"
 #include "platform/codecs/Codecs.h"
 #include "platform/gdi/LockBits.h"
 
@@ -79,7 +80,6 @@ inline std::map<std::string, std::string> bmpSuiteReferences(const std::string& 
   return references;
 }
 
-#define SKIP_WITHOUT(path) \
-  if (!std::filesystem::exists(path)) GTEST_SKIP() << "corpus not present: " << (path)
+#define SKIP_WITHOUT(path) NEED_CORPUS(std::filesystem::exists(path), path)
 
 }  // namespace vellumry::codecs::testing

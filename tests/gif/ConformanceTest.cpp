@@ -10,6 +10,7 @@
 #include <map>
 #include <sstream>
 
+#include "Corpus.h"
 #include "gif/PlayerHost.h"
 
 namespace vellumry {
@@ -163,7 +164,7 @@ std::string mismatch(Program& program, const std::string& name) {
 }
 
 TEST_F(GifConformance, EveryCaseMatchesButThoseThatDifferByDesign) {
-  if (!std::filesystem::exists(kSuite / "TESTS")) GTEST_SKIP() << "no corpus";
+  NEED_CORPUS(std::filesystem::exists(kSuite / "TESTS"), kSuite);
   std::istringstream names(readText(kSuite / "TESTS"));
   int total = 0, matched = 0;
   for (std::string name; std::getline(names, name);) {
@@ -200,7 +201,7 @@ std::vector<int> framesLike(const Composited& gif, const std::filesystem::path& 
 
 TEST_F(GifConformance, DisposalAndTransparencyFilesMatchTheirReferences) {
   const std::filesystem::path data = kCorpus / "pillow/Tests/images";
-  if (!std::filesystem::exists(data / "dispose_none_load_end.gif")) GTEST_SKIP() << "no corpus";
+  NEED_CORPUS(std::filesystem::exists(data / "dispose_none_load_end.gif"), data);
   struct Row {
     const char *gif, *png;
     std::vector<int> frames;  // the frames the reference shows
@@ -221,7 +222,7 @@ TEST_F(GifConformance, DisposalAndTransparencyFilesMatchTheirReferences) {
 
 TEST_F(GifConformance, FourFramesOfRedAndBlueMatchTheirCompositedReferences) {
   const std::filesystem::path data = kCorpus / "wuffs/test/data";
-  if (!std::filesystem::exists(data / "animated-red-blue.gif")) GTEST_SKIP() << "no corpus";
+  NEED_CORPUS(std::filesystem::exists(data / "animated-red-blue.gif"), data);
   const Composited gif = composite(program, data / "animated-red-blue.gif", 64, 48, 0xFF000000u);
   ASSERT_EQ(gif.count, 4);
   EXPECT_EQ(gif.loops, 2);

@@ -30,11 +30,11 @@ class GridFixture : public ProgramFixture {
       ADD_FAILURE() << "uncaught error " << e.Number << ": " << e.Description;
     };
     vellumry::Main(*program);
-    while (form1().File2.ListCount() == 0) wait(12);
+    waitUntil([&] { return form1().File2.ListCount() != 0; });
     return form1();
   }
   vellumry::Form1& toTheEnd() {
-    while (form1().Timer1.Interval() != 0 || !form1().bLoaded) wait(12);
+    waitUntil([&] { return form1().Timer1.Interval() == 0 && form1().bLoaded; });
     return form1();
   }
   int position(const std::string& name) {

@@ -18,13 +18,16 @@ namespace {
 template <class W, class F>
 void whenShown(F act) {
   auto* poll = new QTimer;
-  QObject::connect(poll, &QTimer::timeout, [poll, act] {
+  QObject::connect(poll, &QTimer::timeout, [poll, act, polls = 0]() mutable {
     W* w = qobject_cast<W*>(QApplication::activeModalWidget());
     if (!w) w = qobject_cast<W*>(QApplication::activePopupWidget());
-    if (!w) return;
+    if (!w && ++polls < 2000) return;
     poll->stop();
     poll->deleteLater();
-    act(w);
+    if (w) return act(w);
+    // Ten seconds without it: whatever stands is closed, so that the test fails and ends.
+    ADD_FAILURE() << "the dialog never came up";
+    for (QWidget* shown : QApplication::topLevelWidgets()) shown->close();
   });
   poll->start(5);
 }
