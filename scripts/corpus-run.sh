@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # corpus-run.sh [BUILD_DIR]: opens every folder of ../shared/corpus in turn with the driver of
 # BUILD_DIR (default build-asan), as a user would, and counts per suite the files the grid shows
-# (it placed them with a size) and refuses (they cost their cell). Fails when the program dies,
-# a sanitizer reports, or a folder doesn't load every position.
+# (it placed them with a size) and refuses (they cost their cell); then walks the viewer over
+# every picture of the folder, zooming into each and letting GIFs play. Fails when the program
+# dies, a sanitizer reports, a folder doesn't load every position, or the walk meets an error.
 set -uo pipefail
 cd "$(dirname "$0")/.."
 drive=${1:-build-asan}/src/app/vellumry-drive
@@ -48,6 +49,25 @@ get Form1.nCount"
     folders=$((folders + 1)) files=$((files + positions))
     if [ "$loaded" != true ]; then
       echo "not loaded: $folder" >&2
+      failed=$((failed + 1)) failures=$((failures + 1))
+    fi
+    # The viewer over every picture of the folder: a zoom on each, and GIFs playing a while.
+    walk="screen 1920 1080
+home \"$home\"
+pictures \"$folder\"
+start
+wait $((2000 + 40 * count))
+select Form1.File2 0
+dblclick Form1.File2
+wait 300"
+    for ((i = 1; i <= positions; i++)); do
+      walk+=$'\n'"key Form2 38"$'\n'"wait 100"$'\n'"key Form2 39"$'\n'"wait 300"
+    done
+    walk+=$'\n'"key Form2 27"
+    if ! out=$(printf '%s\n' "$walk" | "$drive" 2>"$home/stderr"); then
+      echo "the viewer failed in $folder:" >&2
+      grep '^> \(error\|uncaught\)' <<<"$out" | head -3 >&2
+      tail -5 "$home/stderr" >&2
       failed=$((failed + 1)) failures=$((failures + 1))
     fi
     for ((i = 2; i < 2 + positions; i++)); do

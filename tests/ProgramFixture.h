@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -25,9 +26,11 @@
 class ProgramFixture : public ::testing::Test {
  protected:
   void SetUp() override {
+    // A parameterised test's name holds a slash: one folder all the same, gone at the end.
+    std::string name = ::testing::UnitTest::GetInstance()->current_test_info()->name();
+    std::ranges::replace(name, '/', '-');
     root = std::filesystem::temp_directory_path() /
-           ("vellumry-test-" + std::to_string(::getpid()) + "-" +
-            ::testing::UnitTest::GetInstance()->current_test_info()->name());
+           ("vellumry-test-" + std::to_string(::getpid()) + "-" + name);
     std::filesystem::remove_all(root);
     home = root / "home";
     pictures = root / "pictures";

@@ -29,6 +29,11 @@ std::string pathLine(const std::string& info) {
 class Trash : public TempFolderTest {
  protected:
   void SetUp() override { setEnv("XDG_DATA_HOME", Path("data")); }
+  // By bytes: the temporary folder alone can't remove a name that isn't UTF-8.
+  ~Trash() override {
+    std::error_code error;
+    fs::remove_all(folder(), error);
+  }
 };
 
 TEST_F(Trash, OnTheHomeDeviceFilesGoToTheHomeTrashByTheirBytesEachUnderANameOfItsOwn) {
