@@ -1,7 +1,7 @@
 #pragma once
 
-// The bodies of the fuzz targets, one per decoder entry point and one each for the link list and
-// the settings file. libFuzzer reaches each through FuzzEntry.cpp; the tests run them over the kept
+// The bodies of the fuzz targets, one per decoder entry point, one each for the link list and the
+// settings file, and one for a file taken through the program's loaders as a whole. libFuzzer reaches each through FuzzEntry.cpp; the tests run them over the kept
 // findings and the corpus. They take any bytes, borrowed for the call, and return 0 (libFuzzer's
 // "keep this input"); a fault shows as a crash or a sanitizer report.
 
@@ -27,5 +27,6 @@ int fuzzGifFile(const uint8_t* data, size_t size);
 int fuzzGifStrip(const uint8_t* data, size_t size);
 int fuzzExif(const uint8_t* data, size_t size);
 int fuzzPngText(const uint8_t* data, size_t size);
+int fuzzPicture(const uint8_t* data, size_t size);
 
 }  // namespace vellumry::fuzz

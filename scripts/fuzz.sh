@@ -9,12 +9,12 @@ cd "$(dirname "$0")/.."
 seconds=${1:-600}
 shift || true
 targets=("$@")
-[ ${#targets[@]} -gt 0 ] || targets=(probe jpeg png tiff gif bmp ico dib icondata linklist settings giffile gifstrip wmf emf exif pngtext)
+[ ${#targets[@]} -gt 0 ] || targets=(probe jpeg png tiff gif bmp ico dib icondata linklist settings giffile gifstrip wmf emf exif pngtext picture)
 
 # The corpus files each target starts from, by extension; probe takes every format.
 extensions() {
   case $1 in
-    probe) echo jpg jpeg png tif tiff gif bmp dib ico cur emf wmf ;;
+    probe | picture) echo jpg jpeg png tif tiff gif bmp dib ico cur emf wmf ;;
     jpeg) echo jpg jpeg ;;
     png | pngtext) echo png ;;
     tiff | exif) echo tif tiff ;;
@@ -25,7 +25,7 @@ extensions() {
     emf) echo emf ;;
     linklist) echo txt ;;
     settings) echo ini txt ;;
-    *) echo "unknown target: $1 (probe jpeg png tiff gif bmp ico dib icondata linklist settings giffile gifstrip wmf emf exif pngtext)" >&2 && exit 2 ;;
+    *) echo "unknown target: $1 (probe jpeg png tiff gif bmp ico dib icondata linklist settings giffile gifstrip wmf emf exif pngtext picture)" >&2 && exit 2 ;;
   esac
 }
 for target in "${targets[@]}"; do extensions "$target" >/dev/null; done

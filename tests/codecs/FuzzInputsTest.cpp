@@ -55,13 +55,13 @@ TEST_P(FuzzInputs, KeptFindingsAndCorpusFilesRunCleanly) {
   }
 }
 
+const std::vector<std::string> kPictureExtensions = {"jpg", "jpeg", "png", "tif", "tiff", "gif",
+                                                     "bmp", "dib", "ico",  "cur", "emf", "wmf"};
+
 INSTANTIATE_TEST_SUITE_P(
     Targets, FuzzInputs,
     ::testing::Values(
-        Target{
-            "probe",
-            fuzz::fuzzProbe,
-            {"jpg", "jpeg", "png", "tif", "tiff", "gif", "bmp", "dib", "ico", "cur", "emf", "wmf"}},
+        Target{"probe", fuzz::fuzzProbe, kPictureExtensions},
         Target{"jpeg", fuzz::fuzzJpeg, {"jpg", "jpeg"}}, Target{"png", fuzz::fuzzPng, {"png"}},
         Target{"tiff", fuzz::fuzzTiff, {"tif", "tiff"}}, Target{"gif", fuzz::fuzzGif, {"gif"}},
         Target{"bmp", fuzz::fuzzBmp, {"bmp", "dib"}}, Target{"ico", fuzz::fuzzIco, {"ico", "cur"}},
@@ -72,7 +72,9 @@ INSTANTIATE_TEST_SUITE_P(
         Target{"giffile", fuzz::fuzzGifFile, {"gif"}},
         Target{"gifstrip", fuzz::fuzzGifStrip, {"gif"}}, Target{"wmf", fuzz::fuzzWmf, {"wmf"}},
         Target{"emf", fuzz::fuzzEmf, {"emf"}}, Target{"exif", fuzz::fuzzExif, {"tif", "tiff"}},
-        Target{"pngtext", fuzz::fuzzPngText, {"png"}}),
+        Target{"pngtext", fuzz::fuzzPngText, {"png"}},
+        // Its seeds only: the picture tests take the corpus through the same loaders.
+        Target{"picture", fuzz::fuzzPicture, {}}),
     [](const auto& info) { return std::string(info.param.name); });
 
 // What each kept finding gives once fixed; nullopt: it reads.
