@@ -19,7 +19,7 @@ class IGifRender {
   virtual void GetRenderDC(int32_t ViewerID, int32_t FrameIndex, gdi::Surface*& destDC,
                            RefreshWindow& hwndRefresh, bool& PostNotify) = 0;
   // Message 0: frame drawn, MsgValue the surface drawn on; 1: load progress in percent; 2:
-  // animation over, MsgValue the loops. Wide enough for a surface's address, as a handle was.
+  // animation over, MsgValue the loops. Wide enough for a surface's address.
   virtual void Rendered(int32_t ViewerID, int32_t FrameIndex, int32_t Message,
                         intptr_t MsgValue) = 0;
 };

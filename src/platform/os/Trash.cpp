@@ -94,13 +94,13 @@ std::string volumeTopOf(std::string folder, dev_t device) {
   return folder;
 }
 
-std::string infoText(const std::string& original) {
+std::string infoText(const std::string& stoodAt) {
   char date[32];
   const std::time_t now = std::time(nullptr);
   std::tm local{};
   ::localtime_r(&now, &local);
   std::strftime(date, sizeof date, "%Y-%m-%dT%H:%M:%S", &local);
-  return "[Trash Info]\nPath=" + percentEscaped(original) + "\nDeletionDate=" + date + "\n";
+  return "[Trash Info]\nPath=" + percentEscaped(stoodAt) + "\nDeletionDate=" + date + "\n";
 }
 
 // "a.jpg", then "a.2.jpg", "a.3.jpg" ...
@@ -116,7 +116,7 @@ std::string entryName(const std::string& name, int n) {
 template <class Move>
 bool putInto(const TrashFolder& trash, const std::string& folder, const std::string& name,
              Move move) {
-  // The original place: absolute in the home trash, from the volume's top in a volume's.
+  // Where the file stood: absolute in the home trash, from the volume's top in a volume's.
   const std::string absolute = (folder == "/" ? "" : folder) + "/" + name;
   const size_t top = trash.volumeTop.empty() ? 0
                      : trash.volumeTop == "/" ? 1

@@ -1,6 +1,6 @@
 #pragma once
-// The desktop's trash, as the freedesktop trash specification lays it out, so that the file
-// manager can list and restore what the program discards.
+// The desktop's trash, in the freedesktop layout, so that the file manager can list and restore
+// what the program discards.
 
 #include <string>
 
